@@ -1,0 +1,37 @@
+#pragma once
+
+#include <compare>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace pgbp {
+
+/// A calendar day with its time, as the tables hold it.
+struct DateTime {
+    int year = 0;
+    int month = 0;
+    int day = 0;
+    int hour = 0;
+    int minute = 0;
+    int second = 0;
+
+    auto operator<=>(const DateTime&) const = default;
+};
+
+/// "2024-03-31 14:05:00"; sorts as the time does.
+std::string IsoText(const DateTime& date);
+
+/// The moment of an ISO text with or without its time; nothing for any other text.
+std::optional<DateTime> FromIsoText(std::string_view text);
+
+/// "dd-MM-yyyy".
+std::string DayText(const DateTime& date);
+
+/// "dddd MMM, d yyyy   H:MM AMPM", for example "Sunday Mar, 31 2024   2:05 PM".
+std::string StampText(const DateTime& date);
+
+/// The moment on this computer's clock, local time.
+DateTime Now();
+
+} // namespace pgbp

@@ -1,0 +1,168 @@
+#include "services/format.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+#include <cmath>
+#include <cstring>
+#include <limits>
+#include <stdexcept>
+
+namespace pgbp {
+namespace {
+
+constexpr int kSignificantDigits = 15;
+constexpr std::string_view kTwoPlaces = "###0.00";
+
+bool IsDigit(char c) { return c >= '0' && c <= '9'; }
+
+/// A finite, positive double as its 15 significant decimal digits and the number of them before the point.
+struct Decimal {
+    std::array<char, kSignificantDigits + 1> digits; // one spare in front for the carry
+    int wholeDigits;
+};
+
+Decimal ToDecimal(double positive)
+{
+    std::array<char, 32> text;
+    const auto end =
+        std::to_chars(text.data(), text.data() + text.size(), positive, std::chars_format::scientific, kSignificantDigits - 1)
+            .ptr;
+    Decimal decimal;
+    decimal.digits[0] = '0';
+    decimal.digits[1] = text[0];
+    std::memcpy(&decimal.digits[2], &text[2], kSignificantDigits - 1);
+    const char* exponent = &text[kSignificantDigits + 2];
+    int value = 0;
+    std::from_chars(exponent + (*exponent == '+'), end, value);
+    decimal.wholeDigits = value + 1;
+    return decimal;
+}
+
+/// Adds one unit to the last of the first `kept` digits; the spare digit takes the carry.
+void RoundUp(Decimal& decimal, int kept)
+{
+    int at = kept;
+    while (decimal.digits[at] == '9')
+        decimal.digits[at--] = '0';
+    ++decimal.digits[at];
+}
+
+std::string FormatPlaces(double amount, int places)
+{
+    if (!std::isfinite(amount))
+        throw std::overflow_error("Overflow: the amount is too large to be shown.");
+    const double positive = std::fabs(amount);
+    Decimal decimal = ToDecimal(positive);
+    const int kept = std::clamp(decimal.wholeDigits + places, -1, kSignificantDigits);
+    if (kept >= 0 && kept < kSignificantDigits && decimal.digits[kept + 1] >= '5')
+        RoundUp(decimal, kept);
+
+    const int whole = std::max(decimal.wholeDigits, 0);
+    const auto digitAt = [&](int position) { // 0 is the spare digit in front
+        return position >= 0 && position <= kept ? decimal.digits[position] : '0';
+    };
+    std::string text;
+    text.reserve(whole + places + 3);
+    text += '-';
+    const int first = decimal.wholeDigits - whole; // digits before this one stand behind the point
+    if (whole == 0 || decimal.digits[0] != '0')
+        text += whole == 0 && first != 0 ? '0' : digitAt(0);
+    for (int i = 1; i <= whole; ++i)
+        text += digitAt(i);
+    if (places > 0)
+        text += '.';
+    for (int i = 1; i <= places; ++i)
+        text += digitAt(decimal.wholeDigits + i);
+    const bool negative = amount < 0 && text.find_first_of("123456789") != std::string::npos;
+    if (!negative)
+        text.erase(0, 1);
+    return text;
+}
+
+int PlacesOf(std::string_view picture)
+{
+    const auto point = picture.find('.');
+    return point == std::string_view::npos ? 0 : static_cast<int>(picture.size() - point - 1);
+}
+
+} // namespace
+
+double Val(std::string_view text)
+{
+    std::string blankless;
+    if (text.find(' ') != std::string_view::npos) {
+        std::remove_copy(text.begin(), text.end(), std::back_inserter(blankless), ' ');
+        text = blankless;
+    }
+    if (!text.empty() && text.front() == '+')
+        text.remove_prefix(1);
+    const std::size_t digits = !text.empty() && text.front() == '-' ? 1 : 0;
+    if (text.size() == digits || (!IsDigit(text[digits]) && text[digits] != '.'))
+        return 0;
+    double value = 0;
+    const auto result = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
+    if (result.ec == std::errc::result_out_of_range)
+        return digits == 1 ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
+    return result.ec == std::errc() ? value : 0;
+}
+
+std::string Format(double amount, std::string_view picture) { return FormatPlaces(amount, PlacesOf(picture)); }
+
+std::string Amount(double rupees) { return FormatPlaces(rupees, 2); }
+
+std::string Rupees(double rupees) { return FormatPlaces(rupees, 0); }
+
+double RoundOff(double amount, int places)
+{
+    if (Val(Format(amount, kTwoPlaces)) == 0)
+        return amount;
+    const bool negative = amount < 0;
+    const std::string text = Format(std::fabs(amount), kTwoPlaces);
+    const auto point = text.find('.');
+    const std::string paise = text.substr(point + 1);
+    double rounded = Val(text.substr(0, point));
+    if (places <= 0) {
+        rounded += Val(paise) > 49 ? 1 : 0;
+    } else {
+        const auto kept = std::min<std::size_t>(places, paise.size());
+        const std::string rest = paise.substr(kept);
+        // 4, 49, 499 ...: anything above takes the last kept place up
+        const double below = rest.empty() ? 0 : 5 * std::pow(10, rest.size() - 1) - 1;
+        const double unit = std::pow(10, kept);
+        const double keptPaise = Val(paise.substr(0, kept)) + (!rest.empty() && Val(rest) > below ? 1 : 0);
+        rounded = (rounded * unit + keptPaise) / unit;
+    }
+    return negative ? -rounded : rounded;
+}
+
+double ParseAmount(std::string_view text)
+{
+    std::string digits;
+    std::remove_copy(text.begin(), text.end(), std::back_inserter(digits), ',');
+    return Val(digits);
+}
+
+std::string FormatAmountIndian(std::string_view amount, int flag)
+{
+    if (flag != kIndianGrouping)
+        return std::string(amount);
+    const std::size_t sign = !amount.empty() && amount.front() == '-' ? 1 : 0;
+    const std::size_t point = std::min(amount.find('.'), amount.size());
+    const auto whole = amount.substr(sign, point - sign);
+    const auto places = amount.substr(std::min(point + 1, amount.size()));
+    if (whole.empty() || !std::all_of(whole.begin(), whole.end(), IsDigit) ||
+        !std::all_of(places.begin(), places.end(), IsDigit))
+        return std::string(amount);
+
+    std::string text(amount.substr(0, sign));
+    for (std::size_t i = 0; i < whole.size(); ++i) {
+        const std::size_t behind = whole.size() - i; // digits from here to the point
+        if (i > 0 && behind >= 3 && behind % 2 == 1)
+            text += ',';
+        text += whole[i];
+    }
+    return text.append(amount.substr(point));
+}
+
+} // namespace pgbp

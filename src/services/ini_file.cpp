@@ -1,0 +1,196 @@
+#include "services/ini_file.h"
+
+#include "services/text.h"
+
+#include <fstream>
+#include <functional>
+#include <optional>
+#include <sstream>
+#include <stdexcept>
+#include <system_error>
+
+namespace pgbp {
+namespace {
+
+constexpr std::size_t kBuffer = 4096; // one byte of it ends the text
+
+std::string ReadAll(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::ostringstream text;
+    text << file.rdbuf();
+    return text.str();
+}
+
+/// The lines of a file with their line ends, so that joining them gives the file back byte by byte.
+std::vector<std::string> Lines(const std::string& text)
+{
+    std::vector<std::string> lines;
+    for (std::size_t at = 0; at < text.size();) {
+        const auto end = text.find('\n', at);
+        const auto next = end == std::string::npos ? text.size() : end + 1;
+        lines.push_back(text.substr(at, next - at));
+        at = next;
+    }
+    return lines;
+}
+
+std::optional<std::string> SectionName(const std::string& line)
+{
+    const std::string trimmed = Trim(line);
+    const auto end = trimmed.find(']');
+    if (trimmed.empty() || trimmed.front() != '[' || end == std::string::npos)
+        return std::nullopt;
+    return Trim(trimmed.substr(1, end - 1));
+}
+
+struct Entry {
+    std::string key;
+    std::string value;
+};
+
+std::optional<Entry> EntryOf(const std::string& line)
+{
+    const auto equals = line.find('=');
+    if (equals == std::string::npos || Trim(line).front() == ';')
+        return std::nullopt;
+    std::string value = Trim(line.substr(equals + 1));
+    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.front() == value.back())
+        value = value.substr(1, value.size() - 2);
+    return Entry{Trim(line.substr(0, equals)), value};
+}
+
+/// First and one-behind-last line of the section's body; nothing when the section is missing.
+std::optional<std::pair<std::size_t, std::size_t>> SectionBody(const std::vector<std::string>& lines,
+                                                               std::string_view section)
+{
+    std::size_t first = 0;
+    while (first < lines.size() && !EqualsIgnoringCase(SectionName(lines[first]).value_or("\n"), section))
+        ++first;
+    if (first == lines.size())
+        return std::nullopt;
+    std::size_t end = ++first;
+    while (end < lines.size() && !SectionName(lines[end]))
+        ++end;
+    return std::pair{first, end};
+}
+
+/// Calls `use` for each entry of the section until it gives false.
+void ForEachEntry(const std::filesystem::path& file, std::string_view section, const std::function<bool(Entry)>& use)
+{
+    const auto lines = Lines(ReadAll(file));
+    const auto body = SectionBody(lines, section);
+    if (!body)
+        return;
+    for (auto at = body->first; at < body->second; ++at)
+        if (auto entry = EntryOf(lines[at]); entry && !use(std::move(*entry)))
+            return;
+}
+
+/// The section's entries as texts, as many as the buffer holds.
+std::vector<std::string> Listed(const std::filesystem::path& file, std::string_view section,
+                                const std::function<std::string(const Entry&)>& text)
+{
+    std::vector<std::string> list;
+    std::size_t room = kBuffer - 1;
+    ForEachEntry(file, section, [&](const Entry& entry) {
+        std::string shown = text(entry);
+        if (shown.size() + 1 > room)
+            return false;
+        room -= shown.size() + 1;
+        list.push_back(std::move(shown));
+        return true;
+    });
+    return list;
+}
+
+/// Where the key's line stands in the body, or the place behind the body's last line that is not blank.
+std::size_t PlaceOfKey(const std::vector<std::string>& lines, std::pair<std::size_t, std::size_t> body,
+                       std::string_view key)
+{
+    std::size_t behind = body.first;
+    for (auto at = body.first; at < body.second; ++at) {
+        if (const auto entry = EntryOf(lines[at]); entry && EqualsIgnoringCase(entry->key, key))
+            return at;
+        if (!Trim(lines[at]).empty())
+            behind = at + 1;
+    }
+    return behind;
+}
+
+void ReplaceFile(const std::filesystem::path& path, const std::vector<std::string>& lines)
+{
+    std::filesystem::path fresh = path;
+    fresh += ".new";
+    std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
+    for (const auto& line : lines)
+        out << line;
+    out.close();
+    std::error_code error;
+    if (out)
+        std::filesystem::rename(fresh, path, error);
+    if (!out || error)
+        throw std::runtime_error("The settings file " + path.string() + " could not be written.");
+}
+
+} // namespace
+
+int FileExists(const std::filesystem::path& path)
+{
+    std::error_code ignored;
+    return std::filesystem::is_regular_file(path, ignored) ? 1 : 0;
+}
+
+std::string FirstLine(const std::filesystem::path& path)
+{
+    std::ifstream file(path, std::ios::binary);
+    std::string line;
+    std::getline(file, line);
+    return Trim(line);
+}
+
+std::string clsIniFile::GetValue(std::string_view section, std::string_view key) const
+{
+    std::string value;
+    ForEachEntry(File, section, [&](Entry entry) {
+        const bool found = EqualsIgnoringCase(entry.key, key);
+        if (found)
+            value = entry.value.substr(0, kBuffer - 1);
+        return !found;
+    });
+    return value;
+}
+
+void clsIniFile::WriteValue(std::string_view section, std::string_view key, std::string_view value) const
+{
+    auto lines = Lines(ReadAll(File));
+    const bool endsOpen = !lines.empty() && lines.back().back() != '\n';
+    const std::string lineEnd = !lines.empty() && lines.front().ends_with("\r\n") ? "\r\n" : "\n";
+    if (endsOpen)
+        lines.back() += lineEnd;
+    auto body = SectionBody(lines, section);
+    if (!body) {
+        lines.push_back('[' + std::string(section) + ']' + lineEnd);
+        body = std::pair{lines.size(), lines.size()};
+    }
+    const std::string line = std::string(key) + '=' + std::string(value) + lineEnd;
+    const auto at = PlaceOfKey(lines, *body, key);
+    if (const auto entry = at < body->second ? EntryOf(lines[at]) : std::nullopt;
+        entry && EqualsIgnoringCase(entry->key, key))
+        lines[at] = line;
+    else
+        lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), line);
+    ReplaceFile(File, lines);
+}
+
+std::vector<std::string> clsIniFile::GetSection(std::string_view section) const
+{
+    return Listed(File, section, [](const Entry& entry) { return entry.key + '=' + entry.value; });
+}
+
+std::vector<std::string> clsIniFile::GetSectionKeys(std::string_view section) const
+{
+    return Listed(File, section, [](const Entry& entry) { return entry.key; });
+}
+
+} // namespace pgbp

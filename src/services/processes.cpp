@@ -1,0 +1,41 @@
+#include "services/processes.h"
+
+#include <cerrno>
+#include <spawn.h>
+#include <stdexcept>
+#include <string>
+#include <sys/wait.h>
+#include <system_error>
+
+extern char** environ;
+
+namespace pgbp {
+namespace {
+
+/// Starts the program as a child of its own process; the child sees the same environment.
+pid_t Spawn(const std::filesystem::path& program)
+{
+    std::string path = program.string();
+    char* const arguments[] = {path.data(), nullptr};
+    pid_t child = 0;
+    const int error = posix_spawn(&child, path.c_str(), nullptr, nullptr, arguments, environ);
+    if (error != 0)
+        throw std::runtime_error("The program " + path + " could not be started: " +
+                                 std::generic_category().message(error) + ".");
+    return child;
+}
+
+} // namespace
+
+int SystemProcesses::RunAndWait(const std::filesystem::path& program)
+{
+    const pid_t child = Spawn(program);
+    int status = 0;
+    while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+    }
+    return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+void SystemProcesses::Start(const std::filesystem::path& program) { Spawn(program); }
+
+} // namespace pgbp

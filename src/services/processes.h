@@ -1,0 +1,26 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace pgbp {
+
+/// Sibling programs of the suite, started as processes. Each call throws std::runtime_error with the program's name when
+/// the program cannot be started.
+class Processes {
+  public:
+    virtual ~Processes() = default;
+    /// Starts the program and comes back when it has ended, however long that takes. Gives its exit code.
+    virtual int RunAndWait(const std::filesystem::path& program) = 0;
+    /// Starts the program and comes back at once.
+    virtual void Start(const std::filesystem::path& program) = 0;
+};
+
+/// Processes of this computer.
+class SystemProcesses : public Processes {
+  public:
+    int RunAndWait(const std::filesystem::path& program) override;
+    void Start(const std::filesystem::path& program) override;
+};
+
+} // namespace pgbp
