@@ -1,0 +1,114 @@
+#pragma once
+
+#include "store/dialect.h"
+#include "store/recordset.h"
+
+#include <initializer_list>
+#include <memory>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pgbp {
+
+/// What went wrong in the store: what was being done, the statement and its values, the engine's words.
+class StoreError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// A column with its value, for an insert.
+struct Field {
+    std::string_view column;
+    Value value;
+};
+
+/// One physical session with an engine. Several connections may share it: the embedded files of one folder are attached
+/// to one session, so that one commit covers them all.
+class Engine {
+  public:
+    virtual ~Engine() = default;
+    /// Runs a statement with its bound values and gives all rows.
+    virtual Recordset Query(const std::string& sql, std::span<const Value> values) = 0;
+    /// Runs a statement and gives the number of rows it changed.
+    virtual long Execute(const std::string& sql, std::span<const Value> values) = 0;
+    virtual void Begin() = 0;
+    virtual void Commit() = 0;
+    virtual void Rollback() = 0;
+    virtual const Dialect& dialect() const = 0;
+};
+
+/// One of the run's seven logical connections. In a statement a table stands in braces, "select * from {business} where
+/// code = ?", and the connection names it for its engine; a reserved column name stands in brackets, "[Type]". Values are
+/// bound, never written into the text. Each call throws StoreError.
+class Connection {
+  public:
+    Connection() = default;
+    /// `tablePrefix` goes before each table name in braces; empty where the engine holds this connection's tables alone.
+    Connection(std::shared_ptr<Engine> engine, std::string tablePrefix);
+
+    bool IsOpen() const { return engine_ != nullptr; }
+
+    template <typename... Values> Recordset Query(std::string_view sql, Values&&... values) const
+    {
+        const Value bound[] = {Value(std::forward<Values>(values))..., Value()};
+        return QueryBound(sql, std::span(bound, sizeof...(Values)));
+    }
+
+    /// First field of the first row; Null when there is no row.
+    template <typename... Values> Value Scalar(std::string_view sql, Values&&... values) const
+    {
+        const Recordset rows = Query(sql, std::forward<Values>(values)...);
+        return rows.Empty() ? Value() : rows.First().At(0);
+    }
+
+    /// Gives the number of rows changed.
+    template <typename... Values> long Execute(std::string_view sql, Values&&... values) const
+    {
+        const Value bound[] = {Value(std::forward<Values>(values))..., Value()};
+        return ExecuteBound(sql, std::span(bound, sizeof...(Values)));
+    }
+
+    /// Deletes: `fromWhere` is "from {table} where ..."; the dialect's DeleteWord goes before it.
+    template <typename... Values> long Delete(std::string_view fromWhere, Values&&... values) const
+    {
+        return Execute(std::string(dialect().DeleteWord) + std::string(fromWhere), std::forward<Values>(values)...);
+    }
+
+    /// Adds one row to the table (named without braces).
+    void Insert(std::string_view table, std::initializer_list<Field> fields) const;
+    void Insert(std::string_view table, std::span<const Field> fields) const;
+
+    Recordset QueryBound(std::string_view sql, std::span<const Value> values) const;
+    long ExecuteBound(std::string_view sql, std::span<const Value> values) const;
+
+    const Dialect& dialect() const { return engine_->dialect(); }
+    const std::shared_ptr<Engine>& engine() const { return engine_; }
+
+  private:
+    const std::string& Text(std::string_view sql) const;
+
+    std::shared_ptr<Engine> engine_;
+    std::string tablePrefix_;
+    struct Texts;
+    std::shared_ptr<Texts> texts_; // statement texts already made ready for the engine
+};
+
+/// All or nothing over one or more connections. Without Commit the destructor rolls everything back.
+class Transaction {
+  public:
+    explicit Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections);
+    ~Transaction();
+    Transaction(const Transaction&) = delete;
+    Transaction& operator=(const Transaction&) = delete;
+
+    /// Ends the transaction for good; calling it twice is a mistake of ours. Throws StoreError when the engine refuses;
+    /// then nothing of this transaction is in that engine.
+    void Commit();
+
+  private:
+    std::vector<std::shared_ptr<Engine>> engines_; // each once, those that still stand open
+};
+
+} // namespace pgbp

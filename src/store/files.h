@@ -1,0 +1,40 @@
+#pragma once
+
+#include "store/connection.h"
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <vector>
+
+namespace pgbp {
+
+enum class FileKind { Embedded, Jet };
+
+/// What kind of store a data file is, read from the file itself. Throws StoreError that names the file and what was
+/// expected when it is missing, not readable or of an unknown kind. Nothing is created.
+FileKind KindOf(const std::filesystem::path& file);
+
+/// A data file and whether its connection string carries the suite's password (the working file has none).
+struct DataFile {
+    std::filesystem::path path;
+    std::filesystem::path dsn;
+    bool password = true;
+};
+
+/// Opens data files, one connection each, in the order given. Embedded files of one call share one session, so that one
+/// Transaction commits them together; Jet files are opened through the platform's ODBC driver. Embedded files are brought
+/// up to the present schema version first, with a copy of the file before each upgrade step.
+std::vector<Connection> OpenFiles(std::span<const DataFile> files);
+
+/// One file in a session of its own.
+Connection OpenFile(const DataFile& file);
+
+/// Makes a new, empty embedded data file with the tables that `file` ("company", "qeltemp", "VornTemp" ...) holds in the
+/// inventory. Throws StoreError when the path exists.
+void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file);
+
+/// The ODBC connection string of a Jet file.
+std::string JetConnectionString(const DataFile& file);
+
+} // namespace pgbp
