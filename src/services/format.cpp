@@ -25,9 +25,9 @@ struct Decimal {
 Decimal ToDecimal(double positive)
 {
     std::array<char, 32> text;
-    const auto end =
-        std::to_chars(text.data(), text.data() + text.size(), positive, std::chars_format::scientific, kSignificantDigits - 1)
-            .ptr;
+    const auto end = std::to_chars(text.data(), text.data() + text.size(), positive, std::chars_format::scientific,
+                                   kSignificantDigits - 1)
+                         .ptr;
     Decimal decimal;
     decimal.digits[0] = '0';
     decimal.digits[1] = text[0];

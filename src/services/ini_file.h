@@ -13,9 +13,9 @@ int FileExists(const std::filesystem::path& path);
 /// The first line of a text file without its line end; empty when the file is missing.
 std::string FirstLine(const std::filesystem::path& path);
 
-/// One INI file with the semantics of the platform's private profile calls: names of sections and keys are blind to case,
-/// the first section and key of a name count, blanks around names and values and one pair of quotes around a value are
-/// dropped, lines that begin with a semicolon are comments, and an answer is cut at 4095 bytes.
+/// One INI file with the semantics of the platform's private profile calls: names of sections and keys are blind to
+/// case, the first section and key of a name count, blanks around names and values and one pair of quotes around a
+/// value are dropped, lines that begin with a semicolon are comments, and an answer is cut at 4095 bytes.
 class clsIniFile {
   public:
     std::filesystem::path File;
@@ -23,8 +23,8 @@ class clsIniFile {
     /// The value, or empty when the file, the section or the key is missing.
     std::string GetValue(std::string_view section, std::string_view key) const;
 
-    /// Sets one key and leaves every other byte of the file as it was; makes the file, the section and the key where they
-    /// are missing. The new file takes the old one's place in one step. Throws std::runtime_error when it cannot.
+    /// Sets one key and leaves every other byte of the file as it was; makes the file, the section and the key where
+    /// they are missing. The new file takes the old one's place in one step. Throws std::runtime_error when it cannot.
     void WriteValue(std::string_view section, std::string_view key, std::string_view value) const;
 
     /// The section's lines as "key=value".

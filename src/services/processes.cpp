@@ -20,8 +20,8 @@ pid_t Spawn(const std::filesystem::path& program)
     pid_t child = 0;
     const int error = posix_spawn(&child, path.c_str(), nullptr, nullptr, arguments, environ);
     if (error != 0)
-        throw std::runtime_error("The program " + path + " could not be started: " +
-                                 std::generic_category().message(error) + ".");
+        throw std::runtime_error("The program " + path +
+                                 " could not be started: " + std::generic_category().message(error) + ".");
     return child;
 }
 

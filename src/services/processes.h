@@ -5,8 +5,8 @@
 
 namespace pgbp {
 
-/// Sibling programs of the suite, started as processes. Each call throws std::runtime_error with the program's name when
-/// the program cannot be started.
+/// Sibling programs of the suite, started as processes. Each call throws std::runtime_error with the program's name
+/// when the program cannot be started.
 class Processes {
   public:
     virtual ~Processes() = default;

@@ -40,38 +40,43 @@ class Engine {
 };
 
 /// One of the run's seven logical connections. In a statement a table stands in braces, "select * from {business} where
-/// code = ?", and the connection names it for its engine; a reserved column name stands in brackets, "[Type]". Values are
-/// bound, never written into the text. Each call throws StoreError.
+/// code = ?", and the connection names it for its engine; a reserved column name stands in brackets, "[Type]". Values
+/// are bound, never written into the text. Each call throws StoreError.
 class Connection {
   public:
     Connection() = default;
-    /// `tablePrefix` goes before each table name in braces; empty where the engine holds this connection's tables alone.
+    /// `tablePrefix` goes before each table name in braces; empty where the engine holds this connection's tables
+    /// alone.
     Connection(std::shared_ptr<Engine> engine, std::string tablePrefix);
 
     bool IsOpen() const { return engine_ != nullptr; }
 
-    template <typename... Values> Recordset Query(std::string_view sql, Values&&... values) const
+    template <typename... Values>
+    Recordset Query(std::string_view sql, Values&&... values) const
     {
         const Value bound[] = {Value(std::forward<Values>(values))..., Value()};
         return QueryBound(sql, std::span(bound, sizeof...(Values)));
     }
 
     /// First field of the first row; Null when there is no row.
-    template <typename... Values> Value Scalar(std::string_view sql, Values&&... values) const
+    template <typename... Values>
+    Value Scalar(std::string_view sql, Values&&... values) const
     {
         const Recordset rows = Query(sql, std::forward<Values>(values)...);
         return rows.Empty() ? Value() : rows.First().At(0);
     }
 
     /// Gives the number of rows changed.
-    template <typename... Values> long Execute(std::string_view sql, Values&&... values) const
+    template <typename... Values>
+    long Execute(std::string_view sql, Values&&... values) const
     {
         const Value bound[] = {Value(std::forward<Values>(values))..., Value()};
         return ExecuteBound(sql, std::span(bound, sizeof...(Values)));
     }
 
     /// Deletes: `fromWhere` is "from {table} where ..."; the dialect's DeleteWord goes before it.
-    template <typename... Values> long Delete(std::string_view fromWhere, Values&&... values) const
+    template <typename... Values>
+    long Delete(std::string_view fromWhere, Values&&... values) const
     {
         return Execute(std::string(dialect().DeleteWord) + std::string(fromWhere), std::forward<Values>(values)...);
     }

@@ -9,18 +9,18 @@ namespace pgbp {
 /// once, from these words. `{}` in a pattern stands for the column or expression.
 struct Dialect {
     std::string_view name;
-    std::string_view DeleteWord;    ///< how a delete begins: DeleteWord + "from ..."
-    std::string_view UpperWord;     ///< function that gives a text in upper case
-    std::string_view noMinor;       ///< condition: the row belongs to the assessee himself (Null)
-    std::string_view noMinorOrZero; ///< the same, Null or 0
+    std::string_view DeleteWord;            ///< how a delete begins: DeleteWord + "from ..."
+    std::string_view UpperWord;             ///< function that gives a text in upper case
+    std::string_view noMinor;               ///< condition: the row belongs to the assessee himself (Null)
+    std::string_view noMinorOrZero;         ///< the same, Null or 0
     std::string_view noMinorOrZeroUnparsed; ///< Null or 0 where the files compare the number as it stands
-    std::string_view statusAtMost3; ///< condition on `status`, a text, as a number
-    std::string_view trueLiteral;   ///< the value of a set flag in a condition
-    std::string_view insertionOrder; ///< " order by ..." that gives rows in the order they were added, or empty
-    std::string_view leftPattern;   ///< "left({},{n})": first characters
-    std::string_view rightPattern;  ///< "right({},{n})": last characters
-    std::string_view trimPattern;   ///< without blanks at both ends
-    std::string_view asNumberPattern; ///< a text as a number
+    std::string_view statusAtMost3;         ///< condition on `status`, a text, as a number
+    std::string_view trueLiteral;           ///< the value of a set flag in a condition
+    std::string_view insertionOrder;        ///< " order by ..." that gives rows in the order they were added, or empty
+    std::string_view leftPattern;           ///< "left({},{n})": first characters
+    std::string_view rightPattern;          ///< "right({},{n})": last characters
+    std::string_view trimPattern;           ///< without blanks at both ends
+    std::string_view asNumberPattern;       ///< a text as a number
 
     std::string Left(std::string_view column, int length) const;
     std::string Right(std::string_view column, int length) const;

@@ -23,15 +23,15 @@ struct DataFile {
 };
 
 /// Opens data files, one connection each, in the order given. Embedded files of one call share one session, so that one
-/// Transaction commits them together; Jet files are opened through the platform's ODBC driver. Embedded files are brought
-/// up to the present schema version first, with a copy of the file before each upgrade step.
+/// Transaction commits them together; Jet files are opened through the platform's ODBC driver. Embedded files are
+/// brought up to the present schema version first, with a copy of the file before each upgrade step.
 std::vector<Connection> OpenFiles(std::span<const DataFile> files);
 
 /// One file in a session of its own.
 Connection OpenFile(const DataFile& file);
 
-/// Makes a new, empty embedded data file with the tables that `file` ("company", "qeltemp", "VornTemp" ...) holds in the
-/// inventory. Throws StoreError when the path exists.
+/// Makes a new, empty embedded data file with the tables that `file` ("company", "qeltemp", "VornTemp" ...) holds in
+/// the inventory. Throws StoreError when the path exists.
 void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file);
 
 /// The ODBC connection string of a Jet file.

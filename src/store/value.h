@@ -16,8 +16,8 @@ class Value {
     Value(std::nullptr_t) {}
     Value(bool flag) : held_(flag ? 1.0 : 0.0) {}
     template <typename Number>
-        requires(std::integral<Number> || std::floating_point<Number>)
-    Value(Number number) : held_(static_cast<double>(number))
+    requires(std::integral<Number> || std::floating_point<Number>) Value(Number number)
+        : held_(static_cast<double>(number))
     {
     }
     Value(std::string text) : held_(std::move(text)) {}

@@ -1,0 +1,211 @@
+#include "controls/form.h"
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+
+#include <algorithm>
+#include <cctype>
+
+namespace pgbp {
+namespace {
+
+/// The letter behind a single "&"; 0 when the caption marks none.
+char MarkedLetter(const std::string& caption)
+{
+    for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
+        if (caption[i] != '&')
+            continue;
+        if (caption[i + 1] != '&')
+            return static_cast<char>(std::toupper(static_cast<unsigned char>(caption[i + 1])));
+        ++i;
+    }
+    return 0;
+}
+
+/// Letters of a caption by which a button without a mark could be called.
+std::string Candidates(const std::string& caption)
+{
+    std::string letters;
+    for (const char c : caption)
+        if (std::isalnum(static_cast<unsigned char>(c)))
+            letters += static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
+    return letters;
+}
+
+void AddStops(const frame& in, std::vector<Control*>& stops)
+{
+    const auto add = [&](Control* control) {
+        if (const auto* group = dynamic_cast<const frame*>(control))
+            AddStops(*group, stops);
+        else if (control && control->TakesFocus())
+            stops.push_back(control);
+    };
+    for (const auto& row : in.layout().rows)
+        std::for_each(row.cells.begin(), row.cells.end(), add);
+    std::for_each(in.layout().buttonsRight.begin(), in.layout().buttonsRight.end(), add);
+    std::for_each(in.layout().buttonsLeft.begin(), in.layout().buttonsLeft.end(), add);
+}
+
+} // namespace
+
+Form::Form(std::string name, std::string captionText, MessageBoxes& boxes, std::string title)
+    : caption(changed, std::move(captionText)), name_(std::move(name)), title_(std::move(title)), boxes_(boxes)
+{
+}
+
+Control* Form::Find(std::string_view controlName) const
+{
+    const auto found = std::find_if(controls_.begin(), controls_.end(),
+                                    [&](const Control* control) { return control->name() == controlName; });
+    return found == controls_.end() ? nullptr : *found;
+}
+
+frame* Form::Card() const
+{
+    frame* top = nullptr;
+    for (Control* control : controls_)
+        if (auto* card = dynamic_cast<frame*>(control); card && card->place == FramePlace::Card && card->visible)
+            top = card;
+    return top;
+}
+
+std::vector<Control*> Form::Stops() const
+{
+    std::vector<Control*> stops;
+    for (const Control* control : controls_)
+        if (const auto* top = dynamic_cast<const frame*>(control); top && top->place != FramePlace::Group)
+            AddStops(*top, stops);
+    stops.insert(stops.end(), bar.begin(), bar.end());
+    std::erase_if(stops, [](const Control* stop) { return !stop->Reachable(); });
+    return stops;
+}
+
+bool Form::SetFocus(Control& control)
+{
+    if (&control == focused_)
+        return true;
+    if (!control.TakesFocus() || !control.Reachable())
+        return false;
+    if (focused_ && focused_->Reachable() && !focused_->Leave())
+        return false;
+    focused_ = &control;
+    focusMoved();
+    control.Enter();
+    return true;
+}
+
+void Form::FocusNext() { Step(1); }
+
+void Form::FocusPrevious() { Step(-1); }
+
+void Form::Step(int direction)
+{
+    const auto stops = Stops();
+    if (stops.empty())
+        return;
+    const auto at = std::find(stops.begin(), stops.end(), focused_);
+    const auto count = static_cast<int>(stops.size());
+    const int from = at == stops.end() ? (direction > 0 ? -1 : 0) : static_cast<int>(at - stops.begin());
+    SetFocus(*stops[static_cast<std::size_t>((from + direction + count) % count)]);
+}
+
+/// A control that was hidden or disabled under the focus gives it to the first stop.
+void Form::KeepFocusReachable()
+{
+    if (focused_ && focused_->Reachable())
+        return;
+    focused_ = nullptr;
+    Step(1);
+    if (!focused_)
+        focusMoved();
+}
+
+void Form::Do(const std::function<void()>& action)
+{
+    if (acting_)
+        return action();
+    acting_ = true;
+    try {
+        action();
+        KeepFocusReachable();
+    } catch (const std::exception& error) {
+        boxes_.Show({error.what(), title_, Icon::Critical});
+    }
+    acting_ = false;
+}
+
+void Form::Press(Key key)
+{
+    Do([&] {
+        if (!focused_ || !focused_->KeyDown(key))
+            DefaultKey(key);
+    });
+}
+
+void Form::DefaultKey(Key key)
+{
+    if (key == Key::Tab || key == Key::Down)
+        FocusNext();
+    if (key == Key::BackTab || key == Key::Up)
+        FocusPrevious();
+    const frame* card = Card();
+    if (key == Key::Escape && card && card->escape)
+        Click(*card->escape);
+}
+
+void Form::Type(char32_t character)
+{
+    Do([&] {
+        if (focused_)
+            focused_->Type(character);
+    });
+}
+
+void Form::Click(PushControl& control)
+{
+    Do([&] {
+        const auto stops = Stops();
+        const bool isStop = std::find(stops.begin(), stops.end(), &control) != stops.end();
+        if (control.Reachable() && (!isStop || SetFocus(control)))
+            control.Click();
+    });
+}
+
+bool Form::Mnemonic(char32_t letter)
+{
+    const auto wanted = letter < 128 ? std::toupper(static_cast<int>(letter)) : 0;
+    for (const auto& [button, mark] : Mnemonics()) {
+        if (mark != wanted || !button->Reachable())
+            continue;
+        Click(const_cast<PushControl&>(*button));
+        return true;
+    }
+    return false;
+}
+
+std::map<const PushControl*, char> Form::Mnemonics() const
+{
+    std::map<const PushControl*, char> letters;
+    std::vector<const PushControl*> unmarked;
+    std::string taken;
+    for (const Control* control : controls_) {
+        const auto* button = dynamic_cast<const PushControl*>(control);
+        if (!button || !button->Shown() || !button->InFront())
+            continue;
+        const char letter = MarkedLetter(button->caption);
+        if (letter == 0) {
+            unmarked.push_back(button);
+            continue;
+        }
+        letters[button] = letter;
+        taken += letter;
+    }
+    for (const PushControl* button : unmarked) {
+        const std::string candidates = Candidates(button->caption);
+        if (const auto free = candidates.find_first_not_of(taken); free != std::string::npos)
+            taken += letters[button] = candidates[free];
+    }
+    return letters;
+}
+
+} // namespace pgbp

@@ -1,0 +1,81 @@
+#pragma once
+
+#include "controls/control.h"
+#include "controls/message_box.h"
+
+#include <map>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pgbp {
+
+class frame;
+class PushControl;
+
+/// A screen: its controls by name, the focus, and the boundary at which errors of its handlers are caught. Knows no
+/// window; what draws it listens to `changed` and `focusMoved`.
+class Form {
+  public:
+    /// `title` is the title of error boxes.
+    Form(std::string name, std::string captionText, MessageBoxes& boxes, std::string title);
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+    virtual ~Form() = default;
+
+    const std::string& name() const { return name_; }
+    const std::string& title() const { return title_; }
+    MessageBoxes& boxes() const { return boxes_; }
+
+    Event<> changed;
+    Event<> focusMoved;
+    Property<std::string> caption;
+
+    /// The form became the window in front: first display and every return to it.
+    virtual void Activate() {}
+    /// The preparer closes the window by its cross.
+    virtual void Close() {}
+
+    const std::vector<Control*>& controls() const { return controls_; }
+    /// The control by its exact name; none when there is no such name.
+    Control* Find(std::string_view controlName) const;
+
+    /// Buttons of the form itself, reachable whatever frame is up.
+    std::vector<PushControl*> bar;
+
+    Control* focused() const { return focused_; }
+    /// Moves the focus if the old field lets go and the new one can be reached.
+    bool SetFocus(Control& control);
+    void FocusNext();
+    void FocusPrevious();
+    /// The stops of the walk, in order: the frame that is up, row by row, then the bar.
+    std::vector<Control*> Stops() const;
+    /// The side frame that lies on top, if any.
+    frame* Card() const;
+
+    // What a person does. Each is a boundary: an exception ends in an error box with the form's title, and the run goes
+    // on.
+    void Do(const std::function<void()>& action);
+    void Press(Key key);
+    void Type(char32_t character);
+    void Click(PushControl& control); ///< the focus goes there first, where the field it is in lets go
+    /// Presses the button whose caption has this mnemonic. False when there is none.
+    bool Mnemonic(char32_t letter);
+    /// The letters of the buttons in front: marked by "&" in the caption, else the first letter that no other one has.
+    std::map<const PushControl*, char> Mnemonics() const;
+
+  private:
+    friend class Control;
+    void KeepFocusReachable();
+    void Step(int direction);
+    void DefaultKey(Key key);
+
+    std::string name_;
+    std::string title_;
+    MessageBoxes& boxes_;
+    std::vector<Control*> controls_;
+    Control* focused_ = nullptr;
+    bool acting_ = false;
+};
+
+} // namespace pgbp

@@ -1,0 +1,28 @@
+#include "controls/frame.h"
+
+namespace pgbp {
+
+frame::frame(Form& form, std::string_view name, std::string captionText, FramePlace where)
+    : Control(form, name), caption(changed, std::move(captionText)), place(where)
+{
+    if (place == FramePlace::Card)
+        visible = false;
+}
+
+void frame::Lay(Layout layout)
+{
+    layout_ = std::move(layout);
+    const auto adopt = [this](Control* control) {
+        if (control)
+            control->container = this;
+    };
+    for (const auto& row : layout_.rows)
+        for (Control* control : row.cells)
+            adopt(control);
+    for (Control* control : layout_.buttonsLeft)
+        adopt(control);
+    for (Control* control : layout_.buttonsRight)
+        adopt(control);
+}
+
+} // namespace pgbp

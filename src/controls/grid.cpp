@@ -1,0 +1,94 @@
+#include "controls/grid.h"
+
+#include <algorithm>
+
+namespace pgbp {
+
+grid::grid(Form& form, std::string_view name, std::vector<GridColumn> columns)
+    : Control(form, name), columns_(std::move(columns))
+{
+}
+
+void grid::SetHeading(int column, std::string heading)
+{
+    columns_.at(static_cast<std::size_t>(column)).heading = std::move(heading);
+    changed();
+}
+
+const std::string& grid::Cell(int row, int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    return row == 0 ? columns_.at(at).heading : rows_.at(static_cast<std::size_t>(row) - 1).at(at);
+}
+
+void grid::SetCell(int row, int column, std::string text)
+{
+    rows_.at(static_cast<std::size_t>(row) - 1).at(static_cast<std::size_t>(column)) = std::move(text);
+    changed();
+}
+
+void grid::SetRows(std::vector<std::vector<std::string>> rows)
+{
+    rows_ = std::move(rows);
+    for (auto& row : rows_)
+        row.resize(columns_.size());
+    currentRow_ = rows_.empty() ? 0 : 1;
+    changed();
+}
+
+void grid::SetCurrentRow(int row)
+{
+    currentRow_ = std::clamp(row, Rows() == 0 ? 0 : 1, Rows());
+    changed();
+}
+
+void grid::DoubleClick(int row)
+{
+    SetCurrentRow(row);
+    if (currentRow_ > 0 && onDoubleClick)
+        onDoubleClick(currentRow_);
+}
+
+std::string grid::Shows() const
+{
+    std::string lines;
+    for (const auto& row : rows_) {
+        lines += lines.empty() ? "" : "\n";
+        for (std::size_t i = 0; i < row.size(); ++i)
+            lines += (i == 0 ? "" : "\t") + row[i];
+    }
+    return lines;
+}
+
+bool grid::KeyDown(Key key)
+{
+    constexpr int page = 10;
+    switch (key) {
+    case Key::Up:
+        SetCurrentRow(currentRow_ - 1);
+        return true;
+    case Key::Down:
+        SetCurrentRow(currentRow_ + 1);
+        return true;
+    case Key::PageUp:
+        SetCurrentRow(currentRow_ - page);
+        return true;
+    case Key::PageDown:
+        SetCurrentRow(currentRow_ + page);
+        return true;
+    case Key::Home:
+        SetCurrentRow(1);
+        return true;
+    case Key::End:
+        SetCurrentRow(Rows());
+        return true;
+    case Key::Enter:
+        if (currentRow_ > 0)
+            DoubleClick(currentRow_);
+        return true;
+    default:
+        return false;
+    }
+}
+
+} // namespace pgbp

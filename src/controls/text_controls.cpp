@@ -1,0 +1,176 @@
+#include "controls/text_controls.h"
+
+#include "controls/form.h"
+#include "services/format.h"
+#include "services/utf8.h"
+
+#include <algorithm>
+#include <array>
+#include <charconv>
+
+namespace pgbp {
+
+void TextControl::Set(std::string text, Notify notify)
+{
+    if (text == text_)
+        return;
+    text_ = std::move(text);
+    changed();
+    if (notify == Notify::Yes && onChange)
+        onChange();
+}
+
+double Val(const TextControl& control) { return Val(control.text()); }
+
+label::label(Form& form, std::string_view name, std::string text, LabelLook labelLook)
+    : TextControl(form, name), look(labelLook)
+{
+    Set(std::move(text));
+}
+
+TextBox::TextBox(Form& form, std::string_view name, Walks walks) : TextControl(form, name), walks_(walks) {}
+
+void TextBox::Select(int start, int length)
+{
+    const int count = CharacterCount(text());
+    selStart_ = std::clamp(start, 0, count);
+    selLength_ = std::clamp(length, 0, count - selStart_);
+    changed();
+}
+
+void TextBox::SelectAll() { Select(0, CharacterCount(text())); }
+
+bool TextBox::WholeTextSelected() const { return selLength_ > 0 && selLength_ == CharacterCount(text()); }
+
+Verdict TextBox::KeyPress(char32_t& character)
+{
+    if (onKeyPress)
+        character = onKeyPress(character);
+    return character == 0 || locked ? Verdict::Swallow : Filter(character);
+}
+
+void TextBox::Enter()
+{
+    SelectAll();
+    Control::Enter();
+}
+
+bool TextBox::Type(char32_t character)
+{
+    if (KeyPress(character) == Verdict::Pass)
+        ReplaceSelection(Utf8(character));
+    return true;
+}
+
+void TextBox::ReplaceSelection(std::string_view utf8)
+{
+    const int count = CharacterCount(text());
+    if (maxLength > 0 && count - selLength_ + CharacterCount(utf8) > maxLength)
+        return;
+    const auto from = ByteOfCharacter(text(), std::min(selStart_, count));
+    const auto to = ByteOfCharacter(text(), std::min(selStart_ + selLength_, count));
+    std::string fresh = text().substr(0, from);
+    fresh.append(utf8).append(text(), to);
+    selStart_ += CharacterCount(utf8);
+    selLength_ = 0;
+    Set(std::move(fresh));
+    changed();
+}
+
+bool TextBox::KeyDown(Key key)
+{
+    if (walks_ == Walks::Yes && (key == Key::Down || key == Key::Enter)) {
+        form().FocusNext();
+        return true;
+    }
+    if (walks_ == Walks::Yes && key == Key::Up) {
+        form().FocusPrevious();
+        return true;
+    }
+    if (key == Key::Backspace || key == Key::Delete) {
+        Erase(key);
+        return true;
+    }
+    return MoveCaret(key);
+}
+
+void TextBox::Erase(Key key)
+{
+    if (locked)
+        return;
+    if (selLength_ == 0) {
+        if (key == Key::Backspace && selStart_ == 0)
+            return;
+        if (key == Key::Backspace)
+            --selStart_;
+        selLength_ = selStart_ < CharacterCount(text()) ? 1 : 0;
+    }
+    ReplaceSelection("");
+}
+
+bool TextBox::MoveCaret(Key key)
+{
+    switch (key) {
+    case Key::Home:
+        Select(0, 0);
+        return true;
+    case Key::End:
+        Select(CharacterCount(text()), 0);
+        return true;
+    case Key::Left:
+        Select(selLength_ > 0 ? selStart_ : selStart_ - 1, 0);
+        return true;
+    case Key::Right:
+        Select(selLength_ > 0 ? selStart_ + selLength_ : selStart_ + 1, 0);
+        return true;
+    default:
+        return false;
+    }
+}
+
+Verdict NumberBox::Filter(char32_t character)
+{
+    if (character == U'-') {
+        TurnSign();
+        return Verdict::Swallow;
+    }
+    if (character == U'.') {
+        const bool second = text().find('.') != std::string::npos && !WholeTextSelected();
+        return deci <= 0 || second ? Verdict::Swallow : Verdict::Pass;
+    }
+    if (character < U'0' || character > U'9')
+        return Verdict::Swallow;
+    return DecimalsAreFull() ? Verdict::Swallow : Verdict::Pass;
+}
+
+void NumberBox::TurnSign()
+{
+    const double value = Val(text());
+    if (text().empty() || WholeTextSelected() || value == 0) {
+        Set("-");
+    } else {
+        std::array<char, 400> digits;
+        const auto end =
+            std::to_chars(digits.data(), digits.data() + digits.size(), -value, std::chars_format::fixed).ptr;
+        Set(std::string(digits.data(), end));
+    }
+    Select(CharacterCount(text()), 0);
+}
+
+bool NumberBox::DecimalsAreFull() const
+{
+    const auto point = text().find('.');
+    return point != std::string::npos && selLength() == 0 && selStart() > static_cast<int>(point) &&
+           static_cast<int>(text().size() - point) - 1 >= deci;
+}
+
+bool Txtn1::KeyDown(Key key)
+{
+    if (key == Key::Enter)
+        return true;
+    return NumberBox::KeyDown(key);
+}
+
+char32_t DropQuotes(char32_t character) { return character == U'"' || character == U'\'' ? 0 : character; }
+
+} // namespace pgbp

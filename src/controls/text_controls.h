@@ -1,0 +1,140 @@
+#pragma once
+
+#include "controls/control.h"
+
+namespace pgbp {
+
+class MessageBoxes;
+
+enum class Notify { No, Yes };
+
+/// A control with a text: label or text box.
+class TextControl : public Control {
+  public:
+    using Control::Control;
+
+    std::function<void()> onChange; ///< raised by typing and by program alike: several rules depend on it
+
+    const std::string& text() const { return text_; }
+    void Set(std::string text, Notify notify = Notify::Yes);
+    TextControl& operator=(std::string text)
+    {
+        Set(std::move(text));
+        return *this;
+    }
+    std::string Shows() const override { return text_; }
+
+  private:
+    std::string text_;
+};
+
+/// The number a control's text begins with; "" and "-" read as 0.
+double Val(const TextControl& control);
+
+enum class LabelLook { Caption, Amount, Hint, Heading };
+
+/// A caption or a computed amount. The text is the caption; "&" marks the mnemonic, "&&" is the letter itself.
+class label : public TextControl {
+  public:
+    label(Form& form, std::string_view name, std::string text = "", LabelLook look = LabelLook::Caption);
+    using TextControl::operator=;
+    LabelLook look;
+};
+
+/// What a text box does with a pressed character.
+enum class Verdict { Pass, Swallow };
+
+/// A text box with its selection, told in characters (not bytes). The kinds below differ in the keys they act on.
+class TextBox : public TextControl {
+  public:
+    using TextControl::operator=;
+
+    Property<bool> locked{changed, false};
+    int maxLength = 0; ///< in characters; 0 is no limit
+
+    /// The screen's own look at a pressed character: gives it back, another one, or 0 to swallow it.
+    std::function<char32_t(char32_t)> onKeyPress;
+
+    int selStart() const { return selStart_; }
+    int selLength() const { return selLength_; }
+    void Select(int start, int length);
+    void SelectAll();
+
+    /// Passes the character through the filters, which may change the text. What draws the box inserts a passed
+    /// character itself; Type does both.
+    Verdict KeyPress(char32_t& character);
+
+    bool TakesFocus() const override { return true; }
+    void Enter() override; ///< selects the whole line, so that the first key replaces the old text
+    bool KeyDown(Key key) override;
+    bool Type(char32_t character) override;
+
+  protected:
+    enum class Walks { No, Yes };
+    TextBox(Form& form, std::string_view name, Walks walks);
+
+    /// The kind's own filter, after the screen's.
+    virtual Verdict Filter(char32_t) { return Verdict::Pass; }
+
+    bool WholeTextSelected() const;
+    Walks walks() const { return walks_; }
+
+  private:
+    void ReplaceSelection(std::string_view utf8);
+    void Erase(Key key);
+    bool MoveCaret(Key key);
+
+    Walks walks_;
+    int selStart_ = 0;
+    int selLength_ = 0;
+};
+
+/// Free text; Up, Down and Enter walk through the fields.
+class txt : public TextBox {
+  public:
+    txt(Form& form, std::string_view name) : TextBox(form, name, Walks::Yes) {}
+    using TextBox::operator=;
+};
+
+/// Free text without the walk.
+class Txt1 : public TextBox {
+  public:
+    Txt1(Form& form, std::string_view name) : TextBox(form, name, Walks::No) {}
+    using TextBox::operator=;
+};
+
+/// An amount: digits, one point and a minus that turns the sign wherever the caret stands.
+class NumberBox : public TextBox {
+  public:
+    using TextBox::operator=;
+    int deci = 2; ///< digits behind the point; 0 refuses the point
+
+  protected:
+    using TextBox::TextBox;
+    Verdict Filter(char32_t character) override;
+
+  private:
+    void TurnSign();
+    bool DecimalsAreFull() const;
+};
+
+/// An amount; Up, Down and Enter walk through the fields.
+class txtn : public NumberBox {
+  public:
+    txtn(Form& form, std::string_view name) : NumberBox(form, name, Walks::Yes) {}
+    using TextBox::operator=;
+};
+
+/// An amount without the walk: Enter does nothing.
+class Txtn1 : public NumberBox {
+  public:
+    Txtn1(Form& form, std::string_view name) : NumberBox(form, name, Walks::No) {}
+    using TextBox::operator=;
+    bool KeyDown(Key key) override;
+};
+
+/// Drops the double quote and the apostrophe at the key: for the description fields whose texts the suite's own
+/// programs build into statements.
+char32_t DropQuotes(char32_t character);
+
+} // namespace pgbp
