@@ -21,6 +21,11 @@ struct Dialect {
     std::string_view rightPattern;          ///< "right({},{n})": last characters
     std::string_view trimPattern;           ///< without blanks at both ends
     std::string_view asNumberPattern;       ///< a text as a number
+    std::string_view textType; ///< how a new table declares a text: `{}` is the column, `{n}` its width in characters
+    std::string_view memoType; ///< a text of any length
+    std::string_view numberType;
+    std::string_view flagType;
+    std::string_view dateType;
 
     std::string Left(std::string_view column, int length) const;
     std::string Right(std::string_view column, int length) const;

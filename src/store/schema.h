@@ -3,6 +3,7 @@
 #include "store/connection.h"
 
 #include <span>
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,17 +17,12 @@ struct Column {
     int width = 255; ///< of a Text, in characters
 };
 
-struct Index {
-    std::string_view name;
-    std::string_view columns; ///< "code, Type"
-};
-
 /// One table of the suite as this module uses it.
 struct Table {
-    std::string_view file; ///< data file without its extension: "company", "balance", "tax", "qeltemp", "misc", ...
+    std::string_view file; ///< data file without its extension: "company", "balance", "tax", "qeltemp", "VornTemp" ...
     std::string_view name;
     std::vector<Column> columns;
-    std::vector<Index> indexes;
+    std::vector<std::string_view> indexes; ///< columns of each index, "code, Type"; made by the embedded engine only
 };
 
 /// The whole inventory, in one place.
@@ -34,6 +30,9 @@ std::span<const Table> Tables();
 
 /// Widest text the column takes, in characters; 0 where it is not limited. Throws std::out_of_range for unknown names.
 int ColumnWidth(std::string_view file, std::string_view table, std::string_view column);
+
+/// A column's declaration in the dialect's engine, "[code] nvarchar(50)".
+std::string ColumnText(const Column& column, const Dialect& dialect);
 
 /// The statement that makes the table in the dialect's engine (table name as it stands, without braces).
 std::string CreateTableText(const Table& table, const Dialect& dialect);

@@ -1,0 +1,92 @@
+#include "store/dialect.h"
+
+#include "services/text.h"
+
+namespace pgbp {
+namespace {
+
+std::string Filled(std::string_view pattern, std::string_view column, int length = 0)
+{
+    return Replace(Replace(pattern, "{n}", std::to_string(length)), "{}", column);
+}
+
+} // namespace
+
+const Dialect kJetDialect{
+    .name = "jet",
+    .DeleteWord = "Delete  * ",
+    .UpperWord = "Ucase",
+    .noMinor = "isnull(minor) = true",
+    .noMinorOrZero = "(isnull(minor) = true or val(minor) = 0)",
+    .noMinorOrZeroUnparsed = "(isnull(minor) = true or minor = 0)",
+    .statusAtMost3 = "val(status) <= 3",
+    .trueLiteral = "True",
+    .insertionOrder = "", // the engine reads a table without a key in the order of its pages
+    .leftPattern = "left({},{n})",
+    .rightPattern = "right({},{n})",
+    .trimPattern = "trim({})",
+    .asNumberPattern = "val({} & '')",
+    .textType = "text({n})",
+    .memoType = "memo",
+    .numberType = "double",
+    .flagType = "yesno",
+    .dateType = "datetime",
+};
+
+const Dialect kServerDialect{
+    .name = "server",
+    .DeleteWord = "Delete ",
+    .UpperWord = "Upper",
+    .noMinor = "minor is NULL",
+    .noMinorOrZero = "(minor is NULL or minor = 0)",
+    .noMinorOrZeroUnparsed = "(minor is NULL or minor = 0)",
+    .statusAtMost3 = "cast(status as float) <= 3",
+    .trueLiteral = "1",
+    .insertionOrder = "", // the suite's server tables hold no column that tells it
+    .leftPattern = "left({},{n})",
+    .rightPattern = "right({},{n})",
+    .trimPattern = "rtrim(ltrim({}))",
+    .asNumberPattern = "coalesce(cast({} as float),0)",
+    .textType = "nvarchar({n})",
+    .memoType = "nvarchar(4000)",
+    .numberType = "double precision",
+    .flagType = "bit",
+    .dateType = "datetime",
+};
+
+// A function's result loses its column's collation, so the text functions ask for it again.
+const Dialect kEmbeddedDialect{
+    .name = "embedded",
+    .DeleteWord = "Delete ",
+    .UpperWord = "Upper",
+    .noMinor = "minor is NULL",
+    .noMinorOrZero = "(minor is NULL or minor = 0)",
+    .noMinorOrZeroUnparsed = "(minor is NULL or minor = 0)",
+    .statusAtMost3 = "cast(status as real) <= 3",
+    .trueLiteral = "1",
+    .insertionOrder = " order by rowid",
+    .leftPattern = "substr({},1,{n}) collate nocase",
+    .rightPattern = "substr({},-{n}) collate nocase",
+    .trimPattern = "trim({}) collate nocase",
+    .asNumberPattern = "coalesce(cast({} as real),0)",
+    .textType = "text collate nocase check (length({}) <= {n})",
+    .memoType = "text collate nocase",
+    .numberType = "double",
+    .flagType = "boolean",
+    .dateType = "datetime",
+};
+
+std::string Dialect::Left(std::string_view column, int length) const { return Filled(leftPattern, column, length); }
+
+std::string Dialect::Right(std::string_view column, int length) const { return Filled(rightPattern, column, length); }
+
+std::string Dialect::Trim(std::string_view column) const { return Filled(trimPattern, column); }
+
+std::string Dialect::AsNumber(std::string_view column) const { return Filled(asNumberPattern, column); }
+
+std::string Dialect::Upper(std::string_view column) const
+{
+    return std::string(UpperWord) + '(' + std::string(column) + ')';
+}
+
+} // namespace pgbp
