@@ -1,0 +1,38 @@
+#include "startup/frmmdi.h"
+
+#include "startup/run.h"
+#include "startup/status.h"
+
+namespace pgbp {
+
+frmmdi::frmmdi(Run& itsRun) : Screen(itsRun, "frmmdi", itsRun.title) {}
+
+void frmmdi::Activate()
+{
+    if (wasActive_)
+        return;
+    wasActive_ = true;
+    CheckIndAS();
+    NameClient();
+    run.screens.Show("frmbusiness");
+}
+
+/// Companies chose Ind AS on another screen of the suite, which left its answer here.
+void frmmdi::CheckIndAS()
+{
+    constexpr int kFirstYear = 2023;
+    if (run.Year() < kFirstYear || !IsCompany(run.Glstatus))
+        return;
+    const Value answer =
+        run.company.Scalar("select add1 from {misc_items} where code = ? and [Type] = 'FRMCHK'", run.Glcode);
+    run.FormCheckDone = answer.Text() == "Yes";
+}
+
+void frmmdi::NameClient()
+{
+    const Recordset client = run.company.Query("select comp_name from {assessee1} where code = ?", run.Code());
+    if (!client.Empty())
+        caption = run.title + " - " + client.First()["comp_name"].Text() + " - " + run.Glyear;
+}
+
+} // namespace pgbp

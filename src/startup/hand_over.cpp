@@ -1,0 +1,90 @@
+#include "startup/hand_over.h"
+
+namespace pgbp {
+namespace {
+
+constexpr HandOverColumn kColumns[] = {
+    {"GLGroup", &HandOver::GLGroup},
+    {"GLReport", &HandOver::GLReport},
+    {"GLrem", &HandOver::GLrem},
+    {"GLPend", &HandOver::GLPend},
+    {"GLlock", &HandOver::GLlock},
+    {"GlDate", &HandOver::GlDate},
+    {"GLcompany", &HandOver::GLcompany},
+    {"GLsex", &HandOver::GLsex},
+    {"GComp", &HandOver::GComp},
+    {"GLrep", &HandOver::GLrep},
+    {"GLwhere", &HandOver::GLwhere},
+    {"Glall", &HandOver::Glall},
+    {"GLminor", &HandOver::GLminor},
+    {"GLtitle", &HandOver::GLtitle},
+    {"USER", &HandOver::USER},
+    {"Glold", &HandOver::Glold},
+    {"Glrebate1", &HandOver::Glrebate1},
+    {"Glrebate2", &HandOver::Glrebate2},
+    {"Gl88B", &HandOver::Gl88B},
+    {"Gl88C", &HandOver::Gl88C},
+    {"Glsurcharge", &HandOver::Glsurcharge},
+    {"GLCess", &HandOver::GLCess},
+    {"GL80", &HandOver::GL80},
+    {"GL88", &HandOver::GL88},
+    {"Glsenior", &HandOver::Glsenior},
+    {"Glstatus", &HandOver::Glstatus},
+    {"Rebate", &HandOver::Rebate},
+    {"Gladmin", &HandOver::Gladmin},
+    {"Gluser", &HandOver::Gluser},
+    {"Glyear", &HandOver::Glyear},
+    {"Glcode", &HandOver::Glcode},
+    {"PGBPloss", &HandOver::PGBPloss},
+    {"GlSpLoss", &HandOver::GlSpLoss},
+    {"IncNormal", &HandOver::IncNormal},
+    {"IncSpecialL1", &HandOver::IncSpecialL1},
+    {"IncSpecialL2", &HandOver::IncSpecialL2},
+    {"IncSpecial2", &HandOver::IncSpecial2},
+    {"STCG", &HandOver::STCG},
+    {"NorInc", &HandOver::NorInc},
+    {"SpInc", &HandOver::SpInc},
+    {"NorTax", &HandOver::NorTax},
+    {"SpTax", &HandOver::SpTax},
+    {"SpTax1", &HandOver::SpTax1},
+    {"GlPrCode", &HandOver::GlPrCode},
+    {"GlLarge", &HandOver::GlLarge},
+    {"GlProv", &HandOver::GlProv},
+    {"GLMaxRate", &HandOver::GLMaxRate},
+    {"GlServer", &HandOver::GlServer},
+    {"GlClient", &HandOver::GlClient},
+};
+
+void Take(std::string& variable, const Value& value) { variable = value.Text(); }
+void Take(double& variable, const Value& value) { variable = value.Number(); }
+void Take(bool& variable, const Value& value) { variable = value.Flag(); }
+void Take(int& variable, const Value& value) { variable = static_cast<int>(value.Number()); }
+
+} // namespace
+
+std::span<const HandOverColumn> HandOverColumns() { return kColumns; }
+
+bool ReadHandOver(const Connection& file, HandOver& record)
+{
+    const Recordset rows = file.Query("select * from {main}");
+    if (rows.Empty())
+        return false;
+    const Row row = rows.First();
+    for (const auto& [name, variable] : kColumns)
+        std::visit([&](auto member) { Take(record.*member, row[name]); }, variable);
+    return true;
+}
+
+void WriteHandOver(const Connection& file, const HandOver& record)
+{
+    std::vector<Field> fields;
+    for (const auto& [name, variable] : kColumns)
+        if (name != "GlProv")
+            std::visit([&](auto member) { fields.push_back({name, Value(record.*member)}); }, variable);
+    Transaction transaction({file});
+    file.Delete("from {main}");
+    file.Insert("main", fields);
+    transaction.Commit();
+}
+
+} // namespace pgbp

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "controls/message_box.h"
+#include "services/processes.h"
+#include "startup/hand_over.h"
+#include "startup/screens.h"
+
+#include <filesystem>
+#include <functional>
+#include <string>
+
+namespace pgbp {
+
+/// What a run needs from the program it runs in: a window, the driver or a test.
+struct Host {
+    MessageBoxes& boxes;
+    FileDialogs& files;
+    Processes& processes;
+    std::filesystem::path programFolder;               ///< settings, templates and sibling programs stand here
+    std::function<DateTime()> now = Now;               ///< the clock
+    std::function<void(bool)> hourglass = [](bool) {}; ///< the pointer while a sibling program runs
+};
+
+/// One run of the module: one assessee, one assessment year. All state of the run hangs here; the variables keep the
+/// names under which the suite hands them over.
+class Run : public HandOver {
+  public:
+    explicit Run(Host programHost) : host(std::move(programHost)), screens(*this) {}
+    Run(const Run&) = delete;
+
+    const Host host;
+    const std::string title = "Vorn"; ///< the program's name in title bars and message boxes
+
+    std::filesystem::path GlDrive = "C:"; ///< folder of the hand-over file
+    bool IsSqlStore = false;              ///< `company` and `balance` live on a database server
+    bool UseNativeClient = false;         ///< which of the two server connection strings is used
+    double GlITR = 0;                     ///< return form of the assessee-year; 0 when unknown
+    bool FormCheckDone = false;           ///< the statements are in Ind AS
+    int GlBusinessKind = 0;               ///< line of the summary opened last
+    std::string GlHelpTopic;              ///< topic of the help screen
+    std::string helpFile;                 ///< the suite's help file
+
+    Connection company;
+    Connection balance;
+    Connection tax;
+    Connection qeltemp;
+    Connection misc;
+    Connection export1;
+    Connection export2;
+    Recordset rights; ///< rows of `user_comp` for the user's category; open to the end of the run
+
+    Screens screens;
+
+    /// The assessment year as the number that every year rule compares: 2023 for "2023-24".
+    int Year() const;
+    /// `Glcode` without blanks around it, as all tables hold it.
+    std::string Code() const;
+
+    /// Shows a message; `kind` is what stands behind the title: "Information", "Question" ...
+    Answer Show(const std::string& text, const std::string& kind, Icon icon, Buttons buttons = Buttons::Ok,
+                Answer byDefault = Answer::Ok) const;
+    /// The message with an information icon.
+    void Inform(const std::string& text) const;
+};
+
+} // namespace pgbp

@@ -1,0 +1,76 @@
+#include "startup/screens.h"
+
+#include "startup/run.h"
+
+#include <algorithm>
+
+namespace pgbp {
+
+Screen::Screen(Run& itsRun, std::string name, std::string captionText)
+    : Form(std::move(name), std::move(captionText), itsRun.host.boxes, itsRun.title), run(itsRun)
+{
+}
+
+void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
+
+void Screens::Show(std::string_view name, const Opening& opening) { Display(name, opening, false); }
+
+void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, true); }
+
+void Screens::Display(std::string_view name, const Opening& opening, bool modal)
+{
+    const auto factory = factories_.find(name);
+    if (factory == factories_.end()) {
+        run_.Inform("The screen " + std::string(name) + " is not there yet.");
+        return;
+    }
+    auto screen = factory->second(run_);
+    if (!opening.caption.empty())
+        screen->caption = opening.caption;
+    screen->Open(opening);
+    Screen& opened = *screen;
+    shown_.push_back({std::move(screen), modal});
+    opened.Do([&] { opened.Activate(); });
+    changed();
+}
+
+void Screens::Return()
+{
+    left_.push_back(std::move(shown_.back().screen));
+    shown_.pop_back();
+    if (Screen* below = OnDisplay())
+        below->Do([&] { below->Activate(); });
+    changed();
+}
+
+void Screens::End()
+{
+    ended_ = true;
+    for (auto& shown : shown_)
+        left_.push_back(std::move(shown.screen));
+    shown_.clear();
+    changed();
+}
+
+Screen* Screens::OnDisplay() const { return shown_.empty() ? nullptr : shown_.back().screen.get(); }
+
+Screen* Screens::Find(std::string_view name) const
+{
+    const auto found =
+        std::find_if(shown_.begin(), shown_.end(), [&](const Shown& shown) { return shown.screen->name() == name; });
+    return found == shown_.end() ? nullptr : found->screen.get();
+}
+
+std::vector<Screen*> Screens::Displayed() const
+{
+    std::vector<Screen*> displayed;
+    for (auto shown = shown_.rbegin(); shown != shown_.rend(); ++shown) {
+        displayed.push_back(shown->screen.get());
+        if (!shown->modal)
+            break;
+    }
+    std::reverse(displayed.begin(), displayed.end());
+    return displayed;
+}
+
+} // namespace pgbp

@@ -1,0 +1,85 @@
+#pragma once
+
+#include "controls/form.h"
+#include "store/recordset.h"
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pgbp {
+
+class Run;
+
+enum class Mode { Add, Edit };
+
+/// What a detail screen is opened with.
+struct Opening {
+    std::string caption; ///< of the screen; empty keeps its own
+    Mode mode = Mode::Add;
+    Record business; ///< in Edit: the row of `business` that is to be changed
+};
+
+/// A form of the module: it has the run.
+class Screen : public Form {
+  public:
+    Screen(Run& itsRun, std::string name, std::string captionText);
+
+    Run& run;
+
+    /// Comes before the first display.
+    virtual void Open(const Opening&) {}
+};
+
+/// The screens of a run: which there are, which is on display, which lie hidden below it. A screen names another one,
+/// never its class, so that no folder of screens knows the insides of another. Screens are made when first shown and
+/// unmade when left: every opening starts fresh.
+class Screens {
+  public:
+    using Factory = std::function<std::unique_ptr<Screen>(Run&)>;
+
+    explicit Screens(Run& run) : run_(run) {}
+
+    Event<> changed; ///< another screen is on display, or the run has ended
+
+    void Register(std::string name, Factory factory);
+
+    /// Hides the screen on display and shows this one. A message tells when the screen does not exist yet.
+    void Show(std::string_view name, const Opening& opening = {});
+    /// Shows the screen over the one on display, which waits.
+    void ShowModal(std::string_view name, const Opening& opening = {});
+    /// Leaves the screen on display for the one it was opened from, which becomes active.
+    void Return();
+    /// Ends the run.
+    void End();
+
+    bool Ended() const { return ended_; }
+    /// The screen on display; none before the first one and after the end.
+    Screen* OnDisplay() const;
+    /// The screen by its name among those that are loaded; none when it is not.
+    Screen* Find(std::string_view name) const;
+    /// The screens from the lowest shown one up: one, and the modal ones over it.
+    std::vector<Screen*> Displayed() const;
+
+    /// Unmakes the screens that were left. Called between two actions of the preparer, when no handler of theirs runs.
+    void Sweep() { left_.clear(); }
+
+  private:
+    struct Shown {
+        std::unique_ptr<Screen> screen;
+        bool modal;
+    };
+
+    void Display(std::string_view name, const Opening& opening, bool modal);
+
+    Run& run_;
+    std::map<std::string, Factory, std::less<>> factories_;
+    std::vector<Shown> shown_;
+    std::vector<std::unique_ptr<Screen>> left_;
+    bool ended_ = false;
+};
+
+} // namespace pgbp

@@ -1,0 +1,70 @@
+#include "startup/shared_services.h"
+
+#include "services/ini_file.h"
+#include "startup/sub_main.h"
+
+namespace pgbp {
+namespace {
+
+/// Shows the hourglass as long as it lives.
+class Hourglass {
+  public:
+    explicit Hourglass(const Host& host) : host_(host) { host_.hourglass(true); }
+    ~Hourglass() { host_.hourglass(false); }
+    Hourglass(const Hourglass&) = delete;
+
+  private:
+    const Host& host_;
+};
+
+/// Puts a hand-over file with this run's record in the place of the old one. The new file is made whole beside it
+/// first, so that a failure leaves the old one.
+void WriteHandOverFile(const Run& run)
+{
+    DataFile fresh = HandOverFile(run);
+    const auto place = fresh.path;
+    fresh.path += ".new";
+    std::filesystem::copy_file(run.host.programFolder / "VornTemp.mdb", fresh.path,
+                               std::filesystem::copy_options::overwrite_existing);
+    WriteHandOver(OpenFile(fresh), run);
+    std::filesystem::rename(fresh.path, place);
+}
+
+} // namespace
+
+void ShowNotApplicable(const Run& run, const std::string& item, const std::string& who)
+{
+    run.Show(item + " is only applicable for " + who, "Information", Icon::Exclamation);
+}
+
+void CheckPAN(const Run& run, const std::string& pan)
+{
+    clsIniFile{run.GlDrive / "vornsite.ini"}.WriteValue("CHALLAN", "PAN", pan);
+    const auto program = run.host.programFolder / "vet_pan.exe";
+    if (FileExists(program))
+        run.host.processes.Start(program);
+    else
+        run.host.boxes.Show({"Vet_Pan.exe file not found...", ""});
+}
+
+std::string PreviousYearCode(const Run& run)
+{
+    const Value year = run.company.Scalar("select max(name) as [max] from {misc} where [type] = 'YEAR' and name < ?"
+                                          " and exists (select 1 from {misc} where [type] = 'YEAR' and name = ?)",
+                                          run.Glyear, run.Glyear);
+    const Value client = run.company.Scalar("select company from {assessee1} where code = ?", run.Code());
+    if (year.IsNull() || client.IsNull())
+        return {};
+    return run.company
+        .Scalar("select code from {assessee1} where company = ? and [year] = ? order by code", client, year)
+        .Text();
+}
+
+void HandOverTo(const Run& run, const std::string& program)
+{
+    WriteHandOverFile(run);
+    const Hourglass hourglass(run.host);
+    run.host.processes.RunAndWait(run.host.programFolder / program);
+}
+
+} // namespace pgbp

@@ -1,0 +1,19 @@
+#pragma once
+
+#include "startup/run.h"
+
+namespace pgbp {
+
+/// Tells that an item is only for some assessees: item + " is only applicable for " + who.
+void ShowNotApplicable(const Run& run, const std::string& item, const std::string& who);
+
+/// Leaves the PAN where the checking program looks for it and starts that program, without waiting for it.
+void CheckPAN(const Run& run, const std::string& pan);
+
+/// `code` of the same assessee in the assessment year before this one in the suite's list; empty when there is none.
+std::string PreviousYearCode(const Run& run);
+
+/// Writes the hand-over record back, starts the sibling program of the program folder and blocks until it ends.
+void HandOverTo(const Run& run, const std::string& program);
+
+} // namespace pgbp

@@ -1,0 +1,18 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+namespace pgbp {
+
+// What the module tells apart by the status code of the assessee.
+
+inline bool IsFirm(std::string_view status) { return status == "05" || status == "06"; }
+inline bool IsCompany(std::string_view status) { return status == "12" || status == "13" || status == "15"; }
+inline bool IsTrust(std::string_view status) { return status == "08"; }
+inline bool IsIndividual(std::string_view status) { return status == "01"; }
+
+/// The status in words, for the status line.
+std::string StatusInWords(std::string_view status);
+
+} // namespace pgbp
