@@ -1,0 +1,187 @@
+#include "statements/statement_totals.h"
+
+#include "statements/amount_cell.h"
+
+#include <algorithm>
+#include <charconv>
+#include <stdexcept>
+
+namespace pgbp {
+
+/// Line 0 is the heading and holds no amount; in the sums it stands for the profit from intraday trading.
+constexpr std::size_t kIntraday = 0;
+
+/// Reads one rule into a row, a way of writing and signed terms; brackets are dissolved into signs.
+class StatementTotals::Parser {
+  public:
+    Parser(std::string_view rule, std::vector<Term>& terms) : text_(rule), rest_(rule), terms_(terms) {}
+
+    Rule Parse()
+    {
+        Rule rule{.row = Number(), .firstTerm = terms_.size()};
+        Expect("=");
+        if (Take("copy of")) {
+            rule.writing = Writing::Copied;
+            Range(1);
+        } else {
+            Expression(1);
+        }
+        if (!rest_.empty())
+            Fail();
+        if (readsIntraday_)
+            rule.writing = Writing::AsItStands;
+        rule.endTerm = terms_.size();
+        return rule;
+    }
+
+  private:
+    void Expression(double sign)
+    {
+        Operand(sign);
+        while (true) {
+            if (Take("+"))
+                Operand(sign);
+            else if (Take("-"))
+                Operand(-sign);
+            else
+                return;
+        }
+    }
+
+    void Operand(double sign)
+    {
+        if (Take("(")) {
+            Expression(sign);
+            Expect(")");
+        } else if (Take("intraday")) {
+            readsIntraday_ = true;
+            terms_.push_back({kIntraday, kIntraday, sign});
+        } else {
+            Range(sign);
+        }
+    }
+
+    void Range(double sign)
+    {
+        const std::size_t from = Number();
+        const std::size_t to = Take("..") ? Number() : from;
+        if (to < from)
+            Fail();
+        terms_.push_back({from, to, sign});
+    }
+
+    std::size_t Number()
+    {
+        SkipBlanks();
+        std::size_t number = 0;
+        const auto end = std::from_chars(rest_.data(), rest_.data() + rest_.size(), number);
+        if (end.ec != std::errc() || number == 0)
+            Fail();
+        rest_.remove_prefix(static_cast<std::size_t>(end.ptr - rest_.data()));
+        SkipBlanks();
+        return number;
+    }
+
+    bool Take(std::string_view word)
+    {
+        if (!rest_.starts_with(word))
+            return false;
+        rest_.remove_prefix(word.size());
+        SkipBlanks();
+        return true;
+    }
+
+    void Expect(std::string_view word)
+    {
+        if (!Take(word))
+            Fail();
+    }
+
+    void SkipBlanks() { rest_.remove_prefix(std::min(rest_.find_first_not_of(' '), rest_.size())); }
+
+    [[noreturn]] void Fail() const { throw std::invalid_argument("Not a rule of a total: " + std::string(text_)); }
+
+    std::string_view text_;
+    std::string_view rest_;
+    std::vector<Term>& terms_;
+    bool readsIntraday_ = false;
+};
+
+StatementTotals::StatementTotals(std::span<const std::string_view> parts, std::size_t lastRow) : lastRow_(lastRow)
+{
+    for (std::string_view part : parts) {
+        while (!part.empty()) {
+            const std::size_t end = std::min(part.find_first_of(";\n"), part.size());
+            Add(part.substr(0, end));
+            part.remove_prefix(std::min(end + 1, part.size()));
+        }
+    }
+    CollectEntries();
+}
+
+void StatementTotals::Add(std::string_view text)
+{
+    if (text.find_first_not_of(' ') == std::string_view::npos)
+        return;
+    const Rule rule = Parser(text, terms_).Parse();
+    const auto first = terms_.begin() + static_cast<std::ptrdiff_t>(rule.firstTerm);
+    const bool fits =
+        rule.row <= lastRow_ && std::all_of(first, terms_.end(), [&](const Term& term) { return term.to <= lastRow_; });
+    if (fits)
+        rules_.push_back(rule);
+    else
+        terms_.resize(rule.firstTerm);
+}
+
+void StatementTotals::CollectEntries()
+{
+    std::vector<bool> known(lastRow_ + 1);
+    known[kIntraday] = true;
+    for (const Rule& rule : rules_) {
+        for (std::size_t i = rule.firstTerm; i < rule.endTerm; ++i)
+            for (std::size_t row = terms_[i].from; row <= terms_[i].to; ++row)
+                if (!known[row]) {
+                    entries_.push_back(row);
+                    known[row] = true;
+                }
+        known[rule.row] = true;
+    }
+}
+
+double StatementTotals::Sum(const Rule& rule, const std::vector<double>& values) const
+{
+    double sum = 0;
+    for (std::size_t i = rule.firstTerm; i < rule.endTerm; ++i)
+        for (std::size_t row = terms_[i].from; row <= terms_[i].to; ++row)
+            sum += terms_[i].sign * values[row];
+    return sum;
+}
+
+void StatementTotals::Run(std::span<std::string> amounts, double intraday) const
+{
+    std::vector<double> values(lastRow_ + 1);
+    values[kIntraday] = intraday;
+    for (const std::size_t row : entries_)
+        values[row] = CellValue(amounts[row]);
+    for (const Rule& rule : rules_) {
+        std::string& cell = amounts[rule.row];
+        double& value = values[rule.row];
+        if (rule.writing == Writing::Copied) {
+            const std::size_t source = terms_[rule.firstTerm].from;
+            cell = amounts[source];
+            value = values[source];
+        } else {
+            const auto write = rule.writing == Writing::Rounded ? WriteRounded : WriteAsItStands;
+            value = write(cell, Sum(rule, values));
+        }
+    }
+}
+
+std::vector<std::size_t> StatementTotals::ComputedRows() const
+{
+    std::vector<std::size_t> rows;
+    std::transform(rules_.begin(), rules_.end(), std::back_inserter(rows), [](const Rule& rule) { return rule.row; });
+    return rows;
+}
+
+} // namespace pgbp

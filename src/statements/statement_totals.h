@@ -1,0 +1,58 @@
+#pragma once
+
+#include <cstddef>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace pgbp {
+
+/// The computed lines of one statement, made from rules over the position of a line (line 1 is the first of the
+/// template):
+///
+///     20 = 5 + 6 + 7 + 8 + 19     169 = 88 - (89..94 + 106)     69 = copy of 25     71 = 70 + intraday
+///
+/// `a..b` adds the lines a to b. Rules are worked in the order written; a later rule reads the figure that an earlier
+/// one wrote. A total is rounded to two places and grouped as it is written. A copy takes the text as it stands, and a
+/// rule with the intraday profit is written without the rounding.
+class StatementTotals {
+  public:
+    /// `parts` hold rules parted by ';' or line ends. Rules that name a line beyond `lastRow` are left out, as a
+    /// balance sheet passes through the rules of a longer form. Throws std::invalid_argument that quotes a malformed
+    /// rule.
+    StatementTotals(std::span<const std::string_view> parts, std::size_t lastRow);
+
+    /// `amounts[n]` is the text in the amount column of line n; [0] is the heading. It must reach to `lastRow`. A text
+    /// that is no number counts as 0. Throws std::overflow_error when a sum is too large to be shown.
+    void Run(std::span<std::string> amounts, double intraday = 0) const;
+
+    /// Lines that a rule writes, in the order of the rules.
+    std::vector<std::size_t> ComputedRows() const;
+
+  private:
+    enum class Writing { Rounded, AsItStands, Copied };
+    struct Term {
+        std::size_t from;
+        std::size_t to;
+        double sign;
+    };
+    struct Rule {
+        std::size_t row = 0;
+        Writing writing = Writing::Rounded;
+        std::size_t firstTerm = 0;
+        std::size_t endTerm = 0;
+    };
+    class Parser;
+
+    void Add(std::string_view text);
+    void CollectEntries();
+    double Sum(const Rule& rule, const std::vector<double>& values) const;
+
+    std::size_t lastRow_;
+    std::vector<Rule> rules_;
+    std::vector<Term> terms_;
+    std::vector<std::size_t> entries_; // lines read before any rule writes them
+};
+
+} // namespace pgbp

@@ -1,0 +1,59 @@
+#include "statements/net_profit_line.h"
+#include "statements/template_files.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+using namespace pgbp::test;
+
+namespace {
+
+/// A grid as long as the template of the form whose line n holds n thousand, grouped: line 175 shows "1,75,000".
+std::vector<std::string> Grid(const StatementForm& form)
+{
+    std::vector<std::string> amounts(TemplateNamed(TemplateName(form)).rows.size() + 1);
+    for (std::size_t line = 1; line < amounts.size(); ++line)
+        amounts[line] = line < 100 ? std::to_string(line) + ",000"
+                                   : std::to_string(line / 100) + ',' + std::to_string(line % 100 / 10) +
+                                         std::to_string(line % 10) + ",000";
+    return amounts;
+}
+
+std::string NetProfit(int year, int glITR, bool booksNotKept)
+{
+    const StatementForm form = OpenStatementForm(year, glITR, StatementKind::ProfitAndLoss);
+    return NetProfitText(OperationFor(form), form, booksNotKept, Grid(form)).value_or("unchanged");
+}
+
+} // namespace
+
+TEST(NetProfit, IsTheProfitBeforeTaxOfTheForm)
+{
+    struct Case {
+        int year, glITR;
+        const char* kept;
+        const char* notKept; ///< the last line, net profit of the no-account case
+    };
+    const Case cases[] = {
+        {2012, 4, "89,000", "1,01,000"},   {2013, 4, "89,000", "1,01,000"},   {2012, 5, "90,000", "1,03,000"},
+        {2012, 6, "91,000", "1,03,000"},   {2014, 4, "1,34,000", "1,46,000"}, {2013, 5, "1,34,000", "1,46,000"},
+        {2016, 5, "1,37,000", "1,49,000"}, {2017, 6, "136000", "1,49,000"},   {2018, 6, "148000", "1,67,000"},
+        {2017, 4, "1,35,000", "1,54,000"}, {2017, 5, "1,38,000", "1,57,000"}, {2018, 4, "1,47,000", "1,66,000"},
+        {2018, 5, "1,50,000", "1,69,000"}, {2019, 4, "1,75,000", "1,94,000"}, {2026, 5, "1,78,000", "1,97,000"},
+        {2019, 6, "175000", "1,94,000"},
+    };
+    for (const Case& c : cases) {
+        EXPECT_EQ(NetProfit(c.year, c.glITR, false), c.kept) << c.year << ' ' << c.glITR;
+        EXPECT_EQ(NetProfit(c.year, c.glITR, true), c.notKept) << c.year << ' ' << c.glITR;
+    }
+}
+
+TEST(NetProfit, OfABalanceSheetLeavesTheLabelOrTakesItsPlace)
+{
+    const StatementForm form = OpenStatementForm(2020, 4, StatementKind::BalanceSheet);
+    EXPECT_FALSE(NetProfitText(OperationFor(form), form, false, Grid(form)));
+    const StatementForm company = OpenStatementForm(2020, 6, StatementKind::BalanceSheet);
+    EXPECT_FALSE(NetProfitText(OperationFor(company), company, false, Grid(company))) << "line 175 lies beyond 107";
+    const std::vector<std::string> headingOnly(1);
+    EXPECT_FALSE(NetProfitText(OperationFor(form), form, true, headingOnly));
+}
