@@ -12,19 +12,22 @@ namespace pgbp {
 enum class FileKind { Embedded, Jet };
 
 /// What kind of store a data file is, read from the file itself. Throws StoreError that names the file and what was
-/// expected when it is missing, not readable or of an unknown kind. Nothing is created.
+/// expected when it is missing, not readable or of an unknown kind. Nothing is created. Not to be asked about a file
+/// while a transaction of this process is open on it: closing the file lets go of the process's locks on it.
 FileKind KindOf(const std::filesystem::path& file);
 
-/// A data file and whether its connection string carries the suite's password (the working file has none).
+/// A data file with what its connection string tells besides; an embedded file needs the path alone.
 struct DataFile {
     std::filesystem::path path;
     std::filesystem::path dsn;
-    bool password = true;
+    bool password = true;               ///< the suite's password; the working file has none
+    std::filesystem::path defaultDir{}; ///< empty: the folder of the file
 };
 
 /// Opens data files, one connection each, in the order given. Embedded files of one call share one session, so that one
 /// Transaction commits them together; Jet files are opened through the platform's ODBC driver. Embedded files are
-/// brought up to the present schema version first, with a copy of the file before each upgrade step.
+/// brought up to the present schema version first, with a copy of the file before each upgrade step. Throws StoreError
+/// that names the file when it is damaged, foreign or of a newer version.
 std::vector<Connection> OpenFiles(std::span<const DataFile> files);
 
 /// One file in a session of its own.

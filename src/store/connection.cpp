@@ -1,0 +1,102 @@
+#include "store/connection.h"
+
+#include "services/text.h"
+#include "store/statement.h"
+
+#include <algorithm>
+#include <cassert>
+#include <functional>
+#include <unordered_map>
+
+namespace pgbp {
+namespace {
+
+struct TextHash : std::hash<std::string_view> {
+    using is_transparent = void;
+};
+
+void RollbackAll(const std::vector<std::shared_ptr<Engine>>& engines)
+{
+    for (const auto& engine : engines)
+        engine->Rollback();
+}
+
+} // namespace
+
+struct Connection::Texts {
+    std::unordered_map<std::string, std::string, TextHash, std::equal_to<>> ready;
+};
+
+Connection::Connection(std::shared_ptr<Engine> engine, std::string tablePrefix)
+    : engine_(std::move(engine)), tablePrefix_(std::move(tablePrefix)), texts_(std::make_shared<Texts>())
+{
+}
+
+const std::string& Connection::Text(std::string_view sql) const
+{
+    if (const auto found = texts_->ready.find(sql); found != texts_->ready.end())
+        return found->second;
+    std::string text = Replace(Replace(sql, "{", tablePrefix_ + '['), "}", "]");
+    return texts_->ready.emplace(sql, std::move(text)).first->second;
+}
+
+Recordset Connection::QueryBound(std::string_view sql, std::span<const Value> values) const
+{
+    const std::string& text = Text(sql);
+    CheckValues(text, values);
+    return engine_->Query(text, values);
+}
+
+long Connection::ExecuteBound(std::string_view sql, std::span<const Value> values) const
+{
+    const std::string& text = Text(sql);
+    CheckValues(text, values);
+    return engine_->Execute(text, values);
+}
+
+void Connection::Insert(std::string_view table, std::initializer_list<Field> fields) const
+{
+    Insert(table, std::span(fields.begin(), fields.size()));
+}
+
+void Connection::Insert(std::string_view table, std::span<const Field> fields) const
+{
+    std::string columns;
+    std::string marks;
+    std::vector<Value> values;
+    values.reserve(fields.size());
+    for (const Field& field : fields) {
+        columns.append(columns.empty() ? "[" : ",[").append(field.column).append("]");
+        marks += marks.empty() ? "?" : ",?";
+        values.push_back(field.value);
+    }
+    ExecuteBound("insert into {" + std::string(table) + "} (" + columns + ") values (" + marks + ")", values);
+}
+
+Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections)
+{
+    try {
+        for (const Connection& connection : connections) {
+            if (std::find(engines_.begin(), engines_.end(), connection.engine()) != engines_.end())
+                continue;
+            connection.engine()->Begin();
+            engines_.push_back(connection.engine());
+        }
+    } catch (...) {
+        RollbackAll(engines_);
+        throw;
+    }
+}
+
+Transaction::~Transaction() { RollbackAll(engines_); }
+
+void Transaction::Commit()
+{
+    assert(!engines_.empty());
+    while (!engines_.empty()) {
+        engines_.front()->Commit();
+        engines_.erase(engines_.begin());
+    }
+}
+
+} // namespace pgbp

@@ -1,0 +1,203 @@
+#include "store/embedded_engine.h"
+
+#include "store/statement.h"
+
+#include <SQLiteCpp/SQLiteCpp.h>
+#include <sqlite3.h>
+
+#include <algorithm>
+#include <cmath>
+#include <unordered_map>
+
+namespace pgbp {
+namespace {
+
+/// A statement prepared once, with what does not change from run to run.
+struct Prepared {
+    SQLite::Statement statement;
+    std::shared_ptr<const std::vector<std::string>> columns;
+    std::vector<bool> isDate;
+    std::size_t valueCount = 0;
+};
+
+/// The type of the column behind a result; empty for an expression, which has none.
+std::string_view DeclaredType(const SQLite::Statement& statement, int column)
+{
+    try {
+        return statement.getColumnDeclaredType(column);
+    } catch (const SQLite::Exception&) {
+        return {};
+    }
+}
+
+Prepared Prepare(const SQLite::Database& database, const std::string& sql)
+{
+    SQLite::Statement statement(database, sql);
+    std::vector<std::string> columns;
+    std::vector<bool> isDate;
+    for (int i = 0; i < statement.getColumnCount(); ++i) {
+        columns.emplace_back(statement.getColumnName(i));
+        isDate.push_back(DeclaredType(statement, i) == kEmbeddedDialect.dateType);
+    }
+    return {std::move(statement), std::make_shared<const std::vector<std::string>>(std::move(columns)),
+            std::move(isDate), static_cast<std::size_t>(std::count(sql.begin(), sql.end(), '?'))};
+}
+
+struct ResetAtEnd {
+    SQLite::Statement& statement;
+    ~ResetAtEnd() { statement.tryReset(); }
+};
+
+/// A whole number goes in as an integer: a text column then holds "1" and not "1.0".
+void BindNumber(SQLite::Statement& statement, int at, double number)
+{
+    constexpr double exactIntegers = 9007199254740992.0;
+    if (std::fabs(number) < exactIntegers && number == std::trunc(number))
+        statement.bind(at, static_cast<int64_t>(number));
+    else
+        statement.bind(at, number);
+}
+
+void BindText(SQLite::Statement& statement, int at, const std::string& text)
+{
+    const std::string_view stored = WithoutTrailingBlanks(text);
+    if (stored.size() == text.size())
+        statement.bindNoCopy(at, text); // the caller's values outlive the run of the statement
+    else
+        statement.bind(at, std::string(stored));
+}
+
+void BindValue(SQLite::Statement& statement, int at, const Value& value)
+{
+    if (const auto* number = std::get_if<double>(&value.Held()))
+        BindNumber(statement, at, *number);
+    else if (const auto* text = std::get_if<std::string>(&value.Held()))
+        BindText(statement, at, *text);
+    else if (const auto* date = std::get_if<DateTime>(&value.Held()))
+        statement.bind(at, IsoText(*date));
+    else
+        statement.bind(at);
+}
+
+Value ReadText(std::string_view text, bool isDate)
+{
+    const auto date = isDate ? FromIsoText(text) : std::nullopt;
+    return date ? Value(*date) : Value(text);
+}
+
+Value ReadValue(const SQLite::Column& column, bool isDate)
+{
+    switch (column.getType()) {
+    case SQLITE_NULL:
+        return {};
+    case SQLITE_INTEGER:
+    case SQLITE_FLOAT:
+        return column.getDouble();
+    default:
+        const char* text = column.getText();
+        return ReadText({text, static_cast<std::size_t>(column.getBytes())}, isDate);
+    }
+}
+
+class EmbeddedEngine : public Engine {
+    template <typename Work>
+    auto Run(const std::string& sql, std::span<const Value> values, Work work)
+    {
+        try {
+            Prepared& prepared = Ready(sql);
+            if (prepared.valueCount != values.size())
+                throw StatementError("The statement takes another number of values.", sql, values);
+            const ResetAtEnd reset{prepared.statement};
+            for (std::size_t i = 0; i < values.size(); ++i)
+                BindValue(prepared.statement, static_cast<int>(i + 1), values[i]);
+            return work(prepared);
+        } catch (const SQLite::Exception& error) {
+            throw StatementError(error.what(), sql, values);
+        }
+    }
+
+  public:
+    explicit EmbeddedEngine(const std::filesystem::path& file)
+        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds)
+    {
+    }
+
+    void Attach(const std::filesystem::path& file, const std::string& schema)
+    {
+        SQLite::Statement attach(database_, "attach database ? as " + schema);
+        attach.bind(1, file.string());
+        attach.exec();
+    }
+
+    /// One commit covers several files only with rollback journals, which are also the ones that are safe on a share.
+    void UseRollbackJournal(const std::string& schema)
+    {
+        database_.execAndGet("select count(*) from " + schema +
+                             ".sqlite_master"); // a file's mode shows once it is read
+        database_.execAndGet("pragma " + schema + ".journal_mode = delete");
+        database_.exec("pragma " + schema + ".synchronous = full");
+    }
+
+    Recordset Query(const std::string& sql, std::span<const Value> values) override
+    {
+        return Run(sql, values, [](Prepared& prepared) {
+            std::vector<Value> cells;
+            cells.reserve(prepared.isDate.size());
+            while (prepared.statement.executeStep())
+                for (std::size_t i = 0; i < prepared.isDate.size(); ++i)
+                    cells.push_back(ReadValue(prepared.statement.getColumn(static_cast<int>(i)), prepared.isDate[i]));
+            return Recordset(prepared.columns, std::move(cells));
+        });
+    }
+
+    long Execute(const std::string& sql, std::span<const Value> values) override
+    {
+        return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
+    }
+
+    void Begin() override { Execute("begin immediate", {}); }
+    void Commit() override { Execute("commit", {}); }
+
+    void Rollback() override
+    {
+        // A full disk or a lost file has the engine roll back by itself; then there is nothing left to do.
+        if (sqlite3_get_autocommit(database_.getHandle()) == 0)
+            database_.tryExec("rollback");
+    }
+
+    const Dialect& dialect() const override { return kEmbeddedDialect; }
+
+  private:
+    Prepared& Ready(const std::string& sql)
+    {
+        const auto found = prepared_.find(sql);
+        return found != prepared_.end() ? found->second : prepared_.emplace(sql, Prepare(database_, sql)).first->second;
+    }
+
+    SQLite::Database database_;
+    std::unordered_map<std::string, Prepared> prepared_;
+};
+
+} // namespace
+
+std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path> files)
+{
+    std::shared_ptr<EmbeddedEngine> engine;
+    std::vector<Connection> connections;
+    for (const auto& file : files) {
+        const std::string schema = engine ? '[' + file.stem().string() + ']' : "main";
+        try {
+            if (engine)
+                engine->Attach(file, schema);
+            else
+                engine = std::make_shared<EmbeddedEngine>(file);
+            engine->UseRollbackJournal(schema);
+        } catch (const std::exception& error) {
+            throw FileError(file, std::string("cannot be opened as an embedded data file: ") + error.what());
+        }
+        connections.emplace_back(engine, schema + '.');
+    }
+    return connections;
+}
+
+} // namespace pgbp

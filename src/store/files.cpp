@@ -1,0 +1,92 @@
+#include "store/files.h"
+
+#include "services/text.h"
+#include "store/embedded_engine.h"
+#include "store/odbc_engine.h"
+#include "store/statement.h"
+#include "store/upgrade.h"
+
+#include <array>
+#include <fstream>
+
+namespace pgbp {
+namespace {
+
+struct Signature {
+    std::size_t at;
+    std::string_view bytes;
+    FileKind kind;
+};
+
+constexpr Signature kSignatures[] = {
+    {0, std::string_view("SQLite format 3\0", 16), FileKind::Embedded},
+    {4, "Standard Jet DB", FileKind::Jet},
+    {4, "Standard ACE DB", FileKind::Jet},
+};
+
+std::string Beginning(const std::filesystem::path& file)
+{
+    std::array<char, 32> bytes;
+    std::ifstream stream(file, std::ios::binary);
+    if (!stream.read(bytes.data(), bytes.size()) && !stream.eof())
+        throw FileError(file, "cannot be read. Check your rights to it.");
+    return {bytes.data(), static_cast<std::size_t>(stream.gcount())};
+}
+
+/// Backslashes throughout, as the platform of the Jet driver writes a path.
+std::string BackslashPath(const std::filesystem::path& path) { return Replace(path.string(), "/", "\\"); }
+
+std::string FolderOf(std::string_view backslashPath)
+{
+    return std::string(backslashPath.substr(0, backslashPath.find_last_of('\\')));
+}
+
+} // namespace
+
+FileKind KindOf(const std::filesystem::path& file)
+{
+    std::error_code ignored;
+    if (!std::filesystem::exists(file, ignored))
+        throw FileError(file, "is missing. Check the data folder.");
+    if (std::filesystem::is_directory(file, ignored))
+        throw FileError(file, "is a folder; an embedded or a Jet database was expected.");
+    const std::string beginning = Beginning(file);
+    for (const Signature& signature : kSignatures)
+        if (beginning.size() > signature.at && beginning.substr(signature.at).starts_with(signature.bytes))
+            return signature.kind;
+    throw FileError(file, "is of an unknown kind; an embedded or a Jet database was expected. Restore it from a copy.");
+}
+
+std::vector<Connection> OpenFiles(std::span<const DataFile> files)
+{
+    std::vector<Connection> connections(files.size());
+    std::vector<std::filesystem::path> embedded;
+    std::vector<std::size_t> places;
+    for (std::size_t i = 0; i < files.size(); ++i) {
+        if (KindOf(files[i].path) == FileKind::Jet) {
+            connections[i] = {OpenOdbcEngine(JetConnectionString(files[i]), kJetDialect), ""};
+            continue;
+        }
+        BringUpToDate(files[i].path);
+        embedded.push_back(files[i].path);
+        places.push_back(i);
+    }
+    const auto opened = OpenEmbeddedFiles(embedded);
+    for (std::size_t i = 0; i < opened.size(); ++i)
+        connections[places[i]] = opened[i];
+    return connections;
+}
+
+Connection OpenFile(const DataFile& file) { return OpenFiles({&file, 1}).front(); }
+
+std::string JetConnectionString(const DataFile& file)
+{
+    const std::string path = BackslashPath(file.path);
+    const std::string folder = file.defaultDir.empty() ? FolderOf(path) : BackslashPath(file.defaultDir);
+    return "DBQ=" + path + ";DefaultDir=" + folder +
+           ";Driver={Microsoft Access Driver (*.mdb)};DriverId=25;FIL=MS Access;FILEDSN=" + BackslashPath(file.dsn) +
+           ";MaxBufferSize=2048;MaxScanRows=8;PageTimeout=5;" + (file.password ? "PWD=QXZ.7;" : "") +
+           "SafeTransactions=0;Threads=3;UID=admin;UserCommitSync=Yes;";
+}
+
+} // namespace pgbp

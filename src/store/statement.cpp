@@ -1,0 +1,46 @@
+#include "store/statement.h"
+
+#include "services/utf8.h"
+
+#include <cmath>
+
+namespace pgbp {
+namespace {
+
+constexpr int kShownCharacters = 60;
+
+std::string Shown(const Value& value)
+{
+    if (value.IsNull())
+        return "Null";
+    const std::string text = value.Text();
+    const auto cut = ByteOfCharacter(text, kShownCharacters);
+    return cut == text.size() ? text : text.substr(0, cut) + "...";
+}
+
+} // namespace
+
+std::string_view WithoutTrailingBlanks(std::string_view text) { return text.substr(0, text.find_last_not_of(' ') + 1); }
+
+void CheckValues(const std::string& sql, std::span<const Value> values)
+{
+    for (const Value& value : values)
+        if (const auto* number = std::get_if<double>(&value.Held()); number && !std::isfinite(*number))
+            throw StatementError("A number to be stored is not finite.", sql, values);
+}
+
+StoreError StatementError(std::string_view words, const std::string& sql, std::span<const Value> values)
+{
+    std::string text(words);
+    text += "\nStatement: " + sql;
+    for (const Value& value : values)
+        text += (&value == values.data() ? "\nValues: " : ", ") + Shown(value);
+    return StoreError(text);
+}
+
+StoreError FileError(const std::filesystem::path& file, std::string_view words)
+{
+    return StoreError("The data file \"" + file.string() + "\" " + std::string(words));
+}
+
+} // namespace pgbp

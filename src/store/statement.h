@@ -1,0 +1,24 @@
+#pragma once
+
+#include "store/connection.h"
+
+#include <filesystem>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace pgbp {
+
+/// How every engine stores a text: without the blanks at its end, which do not count in any comparison.
+std::string_view WithoutTrailingBlanks(std::string_view text);
+
+/// Throws StoreError when a number among the values is not finite: no engine holds one.
+void CheckValues(const std::string& sql, std::span<const Value> values);
+
+/// The engine's words with the statement and its values.
+StoreError StatementError(std::string_view words, const std::string& sql, std::span<const Value> values);
+
+/// `The data file "..." ` and the words.
+StoreError FileError(const std::filesystem::path& file, std::string_view words);
+
+} // namespace pgbp

@@ -1,0 +1,163 @@
+#include "store/upgrade.h"
+
+#include "services/text.h"
+#include "store/embedded_engine.h"
+#include "store/files.h"
+#include "store/schema.h"
+#include "store/statement.h"
+
+#include <SQLiteCpp/Backup.h>
+#include <SQLiteCpp/SQLiteCpp.h>
+
+#include <algorithm>
+#include <cctype>
+
+namespace pgbp {
+namespace {
+
+using Step = void (*)(SQLite::Database&, std::string_view file);
+
+/// Files that the module writes to for good. All others are read, or made anew for each run.
+constexpr std::string_view kKeptFiles[] = {"company", "balance", "tax", "qeltemp"};
+
+bool HasTable(const SQLite::Database& database, const Table& table)
+{
+    SQLite::Statement found(database, "select 1 from sqlite_master where type = 'table' and name = ? collate nocase");
+    found.bind(1, std::string(table.name));
+    return found.executeStep();
+}
+
+bool HasColumn(const SQLite::Database& database, const Table& table, const Column& column)
+{
+    SQLite::Statement found(database, "select 1 from pragma_table_info(?) where name = ? collate nocase");
+    found.bind(1, std::string(table.name));
+    found.bind(2, std::string(column.name));
+    return found.executeStep();
+}
+
+void AddMissingColumns(SQLite::Database& database, const Table& table)
+{
+    for (const Column& column : table.columns)
+        if (!HasColumn(database, table, column))
+            database.exec("alter table [" + std::string(table.name) + "] add column " +
+                          ColumnText(column, kEmbeddedDialect));
+}
+
+std::string IndexName(const Table& table, std::string_view columns)
+{
+    std::string name = std::string(table.name) + "_" + std::string(columns);
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+    return name;
+}
+
+void AddMissingTablesAndIndexes(SQLite::Database& database, std::string_view file)
+{
+    for (const Table& table : Tables()) {
+        if (!EqualsIgnoringCase(table.file, file))
+            continue;
+        if (HasTable(database, table))
+            AddMissingColumns(database, table);
+        else
+            database.exec(CreateTableText(table, kEmbeddedDialect));
+        for (const std::string_view columns : table.indexes)
+            database.exec("create index if not exists " + IndexName(table, columns) + " on [" +
+                          std::string(table.name) + "] (" + std::string(columns) + ")");
+    }
+}
+
+/// Step n leads from version n to version n + 1.
+constexpr Step kSteps[] = {AddMissingTablesAndIndexes};
+constexpr int kSchemaVersion = static_cast<int>(std::size(kSteps));
+
+int Version(SQLite::Database& database) { return database.execAndGet("pragma user_version").getInt(); }
+
+void SetVersion(SQLite::Database& database, int version)
+{
+    database.exec("pragma user_version = " + std::to_string(version));
+}
+
+/// Through the engine, since a plain copy would let go of this process's locks on the file when it closes it.
+void CopyBeside(const std::filesystem::path& file, int version)
+{
+    const std::string copy = file.string() + ".v" + std::to_string(version) + ".bak";
+    const std::string half = copy + ".new";
+    std::filesystem::remove(half);
+    {
+        SQLite::Database source(file.string(), SQLite::OPEN_READONLY, kBusyTimeoutMilliseconds);
+        SQLite::Database target(half, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Backup(target, source).executeStep();
+    }
+    std::filesystem::rename(half, copy);
+}
+
+void UpgradeOneStep(SQLite::Database& database, const std::filesystem::path& file)
+{
+    SQLite::Transaction lock(database, SQLite::TransactionBehavior::IMMEDIATE);
+    const int version = Version(database);
+    if (version >= kSchemaVersion)
+        return; // another process was faster
+    CopyBeside(file, version);
+    kSteps[version](database, file.stem().string());
+    SetVersion(database, version + 1);
+    lock.commit();
+}
+
+/// True when the inventory knows no table of such a file, or the file holds one of them.
+bool HoldsItsTables(const SQLite::Database& database, std::string_view file)
+{
+    bool known = false;
+    for (const Table& table : Tables())
+        if (EqualsIgnoringCase(table.file, file)) {
+            known = true;
+            if (HasTable(database, table))
+                return true;
+        }
+    return !known;
+}
+
+void CheckAndUpgrade(SQLite::Database& database, const std::filesystem::path& file)
+{
+    const std::string stem = file.stem().string();
+    if (!HoldsItsTables(database, stem))
+        throw FileError(file, "is a database of another program: it holds none of the tables of \"" + stem + "\".");
+    const auto isKept = [&](std::string_view kept) { return EqualsIgnoringCase(kept, stem); };
+    if (std::none_of(std::begin(kKeptFiles), std::end(kKeptFiles), isKept))
+        return;
+    if (Version(database) > kSchemaVersion)
+        throw FileError(file, "was written by a newer version of this program. Install that version on this computer.");
+    while (Version(database) < kSchemaVersion)
+        UpgradeOneStep(database, file);
+}
+
+} // namespace
+
+void BringUpToDate(const std::filesystem::path& file)
+{
+    try {
+        SQLite::Database database(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds);
+        CheckAndUpgrade(database, file);
+    } catch (const StoreError&) {
+        throw;
+    } catch (const std::exception& error) {
+        throw FileError(file, std::string("cannot be opened as an embedded data file: ") + error.what() +
+                                  ". Restore it from a copy if it is damaged.");
+    }
+}
+
+void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file)
+{
+    if (std::filesystem::exists(path))
+        throw FileError(path, "stands already.");
+    try {
+        SQLite::Database database(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Transaction whole(database);
+        AddMissingTablesAndIndexes(database, file);
+        SetVersion(database, kSchemaVersion);
+        whole.commit();
+    } catch (const std::exception& error) {
+        throw FileError(path, std::string("cannot be made: ") + error.what());
+    }
+}
+
+} // namespace pgbp
