@@ -5,7 +5,6 @@
 #include <array>
 #include <cmath>
 #include <cstdint>
-#include <cstring>
 
 namespace pgbp {
 namespace {
@@ -13,9 +12,10 @@ namespace {
 /// As many places as a double has digits: the text of the figure itself.
 constexpr std::string_view kEveryPlace = "###0.000000000000000";
 
-/// Whole rupees up to here have a text of at most 15 digits, which every format gives back digit by digit.
+/// Whole rupees below this have at most 15 digits, which every format gives back digit by digit.
 constexpr double kExactWhole = 1e15;
-constexpr std::size_t kExactDigits = 15;
+
+bool IsExactWhole(double figure) { return std::fabs(figure) < kExactWhole && figure == std::trunc(figure); }
 
 std::string WithoutZeroPlaces(std::string text)
 {
@@ -25,58 +25,66 @@ std::string WithoutZeroPlaces(std::string text)
     return text;
 }
 
-bool IsExactWhole(double figure) { return std::fabs(figure) < kExactWhole && figure == std::trunc(figure); }
-
-/// The common case of a cell: whole rupees, grouped from the right while they are written.
-void WriteWhole(std::string& cell, double figure)
-{
-    std::array<char, 24> text;
-    char* at = text.data() + text.size();
-    auto rest = static_cast<std::uint64_t>(std::fabs(figure));
-    std::size_t digits = 0;
-    do {
-        if (digits >= 3 && digits % 2 == 1)
-            *--at = ',';
-        *--at = static_cast<char>('0' + rest % 10);
-        rest /= 10;
-        ++digits;
-    } while (rest > 0);
-    if (figure < 0)
-        *--at = '-';
-    cell.assign(at, text.data() + text.size());
-}
-
-double WriteText(std::string& cell, const std::string& places)
-{
-    cell = FormatAmountIndian(WithoutZeroPlaces(places), kIndianGrouping);
-    return Val(places);
-}
+char Digit(std::uint64_t value) { return static_cast<char>('0' + value); }
 
 } // namespace
 
-double CellValue(std::string_view cell)
+void AmountCell::SetText(std::string_view text)
 {
-    std::uint64_t rupees = 0;
-    std::size_t digits = 0;
-    for (const char c : cell) {
-        if (c == ',')
-            continue;
-        if (c < '0' || c > '9' || ++digits > kExactDigits)
-            return ParseAmount(cell);
-        rupees = rupees * 10 + static_cast<std::uint64_t>(c - '0');
+    text_ = text;
+    figure_ = ParseAmount(text);
+}
+
+void AmountCell::SetRounded(double figure)
+{
+    if (IsExactWhole(figure))
+        SetWhole(figure);
+    else
+        SetPlaces(Amount(figure));
+}
+
+void AmountCell::SetAsItStands(double figure)
+{
+    if (IsExactWhole(figure))
+        SetWhole(figure);
+    else
+        SetPlaces(Format(figure, kEveryPlace));
+}
+
+void AmountCell::SetPlaces(const std::string& places)
+{
+    text_ = FormatAmountIndian(WithoutZeroPlaces(places), kIndianGrouping);
+    figure_ = Val(places);
+}
+
+/// The common case, as amounts are entered in whole rupees: written from the right, the commas with the digits, since
+/// every key stroke writes all totals of the statement.
+void AmountCell::SetWhole(double figure)
+{
+    std::array<char, 24> buffer;
+    char* const end = buffer.data() + buffer.size();
+    char* at = end;
+    const auto putPair = [&at](std::uint64_t pair) {
+        *--at = Digit(pair % 10);
+        *--at = Digit(pair / 10);
+    };
+    auto rest = static_cast<std::uint64_t>(std::fabs(figure));
+    if (rest >= 100) {
+        *--at = Digit(rest % 10); // of the last three digits, which stand together, one goes before the pairs
+        for (rest /= 10; rest >= 100; rest /= 100) {
+            putPair(rest % 100);
+            *--at = ',';
+        }
     }
-    return static_cast<double>(rupees);
+    if (rest >= 10)
+        putPair(rest);
+    else
+        *--at = Digit(rest);
+    if (figure < 0)
+        *--at = '-';
+    text_.assign(at, end);
+    figure_ = figure;
 }
-
-double WriteRounded(std::string& cell, double figure)
-{
-    if (!IsExactWhole(figure))
-        return WriteText(cell, Amount(figure));
-    WriteWhole(cell, figure);
-    return figure;
-}
-
-double WriteAsItStands(std::string& cell, double figure) { return WriteText(cell, Format(figure, kEveryPlace)); }
 
 std::string PlainFigure(double figure) { return WithoutZeroPlaces(Format(figure, kEveryPlace)); }
 

@@ -5,17 +5,35 @@
 
 namespace pgbp {
 
-/// Number in an amount cell: what its text begins with, without the grouping commas; 0 for an empty cell.
-double CellValue(std::string_view cell);
+/// A cell of a statement's amount column: the text that the preparer sees and the number that this text stands for,
+/// read once when the text is set. The number is what the text begins with, its grouping commas left out; an empty
+/// cell, and a text that is no number, count as 0.
+class AmountCell {
+  public:
+    AmountCell() = default;
+    explicit AmountCell(std::string_view text) { SetText(text); }
 
-/// Writes a figure to an amount cell through "###0.00" and the grouping, and gives the figure as the cell now shows it.
-/// Places of zero are not shown: 1500 is "1,500", 1500.5 is "1,500.5". Throws std::overflow_error for one not finite.
-double WriteRounded(std::string& cell, double figure);
+    const std::string& text() const { return text_; }
+    double figure() const { return figure_; }
 
-/// Writes a figure with grouping and all the places it has.
-double WriteAsItStands(std::string& cell, double figure);
+    void SetText(std::string_view text);
 
-/// The figure as plain text, without grouping.
+    /// Takes a total through "###0.00" and the grouping. Places of zero are not shown: 1500 is "1,500", 1500.5 is
+    /// "1,500.5". Throws std::overflow_error for a figure that is not finite.
+    void SetRounded(double figure);
+
+    /// Takes a figure with all the places it has, grouped.
+    void SetAsItStands(double figure);
+
+  private:
+    void SetPlaces(const std::string& places);
+    void SetWhole(double figure);
+
+    std::string text_;
+    double figure_ = 0;
+};
+
+/// A figure as plain text, without grouping.
 std::string PlainFigure(double figure);
 
 } // namespace pgbp

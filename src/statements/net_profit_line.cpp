@@ -1,7 +1,5 @@
 #include "statements/net_profit_line.h"
 
-#include "statements/amount_cell.h"
-
 #include <algorithm>
 #include <limits>
 
@@ -46,13 +44,13 @@ ProfitPlace PlaceOfNetProfit(TotalsOperation operation, const StatementForm& for
 } // namespace
 
 std::optional<std::string> NetProfitText(TotalsOperation operation, const StatementForm& form, bool booksNotKept,
-                                         std::span<const std::string> amounts)
+                                         std::span<const AmountCell> amounts)
 {
     const ProfitPlace place = booksNotKept ? kLastRow : PlaceOfNetProfit(operation, form);
     const std::size_t row = place.row != 0 ? place.row : amounts.size() - std::min(place.fromEnd, amounts.size());
     if (row == 0 || row >= amounts.size())
         return std::nullopt;
-    return place.row != 0 ? PlainFigure(CellValue(amounts[row])) : amounts[row];
+    return place.row != 0 ? PlainFigure(amounts[row].figure()) : amounts[row].text();
 }
 
 } // namespace pgbp

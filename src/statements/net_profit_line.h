@@ -1,5 +1,6 @@
 #pragma once
 
+#include "statements/amount_cell.h"
 #include "statements/totals_rules.h"
 
 #include <optional>
@@ -11,6 +12,6 @@ namespace pgbp {
 /// The figure behind "Net Profit :" as the end of the operation leaves it; nothing where it leaves the label alone.
 /// `amounts` as in StatementTotals::Run, all lines of the grid.
 std::optional<std::string> NetProfitText(TotalsOperation operation, const StatementForm& form, bool booksNotKept,
-                                         std::span<const std::string> amounts);
+                                         std::span<const AmountCell> amounts);
 
 } // namespace pgbp

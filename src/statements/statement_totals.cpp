@@ -1,15 +1,10 @@
 #include "statements/statement_totals.h"
 
-#include "statements/amount_cell.h"
-
 #include <algorithm>
 #include <charconv>
 #include <stdexcept>
 
 namespace pgbp {
-
-/// Line 0 is the heading and holds no amount; in the sums it stands for the profit from intraday trading.
-constexpr std::size_t kIntraday = 0;
 
 /// Reads one rule into a row, a way of writing and signed terms; brackets are dissolved into signs.
 class StatementTotals::Parser {
@@ -28,7 +23,8 @@ class StatementTotals::Parser {
         }
         if (!rest_.empty())
             Fail();
-        if (readsIntraday_)
+        rule.intradaySign = intradaySign_;
+        if (intradaySign_ != 0)
             rule.writing = Writing::AsItStands;
         rule.endTerm = terms_.size();
         return rule;
@@ -54,8 +50,7 @@ class StatementTotals::Parser {
             Expression(sign);
             Expect(")");
         } else if (Take("intraday")) {
-            readsIntraday_ = true;
-            terms_.push_back({kIntraday, kIntraday, sign});
+            intradaySign_ = sign;
         } else {
             Range(sign);
         }
@@ -104,7 +99,7 @@ class StatementTotals::Parser {
     std::string_view text_;
     std::string_view rest_;
     std::vector<Term>& terms_;
-    bool readsIntraday_ = false;
+    double intradaySign_ = 0;
 };
 
 StatementTotals::StatementTotals(std::span<const std::string_view> parts, std::size_t lastRow) : lastRow_(lastRow)
@@ -116,7 +111,6 @@ StatementTotals::StatementTotals(std::span<const std::string_view> parts, std::s
             part.remove_prefix(std::min(end + 1, part.size()));
         }
     }
-    CollectEntries();
 }
 
 void StatementTotals::Add(std::string_view text)
@@ -133,47 +127,25 @@ void StatementTotals::Add(std::string_view text)
         terms_.resize(rule.firstTerm);
 }
 
-void StatementTotals::CollectEntries()
-{
-    std::vector<bool> known(lastRow_ + 1);
-    known[kIntraday] = true;
-    for (const Rule& rule : rules_) {
-        for (std::size_t i = rule.firstTerm; i < rule.endTerm; ++i)
-            for (std::size_t row = terms_[i].from; row <= terms_[i].to; ++row)
-                if (!known[row]) {
-                    entries_.push_back(row);
-                    known[row] = true;
-                }
-        known[rule.row] = true;
-    }
-}
-
-double StatementTotals::Sum(const Rule& rule, const std::vector<double>& values) const
+double StatementTotals::Sum(const Rule& rule, std::span<const AmountCell> amounts) const
 {
     double sum = 0;
     for (std::size_t i = rule.firstTerm; i < rule.endTerm; ++i)
         for (std::size_t row = terms_[i].from; row <= terms_[i].to; ++row)
-            sum += terms_[i].sign * values[row];
+            sum += terms_[i].sign * amounts[row].figure();
     return sum;
 }
 
-void StatementTotals::Run(std::span<std::string> amounts, double intraday) const
+void StatementTotals::Run(std::span<AmountCell> amounts, double intraday) const
 {
-    std::vector<double> values(lastRow_ + 1);
-    values[kIntraday] = intraday;
-    for (const std::size_t row : entries_)
-        values[row] = CellValue(amounts[row]);
     for (const Rule& rule : rules_) {
-        std::string& cell = amounts[rule.row];
-        double& value = values[rule.row];
-        if (rule.writing == Writing::Copied) {
-            const std::size_t source = terms_[rule.firstTerm].from;
-            cell = amounts[source];
-            value = values[source];
-        } else {
-            const auto write = rule.writing == Writing::Rounded ? WriteRounded : WriteAsItStands;
-            value = write(cell, Sum(rule, values));
-        }
+        AmountCell& cell = amounts[rule.row];
+        if (rule.writing == Writing::Copied)
+            cell = amounts[terms_[rule.firstTerm].from];
+        else if (rule.writing == Writing::Rounded)
+            cell.SetRounded(Sum(rule, amounts));
+        else
+            cell.SetAsItStands(Sum(rule, amounts) + rule.intradaySign * intraday);
     }
 }
 

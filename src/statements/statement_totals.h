@@ -1,8 +1,9 @@
 #pragma once
 
+#include "statements/amount_cell.h"
+
 #include <cstddef>
 #include <span>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -23,9 +24,9 @@ class StatementTotals {
     /// rule.
     StatementTotals(std::span<const std::string_view> parts, std::size_t lastRow);
 
-    /// `amounts[n]` is the text in the amount column of line n; [0] is the heading. It must reach to `lastRow`. A text
-    /// that is no number counts as 0. Throws std::overflow_error when a sum is too large to be shown.
-    void Run(std::span<std::string> amounts, double intraday = 0) const;
+    /// `amounts[n]` is the cell of line n, [0] stands for the heading; it must reach to `lastRow`. Throws
+    /// std::overflow_error when a sum is too large to be shown.
+    void Run(std::span<AmountCell> amounts, double intraday = 0) const;
 
     /// Lines that a rule writes, in the order of the rules.
     std::vector<std::size_t> ComputedRows() const;
@@ -42,17 +43,16 @@ class StatementTotals {
         Writing writing = Writing::Rounded;
         std::size_t firstTerm = 0;
         std::size_t endTerm = 0;
+        double intradaySign = 0;
     };
     class Parser;
 
     void Add(std::string_view text);
-    void CollectEntries();
-    double Sum(const Rule& rule, const std::vector<double>& values) const;
+    double Sum(const Rule& rule, std::span<const AmountCell> amounts) const;
 
     std::size_t lastRow_;
     std::vector<Rule> rules_;
     std::vector<Term> terms_;
-    std::vector<std::size_t> entries_; // lines read before any rule writes them
 };
 
 } // namespace pgbp

@@ -9,13 +9,11 @@ using namespace pgbp::test;
 namespace {
 
 /// A grid as long as the template of the form whose line n holds n thousand, grouped: line 175 shows "1,75,000".
-std::vector<std::string> Grid(const StatementForm& form)
+std::vector<AmountCell> Grid(const StatementForm& form)
 {
-    std::vector<std::string> amounts(TemplateNamed(TemplateName(form)).rows.size() + 1);
+    std::vector<AmountCell> amounts(TemplateNamed(TemplateName(form)).rows.size() + 1);
     for (std::size_t line = 1; line < amounts.size(); ++line)
-        amounts[line] = line < 100 ? std::to_string(line) + ",000"
-                                   : std::to_string(line / 100) + ',' + std::to_string(line % 100 / 10) +
-                                         std::to_string(line % 10) + ",000";
+        amounts[line].SetRounded(1000.0 * static_cast<double>(line));
     return amounts;
 }
 
@@ -54,6 +52,6 @@ TEST(NetProfit, OfABalanceSheetLeavesTheLabelOrTakesItsPlace)
     EXPECT_FALSE(NetProfitText(OperationFor(form), form, false, Grid(form)));
     const StatementForm company = OpenStatementForm(2020, 6, StatementKind::BalanceSheet);
     EXPECT_FALSE(NetProfitText(OperationFor(company), company, false, Grid(company))) << "line 175 lies beyond 107";
-    const std::vector<std::string> headingOnly(1);
+    const std::vector<AmountCell> headingOnly(1);
     EXPECT_FALSE(NetProfitText(OperationFor(form), form, true, headingOnly));
 }

@@ -13,13 +13,17 @@ using namespace pgbp;
 namespace {
 
 /// Runs one set of rules over a grid with these amounts in lines 1, 2, 3 ...
-std::vector<std::string> Totals(std::string_view rules, std::vector<std::string> amounts, double intraday = 0)
+std::vector<std::string> Totals(std::string_view rules, const std::vector<std::string>& amounts, double intraday = 0)
 {
-    amounts.insert(amounts.begin(), "Amount");
+    std::vector<AmountCell> cells(1);
+    for (const auto& amount : amounts)
+        cells.emplace_back(amount);
     const std::string_view parts[] = {rules};
-    StatementTotals(parts, amounts.size() - 1).Run(amounts, intraday);
-    amounts.erase(amounts.begin());
-    return amounts;
+    StatementTotals(parts, amounts.size()).Run(cells, intraday);
+    std::vector<std::string> after;
+    for (const auto& cell : std::span(cells).subspan(1))
+        after.push_back(cell.text());
+    return after;
 }
 
 using Texts = std::vector<std::string>;
@@ -105,7 +109,7 @@ TEST(StatementTotals, EveryBadCellTextIsANumberOrNothing)
         {" 7", 7},
     };
     for (const auto& [text, value] : cases)
-        EXPECT_EQ(CellValue(text), value) << '"' << text << '"';
+        EXPECT_EQ(AmountCell(text).figure(), value) << '"' << text << '"';
 }
 
 /// The short way that whole rupees take must not differ from the format, read back, and the grouping.
@@ -126,13 +130,13 @@ TEST(AmountCell, WritesWhatTheFormatAndTheGroupingGive)
                 expected.pop_back();
             if (expected.back() == '.')
                 expected.pop_back();
-            std::string cell = "before";
-            EXPECT_EQ(WriteRounded(cell, figure), readBack) << figure;
-            ASSERT_EQ(cell, FormatAmountIndian(expected, kIndianGrouping));
-            ASSERT_EQ(CellValue(cell), readBack) << cell;
+            AmountCell cell("before");
+            cell.SetRounded(figure);
+            ASSERT_EQ(cell.text(), FormatAmountIndian(expected, kIndianGrouping));
+            ASSERT_EQ(cell.figure(), readBack) << cell.text();
+            ASSERT_EQ(AmountCell(cell.text()).figure(), readBack) << cell.text();
         }
-    std::string cell;
-    EXPECT_THROW(WriteRounded(cell, std::numeric_limits<double>::infinity()), std::overflow_error);
+    EXPECT_THROW(AmountCell().SetRounded(std::numeric_limits<double>::infinity()), std::overflow_error);
     EXPECT_EQ(PlainFigure(123456.5), "123456.5");
     EXPECT_EQ(PlainFigure(-1200), "-1200");
 }
