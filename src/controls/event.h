@@ -61,6 +61,8 @@ class Property {
         return *this;
     }
 
+    Property& operator=(const Property& other) { return *this = T(other.value_); }
+
     operator const T&() const { return value_; }
     const T& get() const { return value_; }
 

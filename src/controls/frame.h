@@ -25,10 +25,10 @@ struct LayoutRow {
 
 /// How a frame is laid out. Rows give the order of the walk; what draws the form decides pixels.
 struct Layout {
-    std::vector<LayoutColumn> columns;
-    std::vector<LayoutRow> rows;
-    std::vector<Control*> buttonsLeft;  ///< ways to other places
-    std::vector<Control*> buttonsRight; ///< Save, Cancel, Back
+    std::vector<LayoutColumn> columns = {};
+    std::vector<LayoutRow> rows = {};
+    std::vector<Control*> buttonsLeft = {};  ///< ways to other places
+    std::vector<Control*> buttonsRight = {}; ///< Save, Cancel, Back
 };
 
 /// A panel with its heading; shows or hides as a unit.

@@ -79,6 +79,8 @@ void TextBox::ReplaceSelection(std::string_view utf8)
 
 bool TextBox::KeyDown(Key key)
 {
+    if (multiLine && key == Key::Enter)
+        return Type(U'\n');
     if (walks_ == Walks::Yes && (key == Key::Down || key == Key::Enter)) {
         form().FocusNext();
         return true;

@@ -50,7 +50,8 @@ class TextBox : public TextControl {
     using TextControl::operator=;
 
     Property<bool> locked{changed, false};
-    int maxLength = 0; ///< in characters; 0 is no limit
+    int maxLength = 0;      ///< in characters; 0 is no limit
+    bool multiLine = false; ///< Enter begins a new line
 
     /// The screen's own look at a pressed character: gives it back, another one, or 0 to swallow it.
     std::function<char32_t(char32_t)> onKeyPress;

@@ -17,13 +17,16 @@ void Screens::Show(std::string_view name, const Opening& opening) { Display(name
 
 void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, true); }
 
+void Screens::TellNotThereYet(std::string_view name) const
+{
+    run_.Inform("The screen " + std::string(name) + " is not there yet.");
+}
+
 void Screens::Display(std::string_view name, const Opening& opening, bool modal)
 {
     const auto factory = factories_.find(name);
-    if (factory == factories_.end()) {
-        run_.Inform("The screen " + std::string(name) + " is not there yet.");
-        return;
-    }
+    if (factory == factories_.end())
+        return TellNotThereYet(name);
     auto screen = factory->second(run_);
     if (!opening.caption.empty())
         screen->caption = opening.caption;

@@ -18,9 +18,9 @@ enum class Mode { Add, Edit };
 
 /// What a detail screen is opened with.
 struct Opening {
-    std::string caption; ///< of the screen; empty keeps its own
+    std::string caption = {}; ///< of the screen; empty keeps its own
     Mode mode = Mode::Add;
-    Record business; ///< in Edit: the row of `business` that is to be changed
+    Record business = {}; ///< in Edit: the row of `business` that is to be changed
 };
 
 /// A form of the module: it has the run.
@@ -49,6 +49,8 @@ class Screens {
 
     /// Hides the screen on display and shows this one. A message tells when the screen does not exist yet.
     void Show(std::string_view name, const Opening& opening = {});
+    /// Tells that a screen or a frame of one does not exist yet.
+    void TellNotThereYet(std::string_view name) const;
     /// Shows the screen over the one on display, which waits.
     void ShowModal(std::string_view name, const Opening& opening = {});
     /// Leaves the screen on display for the one it was opened from, which becomes active.

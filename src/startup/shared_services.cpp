@@ -67,4 +67,10 @@ void HandOverTo(const Run& run, const std::string& program)
     run.host.processes.RunAndWait(run.host.programFolder / program);
 }
 
+void ShowHelp(Run& run, const std::string& topic)
+{
+    run.GlHelpTopic = topic;
+    run.screens.ShowModal("FrmHelp");
+}
+
 } // namespace pgbp

@@ -16,4 +16,7 @@ std::string PreviousYearCode(const Run& run);
 /// Writes the hand-over record back, starts the sibling program of the program folder and blocks until it ends.
 void HandOverTo(const Run& run, const std::string& program);
 
+/// Shows the help text of a topic over the screen on display.
+void ShowHelp(Run& run, const std::string& topic);
+
 } // namespace pgbp

@@ -76,6 +76,7 @@ bool SubMain(Run& run, std::string& why)
     ReadReturnForm(run);
     OpenDataFiles(run);
     OpenRights(run);
+    run.GLrep.clear(); // from here on the summary's marker: its first display refreshes the remuneration
     run.screens.Show("frmmdi");
     return true;
 }

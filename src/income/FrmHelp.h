@@ -1,0 +1,26 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/text_controls.h"
+#include "startup/run.h"
+
+namespace pgbp {
+
+/// Shows the text of the topic in `GlHelpTopic`.
+class FrmHelp : public Screen {
+  public:
+    explicit FrmHelp(Run& itsRun);
+    void Open(const Opening& opening) override;
+    void Close() override;
+
+    frame framain{*this, "framain", "", FramePlace::Main};
+    label LblCaption{*this, "LblCaption", "", LabelLook::Heading};
+    Txt1 txtDesc{*this, "txtDesc"};
+    cmd CmdBack{*this, "CmdBack", "Close"};
+
+  private:
+    std::string TextOf(const std::string& topic) const;
+};
+
+} // namespace pgbp

@@ -1,0 +1,134 @@
+#include "income/frmReminder.h"
+
+#include "services/text.h"
+#include "store/schema.h"
+
+namespace pgbp {
+
+frmReminder::frmReminder(Run& itsRun) : Screen(itsRun, "frmReminder", "Reminder   -   (Alt + R)")
+{
+    txtmmo.multiLine = true;
+    txthead.maxLength = ColumnWidth("balance", "misc_items", "name1");
+    txthead.onKeyPress = DropQuotes;
+    framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&LV}}, {{&lblhint}}}});
+    framain.escape = &cmdhide;
+    Frame1.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field},
+                .rows = {{{&lblhead, &txthead}}, {{&txtmmo}}, {{nullptr, &lbldate}}},
+                .buttonsLeft = {&mnudel},
+                .buttonsRight = {&cmdsave, &cmdX}});
+    Frame1.escape = &mnudel;
+    cmdX.toolTip = "Save and close";
+    cmdsave.isDefault = true;
+    bar = {&cmdhide};
+
+    LV.onClick = [this](int entry) { OpenNote(entry); };
+    LV.onDoubleClick = [this](int entry) { entry == 0 ? NewNote() : OpenNote(entry); };
+    cmdsave.onClick = cmdX.onClick = [this] { Save(); };
+    mnudel.onClick = [this] { DeleteOrCancel(); };
+    cmdhide.onClick = [this] { HideOrClose(); };
+}
+
+void frmReminder::Open(const Opening&) { ShowTitles(); }
+
+void frmReminder::ShowTitles()
+{
+    std::vector<std::string> titles;
+    for (const Row row : run.balance.Query("select name1 from {misc_items} where code = ? and [Type] = 'REMINDER'" +
+                                               std::string(run.balance.dialect().insertionOrder),
+                                           run.Glcode))
+        titles.push_back(row.At(0).Text());
+    LV.SetItems(std::move(titles));
+}
+
+void frmReminder::NewNote()
+{
+    opened_.clear();
+    txthead = "";
+    txtmmo = "";
+    lbldate = "";
+    mnudel.caption = "Cancel";
+    Frame1.visible = true;
+    SetFocus(txthead);
+}
+
+void frmReminder::OpenNote(int entry)
+{
+    const std::string& title = LV.items()[static_cast<std::size_t>(entry) - 1];
+    const Recordset note = run.balance.Query(
+        "select add1, name1, date1 from {misc_items} where code = ? and name1 = ? and [Type] = 'REMINDER'", run.Glcode,
+        title);
+    if (note.Empty()) // another user deleted it meanwhile
+        return ShowTitles();
+    opened_ = note.First()["name1"].Text();
+    txtmmo = note.First()["add1"].Text();
+    txthead = opened_;
+    const auto written = note.First()["date1"].Date();
+    lbldate = written ? StampText(*written) : "";
+    mnudel.caption = "&Delete";
+    Frame1.visible = true;
+    SetFocus(txtmmo);
+}
+
+bool frmReminder::TitleExists(const std::string& title) const
+{
+    return !run.balance
+                .Query("select name1 from {misc_items} where code = ? and name1 = ? and [Type] = 'REMINDER'",
+                       run.Glcode, title)
+                .Empty();
+}
+
+void frmReminder::Save()
+{
+    const std::string title = Trim(txthead.text());
+    if (title.empty())
+        return LeaveFrame();
+    if (!EqualsIgnoringCase(title, opened_) && TitleExists(title)) {
+        run.Inform("Item Title already exists......");
+        SetFocus(txthead);
+        return;
+    }
+    Transaction transaction({run.balance});
+    const long updated =
+        opened_.empty() ? 0
+                        : run.balance.Execute("update {misc_items} set add1 = ?, name1 = ?, date1 = ? where code = ? "
+                                              "and name1 = ? and [Type] = 'REMINDER'",
+                                              txtmmo.text(), title, run.host.now(), run.Code(), opened_);
+    if (updated == 0)
+        run.balance.Insert("misc_items", {{"code", run.Code()},
+                                          {"Type", "REMINDER"},
+                                          {"add1", txtmmo.text()},
+                                          {"name1", title},
+                                          {"date1", run.host.now()}});
+    transaction.Commit();
+    ShowTitles();
+    LeaveFrame();
+}
+
+void frmReminder::DeleteOrCancel()
+{
+    if (mnudel.caption.get() == "&Delete") {
+        run.balance.Delete("from {misc_items} where code = ? and [Type] = 'REMINDER' and name1 = ?", run.Code(),
+                           opened_);
+        ShowTitles();
+    }
+    LeaveFrame();
+}
+
+void frmReminder::LeaveFrame()
+{
+    txtmmo = "";
+    txthead = "";
+    Frame1.visible = false;
+}
+
+void frmReminder::HideOrClose()
+{
+    if (Frame1.visible)
+        return Save();
+    run.GLrem = false;
+    run.screens.Return();
+}
+
+void frmReminder::Close() { HideOrClose(); }
+
+} // namespace pgbp

@@ -1,0 +1,244 @@
+#include "income/frmbusiness.h"
+
+#include "records/limits.h"
+#include "services/format.h"
+#include "services/text.h"
+#include "startup/shared_services.h"
+#include "startup/status.h"
+
+namespace pgbp {
+
+frmbusiness::frmbusiness(Run& itsRun) : Screen(itsRun, "frmbusiness", "Profits & Gains from Business or Profession")
+{
+    for (txtn* shown : {&Txt6, &Txt7, &TxtSec11})
+        shown->Set("0.00");
+    const bool isFirm = Rules().ShowsPartnerLines();
+    for (Control* control :
+         std::initializer_list<Control*>{&partners.lblpart1, &partners.lblpart2, &partners.txtlesspart1,
+                                         &partners.txtlesspart2, &partners.cmdmax, &lblafter, &lblinc})
+        control->visible = isFirm;
+    Label29.visible = LblADA.visible = Rules().Shows44ADA();
+    LblSec11.visible = TxtSec11.visible = false;
+    lblna1.visible = lblna2.visible = false;
+    for (Control* previous :
+         std::initializer_list<Control*>{&lblPrevious, &lblThis, &lbl1P, &lbl2P, &lbl3P, &lbl4P, &lbl5P, &txt6P, &txt7P,
+                                         &lbllicP, &lbltotalP, &lbllossP, &lbllastP, &cmdReport})
+        previous->visible = run.GlLarge;
+    for (Control* previous :
+         std::initializer_list<Control*>{&partners.txtlesspart1P, &partners.txtlesspart2P, &lblincP})
+        previous->visible = run.GlLarge && isFirm;
+    LayOut();
+    Wire();
+}
+
+void frmbusiness::LayOut()
+{
+    const SummaryRules rules = Rules();
+    const bool isFirm = rules.ShowsPartnerLines();
+    std::vector<LayoutRow> rows = {
+        {{nullptr, nullptr, &lblThis, &lblPrevious}, RowStyle::Heading},
+        {{&cmd1, &Label1, &lbl1, &lbl1P}},
+        {{&cmd2, &Label2, &lbl2, &lbl2P}},
+    };
+    // the caption Label5 serves section 44AF, and from 2012 section 35AD further up
+    if (rules.HasSpecified())
+        rows.push_back({{&CmdSp, &Label5, &LblSp}});
+    rows.push_back({{&cmd3, &Label3, &lbl3, &lbl3P}});
+    rows.push_back({{&cmd9, &Label29, &LblADA}});
+    rows.push_back({{&cmd4, &Label4, &lbl4, &lbl4P}});
+    if (!rules.HasSpecified())
+        rows.push_back({{&cmd5, &Label5, &lbl5, &lbl5P}});
+    const std::vector<LayoutRow> more = {
+        {{&cmd6, &Label6, isFirm ? static_cast<Control*>(&lblna1) : &Txt6, &txt6P}},
+        {{&cmd7, &Label7, isFirm ? static_cast<Control*>(&lblna2) : &Txt7, &txt7P}},
+        {{&cmdlic, &Label8, &lbllic, &lbllicP, &ImgHelp}},
+        {{nullptr, &Label26, &Label27}},
+        {{nullptr, &Label9, &lbltotal, &lbltotalP}, RowStyle::Total},
+        {{nullptr, &partners.lblpart1, &partners.txtlesspart1, &partners.txtlesspart1P}},
+        {{&partners.cmdmax, &partners.lblpart2, &partners.txtlesspart2, &partners.txtlesspart2P}},
+        {{nullptr, &lblafter, &lblinc, &lblincP}, RowStyle::Total},
+        {{nullptr, &Label10, &lblloss, &lbllossP}},
+        {{nullptr, &Label11, &lbllast, &lbllastP}, RowStyle::Final},
+        {{nullptr, &LblSec11, &TxtSec11}},
+    };
+    rows.insert(rows.end(), more.begin(), more.end());
+    framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount, LayoutColumn::Amount,
+                             LayoutColumn::Button},
+                 .rows = std::move(rows),
+                 .buttonsLeft = {&CmdGST, &cmdReport}});
+    CmdBack.isDefault = true;
+    bar = {&CmdBack};
+}
+
+void frmbusiness::Wire()
+{
+    cmd1.onClick = [this] {
+        run.GlBusinessKind = kNormal;
+        run.GLrep = "ASDF"; // the remuneration is refreshed when the preparer comes back
+        lines.Open(kNormal);
+    };
+    cmd2.onClick = [this] {
+        run.GlBusinessKind = kSpeculation;
+        lines.Open(kSpeculation);
+    };
+    CmdSp.onClick = [this] {
+        run.GlBusinessKind = kSpecified;
+        lines.Open(kSpecified);
+    };
+    cmd3.onClick = [this] { OpenOneLine(kPresumptive44AD, Label3.text()); };
+    cmd4.onClick = [this] { OpenTransport(); };
+    cmd5.onClick = [this] { OpenRetail(); };
+    cmd6.onClick = [this] { OpenFirms(); };
+    cmd7.onClick = [this] { OpenAop(); };
+    cmd9.onClick = [this] { OpenProfession(); };
+    cmdlic.onClick = [this] { OpenCommission(); };
+    CmdGST.onClick = [this] { run.screens.Show("FrmGST"); };
+    ImgHelp.onClick = [this] { ShowHelp(run, ImgHelp.toolTip); };
+    cmdReport.onClick = [this] { ReportOnPreviousYear(); };
+    CmdBack.onClick = [this] { Back(); };
+    cmdr.onClick = [this] { run.screens.ShowModal("frmReminder"); };
+    partners.txtlesspart1.onChange = partners.txtlesspart2.onChange = [this] { AddUpAfterPartners(); };
+    TxtSec11.onLostFocus = [this] { StoreIncomeUnderSection11(); };
+}
+
+bool frmbusiness::RefuseMinor() const
+{
+    if (run.GLminor != 0)
+        run.Inform("This Option is not available for minors.");
+    return run.GLminor != 0;
+}
+
+void frmbusiness::OpenOneLine(BusinessKind kind, const std::string& screenCaption)
+{
+    run.GlBusinessKind = kind;
+    if (RefuseMinor())
+        return;
+    run.GLrep = "ASDF";
+    Opening opening{.caption = screenCaption};
+    const Recordset line = run.company.Query("select * from {business} where code = ? and [Type] = ?" +
+                                                 std::string(run.company.dialect().insertionOrder),
+                                             run.Glcode, TypeOf(kind));
+    if (!line.Empty()) {
+        opening.mode = Mode::Edit;
+        opening.business = Record(line.First());
+    }
+    run.screens.Show("frmbusinesscal", opening);
+}
+
+void frmbusiness::OpenRetail()
+{
+    run.GlBusinessKind = kRetail44AF;
+    if (!Rules().Has44AF()) {
+        boxes().Show({"This section is now removed...", ""});
+        return;
+    }
+    OpenOneLine(kRetail44AF, "Retail Trading u/s 44AF");
+}
+
+void frmbusiness::OpenProfession()
+{
+    run.GlBusinessKind = kProfession44ADA;
+    if (!Rules().Offers44ADA())
+        return run.Inform("Section 44ADA is applicable for Y 2017-18");
+    OpenOneLine(kProfession44ADA, Label29.text());
+}
+
+void frmbusiness::OpenTransport()
+{
+    run.GlBusinessKind = kTransport44AE;
+    if (!Rules().VehiclesByScreen()) {
+        PlantVehicleLimits2015(run);
+        return OpenOneLine(kTransport44AE, "Transport Business u/s 44AE");
+    }
+    if (!RefuseMinor())
+        run.screens.Show("Frm44AENew");
+}
+
+void frmbusiness::OpenFirms()
+{
+    run.GlBusinessKind = kFirmIncome;
+    if (IsFirm(run.Glstatus))
+        return ShowNotApplicable(run, "Remu./Intt from Partnership Firm", "Other than Partnership Firm");
+    if (Rules().FirmsByScreen())
+        return run.screens.Show("FrmFirm");
+    run.screens.TellNotThereYet("fra2");
+}
+
+void frmbusiness::OpenAop()
+{
+    run.GlBusinessKind = kAopShare;
+    if (IsFirm(run.Glstatus))
+        return ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
+    run.screens.TellNotThereYet("fra2");
+}
+
+void frmbusiness::OpenCommission()
+{
+    if (!RefuseMinor())
+        run.screens.TellNotThereYet("fralic");
+}
+
+void frmbusiness::StoreIncomeUnderSection11()
+{
+    Transaction transaction({run.balance});
+    run.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
+    run.balance.Insert("qelgeneral", {{"code", run.Code()}, {"Type", "SEC(11)4"}, {"amt1", Val(TxtSec11)}});
+    transaction.Commit();
+}
+
+void frmbusiness::Back()
+{
+    if (lines.fra1.visible)
+        return lines.Leave();
+    StoreHeadOfIncome();
+    run.screens.End();
+}
+
+void frmbusiness::Close() { run.screens.End(); }
+
+/// The head of income as the suite's computation and return programs read it.
+void frmbusiness::StoreHeadOfIncome() const
+{
+    const std::string code = run.Code();
+    Transaction transaction({run.balance});
+    run.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'BUSI'", code);
+    run.balance.Insert("qelgeneral", {{"Type", "BUSI"},
+                                      {"code", code},
+                                      {"amt1", Val(lbl1)},
+                                      {"amt2", Val(lbl2)},
+                                      {"amt3", Val(lbl3)},
+                                      {"amt4", Val(lbl4)},
+                                      {"amt5", Val(lbl5)},
+                                      {"amt6", Val(Txt6)},
+                                      {"amt7", Val(Txt7)},
+                                      {"amt8", Val(lbllic)},
+                                      {"amt9", Val(lbltotal)},
+                                      {"Amt10", Val(partners.txtlesspart1)},
+                                      {"amt11", Val(partners.txtlesspart2)},
+                                      {"amt12", Val(lblinc)},
+                                      {"amt13", Val(lblloss)},
+                                      {"amt14", Val(lbllast)}});
+    transaction.Commit();
+}
+
+/// The report shows the year of the comparative column, so the record goes out under that year's code.
+void frmbusiness::ReportOnPreviousYear()
+{
+    struct Restore {
+        Run& run;
+        std::string code = run.Glcode;
+        std::string year = run.Glyear;
+        ~Restore()
+        {
+            run.Glcode = code;
+            run.Glyear = year;
+        }
+    } restore{run};
+    const auto letter = run.GlPrCode.find('r'); // the year stands behind it
+    run.Glcode = run.GlPrCode;
+    run.Glyear = letter == std::string::npos ? "" : run.GlPrCode.substr(letter + 1);
+    run.GLrep = "PGBP";
+    HandOverTo(run, "VornRep.exe");
+}
+
+} // namespace pgbp

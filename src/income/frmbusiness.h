@@ -1,0 +1,147 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/text_controls.h"
+#include "income/line_list.h"
+#include "income/partner_deductions.h"
+#include "income/summary_rules.h"
+#include "startup/run.h"
+
+namespace pgbp {
+
+/// The hub of the module: one line per kind of business income, their total, the deductions of a firm's partners, the
+/// set-off of earlier losses and the final figure. Computes nothing about a business itself: it sums what the detail
+/// screens have stored, anew each time it becomes active. Its buttons open those screens.
+class frmbusiness : public Screen {
+  public:
+    explicit frmbusiness(Run& itsRun);
+
+    /// Recomputes everything from the stored rows.
+    void Activate() override;
+    /// Closing the window ends the run without the summary row.
+    void Close() override;
+
+    frame framain{*this, "framain", "", FramePlace::Main};
+    label lblThis{*this, "lblThis", "This year", LabelLook::Hint};
+    label lblPrevious{*this, "lblPrevious", "Previous Year", LabelLook::Hint};
+
+    cmd cmd1{*this, "cmd1", "Normal Business"};
+    label Label1{*this, "Label1", "Normal Business :"};
+    label lbl1{*this, "lbl1", "0.00", LabelLook::Amount};
+    label lbl1P{*this, "lbl1P", "0.00", LabelLook::Amount};
+
+    cmd cmd2{*this, "cmd2", "Speculation"};
+    label Label2{*this, "Label2", "Speculation Business :"};
+    label lbl2{*this, "lbl2", "0.00", LabelLook::Amount};
+    label lbl2P{*this, "lbl2P", "0.00", LabelLook::Amount};
+
+    cmd CmdSp{*this, "CmdSp", "Specified u/s 35AD"};
+    label LblSp{*this, "LblSp", "0.00", LabelLook::Amount};
+
+    cmd cmd3{*this, "cmd3", "Business u/s 44AD"};
+    label Label3{*this, "Label3", "Construction Business u/s 44AD :"};
+    label lbl3{*this, "lbl3", "0.00", LabelLook::Amount};
+    label lbl3P{*this, "lbl3P", "0.00", LabelLook::Amount};
+
+    cmd cmd9{*this, "cmd9", "Profession u/s 44ADA"};
+    label Label29{*this, "Label29", "Professional Income u/s 44ADA :"};
+    label LblADA{*this, "LblADA", "0.00", LabelLook::Amount};
+
+    cmd cmd4{*this, "cmd4", "Transport u/s 44AE"};
+    label Label4{*this, "Label4", "Transport Business u/s 44 AE :"};
+    label lbl4{*this, "lbl4", "0.00", LabelLook::Amount};
+    label lbl4P{*this, "lbl4P", "0.00", LabelLook::Amount};
+
+    cmd cmd5{*this, "cmd5", "Retail u/s 44AF"};
+    label Label5{*this, "Label5", "Retail Trading u/s 44 AF :"};
+    label lbl5{*this, "lbl5", "0.00", LabelLook::Amount};
+    label lbl5P{*this, "lbl5P", "0.00", LabelLook::Amount};
+
+    cmd cmd6{*this, "cmd6", "Partnership Firm"};
+    label Label6{*this, "Label6", "Rem./Intt. from Partnership Firm :"};
+    txtn Txt6{*this, "Txt6"};
+    label lblna1{*this, "lblna1", "Not Allowed", LabelLook::Hint};
+    label txt6P{*this, "txt6P", "0.00", LabelLook::Amount};
+
+    cmd cmd7{*this, "cmd7", "AOP/BOI"};
+    label Label7{*this, "Label7", "Share from AOP/BOI :"};
+    txtn Txt7{*this, "Txt7"};
+    label lblna2{*this, "lblna2", "Not Allowed", LabelLook::Hint};
+    label txt7P{*this, "txt7P", "0.00", LabelLook::Amount};
+
+    cmd cmdlic{*this, "cmdlic", "Commission"};
+    label Label8{*this, "Label8", "Commission from LIC, UTI etc. :"};
+    label lbllic{*this, "lbllic", "0.00", LabelLook::Amount};
+    label lbllicP{*this, "lbllicP", "0.00", LabelLook::Amount};
+    image ImgHelp{*this, "ImgHelp", "Maximum Deduction ?"};
+
+    label Label26{*this, "Label26", "Adjustment Th. Tax Audit Report :"};
+    label Label27{*this, "Label27", "0.00", LabelLook::Amount};
+
+    label Label9{*this, "Label9", "Total"};
+    label lbltotal{*this, "lbltotal", "0.00", LabelLook::Amount};
+    label lbltotalP{*this, "lbltotalP", "0.00", LabelLook::Amount};
+
+    PartnerDeductions partners{*this};
+    label lblafter{*this, "lblafter", "Income after Interest && Remuneration :"};
+    label lblinc{*this, "lblinc", "0.00", LabelLook::Amount};
+    label lblincP{*this, "lblincP", "0.00", LabelLook::Amount};
+
+    label Label10{*this, "Label10", "S/off ag. P. Year losses :"};
+    label lblloss{*this, "lblloss", "0.00", LabelLook::Amount};
+    label lbllossP{*this, "lbllossP", "0.00", LabelLook::Amount};
+    label Label11{*this, "Label11", "Profits && Gains from Business or Profession :"};
+    label lbllast{*this, "lbllast", "0.00", LabelLook::Amount};
+    label lbllastP{*this, "lbllastP", "0.00", LabelLook::Amount};
+
+    label LblSec11{*this, "LblSec11", "Business Income as shown u/s 11(4) :"};
+    txtn TxtSec11{*this, "TxtSec11"};
+
+    cmd CmdGST{*this, "CmdGST", "GST Return Details"};
+    cmd cmdReport{*this, "cmdReport", "&Details"};
+    cmd CmdBack{*this, "CmdBack", "&Back"};
+    cmd cmdr{*this, "cmdr", "&R"}; ///< laid out nowhere: only its hot key Alt+R reaches it
+
+    LineList lines{*this}; ///< the list of lines, `fra1`
+
+    double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
+
+  private:
+    SummaryRules Rules() const { return {run.Year(), run.Glstatus}; }
+
+    void LayOut();
+    void Wire();
+
+    // the recompute, step by step in its order
+    void OpenGst();
+    void NoteWhetherBusinessExists();
+    void DeleteRetailLines();
+    void CloseExemptShares();
+    void ShowIncomeUnderSection11();
+    void ShowLines();
+    void ShowAuditAdjustment();
+    void ShowCommission();
+    void ShowSetOff();
+    void AddUp();
+    void AddUpAfterPartners();
+    void LockWhenLocked();
+    void ShowPreviousYear();
+
+    // the ways to the detail screens
+    void OpenOneLine(BusinessKind kind, const std::string& screenCaption);
+    void OpenRetail();
+    void OpenProfession();
+    void OpenTransport();
+    void OpenFirms();
+    void OpenAop();
+    void OpenCommission();
+    bool RefuseMinor() const;
+
+    void StoreIncomeUnderSection11();
+    void Back();
+    void StoreHeadOfIncome() const;
+    void ReportOnPreviousYear();
+};
+
+} // namespace pgbp

@@ -1,0 +1,156 @@
+#include "income/partner_deductions.h"
+
+#include "income/frmbusiness.h"
+#include "law/remuneration_limit.h"
+#include "records/keys.h"
+#include "services/format.h"
+
+#include <algorithm>
+
+namespace pgbp {
+namespace {
+
+constexpr std::string_view kMarkerSeen = "New"; ///< `GLrep` after the remuneration was refreshed
+
+/// The assessee's own row comes before a child's, and the row without a minor before one with 0.
+Value DeductedAmount(const Run& run, std::string_view type)
+{
+    const Recordset rows = QueryOfMinor(run, "select amt1, minor from {business1} where code = ? and [Type] = ?",
+                                        {run.Glcode, type}, run.company.dialect().insertionOrder);
+    const auto rank = [](const Row& row) { return row["minor"].IsNull() ? 0 : row["minor"].Flag() ? 2 : 1; };
+    Value amount;
+    int best = 3;
+    for (const Row row : rows)
+        if (rank(row) < best) {
+            best = rank(row);
+            amount = row["amt1"];
+        }
+    return amount;
+}
+
+} // namespace
+
+PartnerDeductions::PartnerDeductions(frmbusiness& summary)
+    : form(summary), lblpart1(summary, "lblpart1", "Less : Interest"), txtlesspart1(summary, "txtlesspart1"),
+      txtlesspart1P(summary, "txtlesspart1P", "0.00", LabelLook::Amount),
+      cmdmax(summary, "cmdmax", "Calculate Maximum Remuneration"), lblpart2(summary, "lblpart2", "Less : Remuneration"),
+      txtlesspart2(summary, "txtlesspart2"), txtlesspart2P(summary, "txtlesspart2P", "0.00", LabelLook::Amount),
+      run_(summary.run), interest_{txtlesspart1, "LESSINTT", "Interest to partners", true},
+      remuneration_{txtlesspart2, "LESSREMU", "Remuneration to partners", false}
+{
+    txtlesspart1.Set("0.00");
+    txtlesspart2.Set("0.00");
+    txtlesspart1.onLostFocus = [this] { Leave(interest_); };
+    txtlesspart2.onLostFocus = [this] { Leave(remuneration_); };
+    cmdmax.onClick = [this] { CalculateMaximum(); };
+}
+
+void PartnerDeductions::Show()
+{
+    for (const auto& [field, type, name, zero] : {interest_, remuneration_})
+        if (const Value amount = DeductedAmount(run_, type); !amount.IsNull())
+            field = Amount(amount.Number());
+}
+
+void PartnerDeductions::TakeInterestFromPartners()
+{
+    txtlesspart1.enabled = run_.GLlock == 0;
+    const Recordset partners = run_.company.Query(
+        "select amt3 from {business1} where code = ? and [Type] = 'PARTINTT' and amt3 <> 0", run_.Glcode);
+    if (partners.Empty())
+        return;
+    txtlesspart1 = "0.00";
+    txtlesspart1.enabled = false;
+    for (const Row partner : partners)
+        txtlesspart1 = Amount(Val(txtlesspart1) + partner.At(0).Number());
+    Leave(interest_);
+}
+
+void PartnerDeductions::RefreshRemuneration()
+{
+    if (run_.GLrep == kMarkerSeen)
+        return;
+    run_.GLrep = kMarkerSeen;
+    if (!cmdmax.visible)
+        return;
+    const Recordset setup = run_.company.Query("select auto_rem from {setup} where code = ?", run_.Glcode);
+    if (!setup.Empty() && !setup.First().At(0).Flag())
+        CalculateMaximum();
+}
+
+/// Section 40(b)(v): the limit on the book profit, but not more than the partners were paid.
+void PartnerDeductions::CalculateMaximum()
+{
+    double exempt = 0;
+    if (SummaryRules{run_.Year(), run_.Glstatus}.AddsExemptToProfit())
+        exempt = run_.company
+                     .Scalar("select sum(amt1) as [Tot] from {business1} where code = ? and "
+                             "([Type] = '544' or [Type] = 'less')",
+                             run_.Glcode)
+                     .Number();
+    const double bookProfit = Val(form.lbltotal) + exempt - Val(txtlesspart1);
+    txtlesspart2 = Amount(RoundOff(RemunerationLimit(bookProfit, run_.Year(), run_.Glstatus), 0));
+    const double paid =
+        run_.company
+            .Scalar("select sum(amt1) as [tot] from {business1} where code = ? and [Type] = 'PARTREMU'", run_.Glcode)
+            .Number();
+    if (Val(txtlesspart2) > paid)
+        txtlesspart2 = Amount(RoundOff(paid, 0));
+
+    const Recordset stored =
+        run_.company.Query("select amt1 from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
+    if (stored.Size() == 1 && stored.First().At(0).Number() == Val(txtlesspart2))
+        return;
+    Transaction transaction({run_.company});
+    run_.company.Delete("from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
+    run_.company.Insert("business1", {{"code", run_.Code()},
+                                      {"name1", remuneration_.name},
+                                      {"amt1", Val(txtlesspart2)},
+                                      {"Type", remuneration_.type}});
+    transaction.Commit();
+}
+
+void PartnerDeductions::Leave(const Deduction& deduction) const
+{
+    if (deduction.field.text().empty())
+        deduction.field = "0.00";
+    if (!IsStored(deduction, Val(deduction.field)))
+        Store(deduction);
+}
+
+/// The condition of the rows that a new row replaces. The remuneration keeps a stored minor of 0.
+std::string PartnerDeductions::OwnRows(const Deduction& deduction) const
+{
+    if (run_.GLminor != 0)
+        return "from {business1} where code = ? and [Type] = ? and minor = ?";
+    const Dialect& words = run_.company.dialect();
+    return "from {business1} where code = ? and [Type] = ? and " +
+           std::string(deduction.zeroMinorIsOwn ? words.noMinorOrZero : words.noMinor);
+}
+
+/// The rows are written only when they would differ: walking through the field costs the store nothing.
+bool PartnerDeductions::IsStored(const Deduction& deduction, double rupees) const
+{
+    std::vector<Value> values{run_.Glcode, deduction.type};
+    if (run_.GLminor != 0)
+        values.emplace_back(run_.GLminor);
+    const Recordset rows = run_.company.QueryBound("select amt1 " + OwnRows(deduction), values);
+    return rows.Size() == 1 && rows.First().At(0).Number() == rupees;
+}
+
+void PartnerDeductions::Store(const Deduction& deduction) const
+{
+    std::vector<Value> values{run_.Glcode, deduction.type};
+    if (run_.GLminor != 0)
+        values.emplace_back(run_.GLminor);
+    Transaction transaction({run_.company});
+    run_.company.ExecuteBound(std::string(run_.company.dialect().DeleteWord) + OwnRows(deduction), values);
+    run_.company.Insert("business1", {{"code", run_.Code()},
+                                      {"name1", deduction.name},
+                                      {"amt1", Val(deduction.field)},
+                                      {"Type", deduction.type},
+                                      {"Minor", MinorOfRun(run_)}});
+    transaction.Commit();
+}
+
+} // namespace pgbp

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/text_controls.h"
+#include "startup/run.h"
+
+namespace pgbp {
+
+class frmbusiness;
+
+/// The part of the summary that is a firm's alone: interest and remuneration of the partners, deducted from the total,
+/// and the limit of the remuneration.
+class PartnerDeductions {
+  public:
+    explicit PartnerDeductions(frmbusiness& summary);
+
+    /// Shows the stored deductions.
+    void Show();
+    /// Takes the interest from the partners' own rows, where there are any; it can not be typed then.
+    void TakeInterestFromPartners();
+    /// Calculates the remuneration once after a line of business was open, unless the firm keeps it by hand.
+    void RefreshRemuneration();
+
+    frmbusiness& form;
+    label lblpart1;
+    txtn txtlesspart1;
+    label txtlesspart1P;
+    cmd cmdmax;
+    label lblpart2;
+    txtn txtlesspart2;
+    label txtlesspart2P;
+
+  private:
+    struct Deduction {
+        txtn& field;
+        std::string_view type;
+        std::string_view name;
+        bool zeroMinorIsOwn; ///< a stored minor of 0 is replaced too, as Null is
+    };
+
+    void CalculateMaximum();
+    void Leave(const Deduction& deduction) const;
+    void Store(const Deduction& deduction) const;
+    bool IsStored(const Deduction& deduction, double rupees) const;
+    std::string OwnRows(const Deduction& deduction) const;
+
+    Run& run_;
+    Deduction interest_;
+    Deduction remuneration_;
+};
+
+} // namespace pgbp

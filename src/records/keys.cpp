@@ -1,0 +1,23 @@
+#include "records/keys.h"
+
+namespace pgbp {
+
+Recordset QueryOfMinor(const Run& run, std::string sql, std::vector<Value> values, std::string_view behind)
+{
+    if (run.GLminor != 0) {
+        sql += " and minor = ?";
+        values.emplace_back(run.GLminor);
+    }
+    sql += behind;
+    return run.company.QueryBound(sql, values);
+}
+
+Value MinorOfRun(const Run& run) { return run.GLminor != 0 ? Value(run.GLminor) : Value(); }
+
+double NextSno(const Run& run)
+{
+    const double next = run.company.Scalar("select max(sno) as [max] from {business}").Number() + 1;
+    return next == kUnsavedLine ? next + 1 : next;
+}
+
+} // namespace pgbp

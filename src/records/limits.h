@@ -1,0 +1,18 @@
+#pragma once
+
+#include "startup/run.h"
+
+namespace pgbp {
+
+/// The commission limit: the last "LIC" row dated up to the end of the previous year, 31 March of the assessment year;
+/// 0 when there is none. Rupees.
+double CommissionLimit(const Run& run);
+
+/// Adds the presumptive limits of assessment year 2017-18 where an older tax file misses them.
+void PlantLimits2017(const Run& run);
+
+/// Adds the income per vehicle and month of section 44AE from assessment year 2015-16 where an older tax file misses
+/// it.
+void PlantVehicleLimits2015(const Run& run);
+
+} // namespace pgbp

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "startup/run.h"
+
+namespace pgbp {
+
+/// Number of a line of the summary, as `GlBusinessKind` holds it.
+enum BusinessKind {
+    kNormal = 1,
+    kSpeculation = 2,
+    kPresumptive44AD = 3,
+    kTransport44AE = 4,
+    kRetail44AF = 5,
+    kFirmIncome = 6,
+    kAopShare = 7,
+    kSpecified = 8,
+    kProfession44ADA = 12
+};
+
+/// `type` of a kind's rows in `business`.
+std::string_view TypeOf(BusinessKind kind);
+
+/// Deletes a line of business with everything that hangs on it, all or nothing. Speculation and specified lines have
+/// only their list rows and schedule cells; of the other kinds, rows that belong to no single line go for the whole
+/// assessee.
+void DeleteLine(const Run& run, BusinessKind kind, double sno);
+
+/// Deletes the schedule cells whose line of business is gone.
+void DeleteOrphanCells(const Run& run);
+
+} // namespace pgbp
