@@ -11,7 +11,8 @@
 
 namespace pgbp::xls {
 
-static_assert(std::endian::native == std::endian::little, "the format is little-endian, and numbers are copied as they are");
+static_assert(std::endian::native == std::endian::little,
+              "the format is little-endian, and numbers are copied as they are");
 
 /// Appends a number of the format: unsigned integers of 1 to 8 bytes and doubles.
 template <typename Number>

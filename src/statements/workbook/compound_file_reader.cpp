@@ -22,8 +22,8 @@ std::uint32_t HeaderNumber(std::string_view file, std::size_t at)
     return *number;
 }
 
-/// Sectors of one size, and for each the number of the one that follows it in its chain. The bytes of a stream are never
-/// more than those of all sectors, so a chain that runs in a circle ends at that size.
+/// Sectors of one size, and for each the number of the one that follows it in its chain. The bytes of a stream are
+/// never more than those of all sectors, so a chain that runs in a circle ends at that size.
 struct Sectors {
     std::string_view bytes;
     std::size_t sectorSize;
@@ -145,9 +145,10 @@ bool SameName(std::string_view a, std::string_view b)
 std::optional<std::string> ReadStream(std::string_view file, std::string_view streamName)
 {
     if (!file.starts_with(kSignature))
-        throw WorkbookError(file.starts_with("PK") ? "The file is a newer kind of workbook (.xlsx or .ods), not one in the "
-                                                     "Excel 97-2003 format (.xls)."
-                                                   : "The file is not a workbook in the Excel 97-2003 format (.xls).");
+        throw WorkbookError(file.starts_with("PK")
+                                ? "The file is a newer kind of workbook (.xlsx or .ods), not one in the "
+                                  "Excel 97-2003 format (.xls)."
+                                : "The file is not a workbook in the Excel 97-2003 format (.xls).");
     const Sectors big = BigSectors(file);
     const auto entries = Entries(big.ReadToEnd(HeaderNumber(file, 0x30)));
     if (entries.empty() || entries.front().type != kRootEntry)

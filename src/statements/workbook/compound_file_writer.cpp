@@ -15,7 +15,8 @@ std::uint32_t Id(std::size_t number) { return static_cast<std::uint32_t>(number)
 
 std::size_t SectorsFor(std::size_t count, std::size_t perSector) { return (count + perSector - 1) / perSector; }
 
-/// Where each part begins, in sectors: the stream, the directory, the allocation table, the list of the table's sectors.
+/// Where each part begins, in sectors: the stream, the directory, the allocation table, the list of the table's
+/// sectors.
 struct Layout {
     std::size_t streamSectors;
     std::size_t fatSectors;
@@ -43,7 +44,10 @@ void AppendIds(std::string& bytes, std::size_t count, std::uint32_t id)
         Append(bytes, id);
 }
 
-void FillSector(std::string& bytes, char with) { bytes.resize(SectorsFor(bytes.size(), kSectorSize) * kSectorSize, with); }
+void FillSector(std::string& bytes, char with)
+{
+    bytes.resize(SectorsFor(bytes.size(), kSectorSize) * kSectorSize, with);
+}
 
 /// The numbers of `count` table sectors from the `first` on, filled up to `room` numbers.
 void AppendFatIds(std::string& bytes, const Layout& layout, std::size_t first, std::size_t room)

@@ -43,13 +43,13 @@ Record& Record::Bytes(std::string_view bytes)
     return *this;
 }
 
-EncodedText Encode(std::string_view text, std::size_t longest, const std::string& what)
+EncodedText Encode(std::string_view text, std::size_t longest)
 {
     const auto units = Utf16FromUtf8(text);
     if (!units)
-        throw WorkbookError(what + " is not UTF-8.");
+        throw WorkbookError("the text is not UTF-8.");
     if (units->size() > longest)
-        throw WorkbookError(what + " is longer than " + std::to_string(longest) + " characters.");
+        throw WorkbookError("the text is longer than " + std::to_string(longest) + " characters.");
     EncodedText encoded{std::ranges::any_of(*units, [](char16_t unit) { return unit > 0xFF; })};
     encoded.bytes.reserve(units->size() * (encoded.wide ? 2 : 1));
     for (const char16_t unit : *units) {

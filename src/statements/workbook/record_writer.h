@@ -8,8 +8,8 @@
 
 namespace pgbp::xls {
 
-/// One record at the end of a stream. Its length is entered when it goes out of scope, so that a record is one statement:
-/// `Record(stream, RecordId::Number).U16(row).U16(column).U16(style).F64(value);`
+/// One record at the end of a stream. Its length is entered when it goes out of scope, so that a record is one
+/// statement: `Record(stream, RecordId::Number).U16(row).U16(column).U16(style).F64(value);`
 class Record {
   public:
     Record(std::string& stream, RecordId id);
@@ -43,8 +43,8 @@ struct EncodedText {
     std::size_t Length() const { return wide ? bytes.size() / 2 : bytes.size(); }
 };
 
-/// Throws WorkbookError, naming `what` the text is, when it is not UTF-8 or longer than `longest` UTF-16 units.
-EncodedText Encode(std::string_view text, std::size_t longest, const std::string& what);
+/// Throws WorkbookError for a text that is not UTF-8 or is longer than `longest` UTF-16 units.
+EncodedText Encode(std::string_view text, std::size_t longest);
 
 /// A record of any length that holds texts: what does not fit goes on in Continue records. A number is never split, and
 /// where a text is, its kind of characters is said again.

@@ -43,6 +43,15 @@ inline constexpr std::uint16_t kBiff8 = 0x0600;
 inline constexpr std::uint16_t kGlobalsBof = 0x0005;
 inline constexpr std::uint16_t kWorksheetBof = 0x0010;
 
+/// What the result field of a formula holds when it is no number.
+inline constexpr std::uint8_t kTextFollows = 0;
+inline constexpr std::uint8_t kBoolean = 1;
+inline constexpr std::uint8_t kError = 2;
+inline constexpr std::uint8_t kEmptyText = 3;
+
+/// Id and length before the body of a record.
+inline constexpr std::size_t kRecordHeader = 4;
+
 /// The most bytes in the body of one record; what is longer goes on in Continue records.
 inline constexpr std::size_t kLongestBody = 8224;
 

@@ -11,17 +11,9 @@ namespace pgbp::xls {
 /// The texts of all cells of a workbook, each once.
 class SharedStrings {
   public:
-    /// The text's number in the table, adding it if it is new. `what` names the text in the message of the WorkbookError
-    /// for one that does not fit into a cell.
-    template <typename What>
-    std::size_t NumberOf(const std::string& text, What what)
-    {
-        const auto [entry, isNew] = numbers_.try_emplace(text, texts_.size());
-        if (isNew)
-            texts_.push_back(EncodeCellText(text, what()));
-        ++uses_;
-        return entry->second;
-    }
+    /// The text's number in the table, which takes it in if it is new. Throws WorkbookError for one that does not fit
+    /// into a cell.
+    std::size_t NumberOf(const std::string& text);
 
     void Write(std::string& stream) const;
 
