@@ -42,6 +42,13 @@ void grid::SetCurrentRow(int row)
     changed();
 }
 
+void grid::EnterCell(int row, int column)
+{
+    Cell(row, column);
+    currentColumn_ = column;
+    SetCurrentRow(row);
+}
+
 void grid::DoubleClick(int row)
 {
     SetCurrentRow(row);

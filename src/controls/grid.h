@@ -32,7 +32,10 @@ class grid : public Control {
     void Clear() { SetRows({}); }
 
     int currentRow() const { return currentRow_; } ///< 0 when there is none
+    int currentColumn() const { return currentColumn_; }
     void SetCurrentRow(int row);
+    /// Goes to a cell. Throws std::out_of_range when there is none.
+    void EnterCell(int row, int column);
     void DoubleClick(int row);
 
     std::string Shows() const override; ///< rows as lines of tab-separated texts
@@ -43,6 +46,7 @@ class grid : public Control {
     std::vector<GridColumn> columns_;
     std::vector<std::vector<std::string>> rows_;
     int currentRow_ = 0;
+    int currentColumn_ = 0;
 };
 
 } // namespace pgbp

@@ -28,28 +28,20 @@ void ReadReturnForm(Run& run)
 
 void OpenDataFiles(Run& run)
 {
-    const std::filesystem::path server = run.GlServer;
-    const std::filesystem::path client = run.GlClient;
+    std::vector<std::pair<std::string, Connection*>> wanted;
+    if (!run.IsSqlStore)
+        wanted = {{"company", &run.company}, {"balance", &run.balance}};
+    wanted.insert(wanted.end(), {{"qeltemp", &run.qeltemp},
+                                 {"tax", &run.tax},
+                                 {"misc", &run.misc},
+                                 {"export1", &run.export1},
+                                 {"export2", &run.export2}});
     std::vector<DataFile> files;
-    std::vector<Connection*> connections;
-    const auto add = [&](Connection& connection, const char* name) {
-        files.push_back({server / (std::string(name) + ".mdb"), server / (std::string(name) + ".dsn")});
-        connections.push_back(&connection);
-    };
-    if (!run.IsSqlStore) {
-        add(run.company, "company");
-        add(run.balance, "balance");
-    }
-    files.push_back({client / "data" / "qeltemp.mdb", client / "qeltemp.dsn", false});
-    connections.push_back(&run.qeltemp);
-    add(run.tax, "tax");
-    add(run.misc, "misc");
-    add(run.export1, "export1");
-    add(run.export2, "export2");
-
+    for (const auto& [name, connection] : wanted)
+        files.push_back(DataFileNamed(run, name));
     const auto opened = OpenFiles(files);
     for (std::size_t i = 0; i < opened.size(); ++i)
-        *connections[i] = opened[i];
+        *wanted[i].second = opened[i];
 }
 
 void OpenRights(Run& run)
@@ -62,6 +54,14 @@ void OpenRights(Run& run)
 } // namespace
 
 DataFile HandOverFile(const Run& run) { return {run.GlDrive / "VornTemp.mdb", run.host.programFolder / "Temp.dsn"}; }
+
+DataFile DataFileNamed(const Run& run, const std::string& name)
+{
+    const bool isWorkingFile = name == "qeltemp";
+    const std::filesystem::path folder = isWorkingFile ? run.GlClient : run.GlServer;
+    const auto path = (isWorkingFile ? folder / "data" : folder) / (name + ".mdb");
+    return {path, folder / (name + ".dsn"), !isWorkingFile};
+}
 
 bool SubMain(Run& run, std::string& why)
 {

@@ -11,7 +11,10 @@ namespace pgbp {
 /// then.
 bool SubMain(Run& run, std::string& why);
 
-/// The connections of the run to its data files, and to the hand-over file.
+/// The hand-over file.
 DataFile HandOverFile(const Run& run);
+
+/// A data file of the run by its name: "company", "balance", "tax", "qeltemp", "misc", "export1" or "export2".
+DataFile DataFileNamed(const Run& run, const std::string& name);
 
 } // namespace pgbp

@@ -1,0 +1,72 @@
+#pragma once
+
+#include "drive/driven_host.h"
+#include "startup/run.h"
+
+#include <istream>
+#include <ostream>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+namespace pgbp {
+
+class PushControl;
+class TextBox;
+class grid;
+
+/// What a script asked for that a person could not do, or an expectation that did not hold.
+class DriveError : public std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
+/// Runs commands against the screens of a run, one a line, through the same controls as the window does.
+class Interpreter {
+  public:
+    /// What commands print goes to `out`; the boxes of the run print to the same stream.
+    Interpreter(Run& run, DrivenBoxes& boxes, DrivenFiles& files, std::ostream& out);
+
+    /// Runs one line. Throws DriveError; the run goes on as far as the line got.
+    void Execute(const std::string& line);
+
+    /// Runs a whole script. Throws DriveError that begins with the number of the line. Checks at the end that every
+    /// answer was asked for.
+    void ExecuteScript(std::istream& script);
+
+    /// The commands, one a line, for --help.
+    static std::string Help();
+
+  private:
+    struct Target;
+    struct Command;
+    static const std::vector<Command>& Commands();
+
+    Target Resolve(const std::string& path) const;
+    Target ResolveForAction(const std::string& path) const;
+    template <typename Kind>
+    Kind& As(const Target& target, const char* wanted) const;
+    void Act(Form& form, const std::function<void()>& action) const;
+    TextBox& Focus(const Target& target) const;
+
+    void Show(const std::string&);
+    void Get(const std::string& path);
+    void Set(const std::string& arguments);
+    void Keys(const std::string& arguments);
+    void Click(const std::string& path);
+    void Select(const std::string& arguments);
+    void Cell(const std::string& arguments);
+    void Rows(const std::string& path);
+    void Enter(const std::string& arguments);
+    void DoubleClick(const std::string& arguments);
+    void AnswerNext(const std::string& word);
+    void FileNext(const std::string& path);
+    void Sql(const std::string& arguments);
+    void Dump(const std::string& formName);
+
+    Run& run_;
+    DrivenBoxes& boxes_;
+    DrivenFiles& files_;
+    std::ostream& out_;
+};
+
+} // namespace pgbp

@@ -1,0 +1,82 @@
+#include "drive/interpreter.h"
+#include "module/module.h"
+#include "startup/sub_main.h"
+
+#include <cstring>
+#include <fstream>
+#include <iostream>
+
+namespace {
+
+constexpr const char* kUsage = R"(pgbp-drive: runs the module without a window, driven by commands, one a line
+
+  pgbp-drive [--program-folder FOLDER] [SCRIPT]
+
+Reads the hand-over record, starts the module and reads commands from SCRIPT, or from standard input. F is a form, C a
+control of it, members of a control array are written C(0); # begins a comment. Each message box is printed as
+"message | title | buttons | text". An unknown name, or an action on a control that is hidden or disabled, ends the
+script with the number of its line and exit status 1.
+
+)";
+
+struct Options {
+    std::filesystem::path programFolder = pgbp::ProgramFolder();
+    std::string script;
+    bool help = false;
+};
+
+Options ReadOptions(int count, char** arguments)
+{
+    Options options;
+    for (int i = 1; i < count; ++i) {
+        if (std::strcmp(arguments[i], "--help") == 0)
+            options.help = true;
+        else if (std::strcmp(arguments[i], "--program-folder") == 0 && i + 1 < count)
+            options.programFolder = arguments[++i];
+        else if (arguments[i][0] != '-' && options.script.empty())
+            options.script = arguments[i];
+        else
+            throw pgbp::DriveError(std::string("unknown option ") + arguments[i] + "; try --help");
+    }
+    return options;
+}
+
+int Drive(const Options& options)
+{
+    pgbp::DrivenBoxes boxes(std::cout);
+    pgbp::DrivenFiles files;
+    pgbp::SystemProcesses processes;
+    pgbp::Run run({boxes, files, processes, options.programFolder});
+    pgbp::RegisterScreens(run);
+    std::string why;
+    if (!pgbp::SubMain(run, why)) {
+        std::cerr << why << '\n';
+        return 0;
+    }
+    pgbp::Interpreter interpreter(run, boxes, files, std::cout);
+    if (options.script.empty()) {
+        interpreter.ExecuteScript(std::cin);
+        return 0;
+    }
+    std::ifstream script(options.script);
+    if (!script)
+        throw pgbp::DriveError("the script " + options.script + " can not be read");
+    interpreter.ExecuteScript(script);
+    return 0;
+}
+
+} // namespace
+
+int main(int count, char** arguments)
+{
+    try {
+        const Options options = ReadOptions(count, arguments);
+        if (!options.help)
+            return Drive(options);
+        std::cout << kUsage << pgbp::Interpreter::Help();
+        return 0;
+    } catch (const std::exception& error) {
+        std::cerr << error.what() << '\n';
+        return 1;
+    }
+}
