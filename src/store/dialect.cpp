@@ -54,6 +54,7 @@ const Dialect kServerDialect{
     .dateType = "datetime",
 };
 
+// The engine would take a text for a number and cut none that is too long: its tables refuse both, as the servers do.
 // A function's result loses its column's collation, so the text functions ask for it again.
 const Dialect kEmbeddedDialect{
     .name = "embedded",
@@ -71,8 +72,8 @@ const Dialect kEmbeddedDialect{
     .asNumberPattern = "coalesce(cast({} as real),0)",
     .textType = "text collate nocase check (length({}) <= {n})",
     .memoType = "text collate nocase",
-    .numberType = "double",
-    .flagType = "boolean",
+    .numberType = "double check (typeof({}) <> 'text')",
+    .flagType = "boolean check (typeof({}) <> 'text')",
     .dateType = "datetime",
 };
 

@@ -52,6 +52,8 @@ constexpr std::string_view kTemplate =
     "text_numeric? blocked?";
 constexpr std::string_view kAssessmentYear = "code:50 company# year:7 comp_name pan:10";
 
+/// An index on `code` alone gives an assessee's rows in the order in which they were added, which the screens show; one
+/// on more columns would give them in another. Only the statements' cells, hundreds a line, are worth such an index.
 std::vector<Table> MakeTables()
 {
     return {
@@ -60,16 +62,16 @@ std::vector<Table> MakeTables()
          Columns(
              "code:50 Type:1 SNO# name1 name2 PNL# dep1# dep2# q10abc1# q10abc2# NET# books? turnover# sec44# net44# "
              "loss# Minor#"),
-         {"code, Type", "SNO"}},
+         {"code", "SNO"}},
         {"company",
          "business1",
          Columns(
              "code:50 SNO# Type:50 name1 name2 name3 amt1# amt2# amt3# amt4# amt5# amt6# amt7# AD1 CITY State PIN utn "
              "flag1? pan:10 Minor# sec44# net44#"),
-         {"code, Type", "name2, Type"}},
+         {"code", "name2, Type"}},
         // the second index answers for the settings that are looked up by their type alone, blanks around it or not
-        {"company", "misc_items", Columns(kMiscItems), {"code, Type", "trim(Type) collate nocase"}},
-        {"company", "capital1", Columns("code:50 Type:50 name1 amt1# amt2# amt3# date1@ Minor#"), {"code, Type"}},
+        {"company", "misc_items", Columns(kMiscItems), {"code", "trim(Type) collate nocase"}},
+        {"company", "capital1", Columns("code:50 Type:50 name1 amt1# amt2# amt3# date1@ Minor#"), {"code"}},
         {"company",
          "assessee",
          Columns(
@@ -87,16 +89,16 @@ std::vector<Table> MakeTables()
          Columns(
              "code:50 Type:50 SNO# name1 name2 name3 name7 name8 name9 amt1# amt2# amt3# amt4# amt5# amt6# amt7# amt8# "
              "amt9# Amt10# amt11# amt12# amt13# amt14#"),
-         {"code, Type, amt2, amt1"}},
+         {"code, Type, amt2"}},
         {"balance",
          "fassets",
          Columns(
              "code:50 f_name f_opbal# f_pur1# f_pur2# f_sales# F_Dep# f_clbal# f_deprate# U_Desc f_sales1# F_sales2# "
              "f_dep1# f_dep2# f_add1# f_add2# f_exps# ded382# netdep# f_block? f_date@ Type:50 SNO# Minor# date1@ "
              "date2@ REMARK"),
-         {"code, Type, SNO", "Minor"}},
+         {"code", "Minor"}},
         {"balance", "compu", Columns("code:50 gross#"), {"code"}},
-        {"balance", "misc_items", Columns(kMiscItems), {"code, Type"}},
+        {"balance", "misc_items", Columns(kMiscItems), {"code"}},
 
         {"tax", "system", Columns("Type:50 Amount# From# date@"), {"Type"}},
         {"tax", "misc", Columns("type:50 Rate# Max#"), {}},
@@ -112,13 +114,13 @@ std::vector<Table> MakeTables()
          Columns("code:50 Type:50 name1 name2 name3 name5 name6 name8 name9 amt1# amt2# amt3# amt4# amt5# amt6# amt8# "
                  "Amt10# "
                  "AD1 CITY State PIN utn flag1? linking"),
-         {"code, linking"}},
+         {"code"}},
         {"qeltemp",
          "temp1",
          Columns("code:50 SNO# Type:50 name1 name2 name3 name6 amt1# amt2# amt3# amt4# amt5# amt6# amt7# AD1 CITY "
                  "State PIN "
                  "utn flag1? pan:10 Minor# sec44# net44#"),
-         {"code, Type"}},
+         {"code"}},
         // two descriptions and the blank between them
         {"qeltemp", "misc", Columns("code1:50 Name:511 amt1# amt2# amt3# SNO#"), {"code1, Name"}},
         {"qeltemp", "assessee1", Columns(kAssessmentYear), {}},
@@ -146,7 +148,7 @@ std::vector<Table> MakeTables()
          Columns(
              "code:50 Type:50 f_name f_opbal# f_pur1# f_pur2# f_sales# f_dep# f_clbal# f_deprate# Desc date1@ date2@ "
              "Minor# REMARK"),
-         {"code, Type"}},
+         {"code"}},
 
         {"TempXML", "Form3cdDeprAllw", Columns("Form3cdDeprAllw_Id# DescBlockAssets AssetsName OpeningWDV#"), {}},
         {"TempXML",

@@ -1,0 +1,230 @@
+// Data files as they are found: whole, damaged, of others, in use by another program.
+#include "store/engines_under_test.h"
+#include "store/files.h"
+#include "store/schema.h"
+
+#include <sqlite3.h>
+
+#include <chrono>
+#include <fstream>
+#include <random>
+#include <thread>
+
+namespace pgbp {
+namespace {
+
+using std::filesystem::path;
+
+void Write(const path& file, const std::string& bytes) { std::ofstream(file, std::ios::binary) << bytes; }
+
+std::string Read(const path& file)
+{
+    std::ifstream stream(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(stream), {}};
+}
+
+void RunInFile(const path& file, const char* statements)
+{
+    sqlite3* database = nullptr;
+    sqlite3_open(file.c_str(), &database);
+    EXPECT_EQ(sqlite3_exec(database, statements, nullptr, nullptr, nullptr), SQLITE_OK) << sqlite3_errmsg(database);
+    sqlite3_close(database);
+}
+
+std::string RandomBytes(std::size_t count)
+{
+    std::mt19937 random(7);
+    std::string bytes(count, '\0');
+    for (char& byte : bytes)
+        byte = static_cast<char>(random());
+    return bytes;
+}
+
+/// A company file with rows on many pages.
+std::string FilledFile(const TemporaryFolder& folder)
+{
+    const auto company = OpenNewFiles(folder, {"company"}).front();
+    Transaction transaction({company});
+    for (int i = 0; i < 2000; ++i)
+        company.Insert("business", {{"code", std::to_string(i)}, {"name1", "a line of business"}});
+    transaction.Commit();
+    return Read(folder / "company.mdb");
+}
+
+std::string OpeningError(const path& file)
+{
+    try {
+        OpenFile({.path = file, .dsn = {}}).Query("select * from {business}");
+    } catch (const StoreError& error) {
+        return error.what();
+    }
+    return "opened";
+}
+
+TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
+{
+    const TemporaryFolder folder;
+    const std::string whole = FilledFile(folder);
+    std::string scrambled = whole;
+    scrambled.replace(100, 4096, RandomBytes(4096));
+    const struct {
+        const char* name;
+        std::string bytes, words;
+    } cases[] = {
+        {"empty", "", "unknown kind"},
+        {"text", "code,name\n1,A\n", "unknown kind"},
+        {"random", RandomBytes(20000), "unknown kind"},
+        {"header alone", whole.substr(0, 64), "malformed"},
+        {"cut", whole.substr(0, whole.size() / 2), "malformed"},
+        {"scrambled", scrambled, "malformed"},
+    };
+    for (const auto& one : cases) {
+        const path file = folder / "company.mdb";
+        Write(file, one.bytes);
+        const std::string error = OpeningError(file);
+        EXPECT_NE(error.find(file.string()), std::string::npos) << one.name << ": " << error;
+        EXPECT_NE(error.find(one.words), std::string::npos) << one.name << ": " << error;
+        EXPECT_EQ(Read(file), one.bytes) << one.name;
+    }
+}
+
+TEST(DataFiles, NothingIsMadeWhereNoFileIs)
+{
+    const TemporaryFolder folder;
+    EXPECT_NE(OpeningError(folder / "company.mdb").find("is missing"), std::string::npos);
+    EXPECT_FALSE(std::filesystem::exists(folder / "company.mdb"));
+    EXPECT_NE(OpeningError(folder / ".").find("is a folder"), std::string::npos);
+    EXPECT_NE(OpeningError(folder / "nowhere/company.mdb").find("is missing"), std::string::npos);
+}
+
+TEST(DataFiles, TheKindIsReadFromTheFileAndNotFromItsName)
+{
+    const TemporaryFolder folder;
+    OpenNewFiles(folder, {"company"});
+    Write(folder / "jet.db", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(100));
+    Write(folder / "ace.db", std::string("\0\1\0\0Standard ACE DB\0", 20) + RandomBytes(100));
+    EXPECT_EQ(KindOf(folder / "company.mdb"), FileKind::Embedded);
+    EXPECT_EQ(KindOf(folder / "jet.db"), FileKind::Jet);
+    EXPECT_EQ(KindOf(folder / "ace.db"), FileKind::Jet);
+}
+
+TEST(DataFiles, ANewFileNeverTakesTheOldOnesPlace)
+{
+    const TemporaryFolder folder;
+    OpenNewFiles(folder, {"company"}).front().Insert("business", {{"code", "A"}});
+    EXPECT_THROW(CreateEmbeddedFile(folder / "company.mdb", "company"), StoreError);
+    const auto company = OpenFile({.path = folder / "company.mdb", .dsn = {}});
+    EXPECT_EQ(company.Scalar("select count(*) from {business}").Number(), 1);
+}
+
+TEST(DataFiles, SameTableNamesInTwoFilesStayApart)
+{
+    const TemporaryFolder folder;
+    const auto files = OpenNewFiles(folder, {"company", "balance", "tax", "qeltemp", "misc", "export1", "export2"});
+    files[0].Insert("misc", {{"type", "YEAR"}, {"name", "2023-24"}});
+    files[2].Insert("misc", {{"type", "LIC1"}, {"Rate", 50}});
+    files[3].Insert("misc", {{"code1", "A"}, {"Name", "one line"}});
+    EXPECT_EQ(files[0].Scalar("select name from {misc}").Text(), "2023-24");
+    EXPECT_EQ(files[2].Scalar("select rate from {misc}").Number(), 50);
+    EXPECT_EQ(files[3].Scalar("select name from {misc}").Text(), "one line");
+}
+
+TEST(DataFiles, AFailureInTheMiddleTakesEveryFileBack)
+{
+    const TemporaryFolder folder;
+    const auto files = OpenNewFiles(folder, {"company", "balance", "qeltemp"});
+    RunInFile(folder / "qeltemp.mdb",
+              "create trigger refuse before insert on temp begin select raise(abort, 'refused'); end");
+    EXPECT_THROW(
+        {
+            Transaction transaction({files[0], files[1], files[2]});
+            files[0].Insert("business", {{"code", "A"}});
+            files[1].Insert("compu", {{"code", "A"}});
+            files[2].Insert("temp", {{"code", "A"}});
+            transaction.Commit();
+        },
+        StoreError);
+    const auto again = OpenFile({.path = folder / "balance.mdb", .dsn = {}});
+    EXPECT_EQ(files[0].Scalar("select count(*) from {business}").Number(), 0);
+    EXPECT_EQ(again.Scalar("select count(*) from {compu}").Number(), 0);
+}
+
+TEST(DataFiles, TheSecondWriterWaitsForTheFirst)
+{
+    const TemporaryFolder folder;
+    const auto first = OpenNewFiles(folder, {"company"}).front();
+    const auto second = OpenFile({.path = folder / "company.mdb", .dsn = {}});
+    const auto next = "insert into {business} (sno) select coalesce(max(sno), 0) + 1 from {business}";
+    std::thread waiting;
+    {
+        Transaction transaction({first});
+        first.Execute(next);
+        waiting = std::thread([&] { second.Execute(next); });
+        std::this_thread::sleep_for(std::chrono::milliseconds(300));
+        EXPECT_EQ(first.Scalar("select count(*) from {business}").Number(), 1);
+        transaction.Commit();
+    }
+    waiting.join();
+    EXPECT_EQ(first.Scalar("select max(sno) from {business}").Number(), 2);
+}
+
+TEST(DataFiles, AWriterThatWaitsTooLongIsRefused)
+{
+    const TemporaryFolder folder;
+    const auto first = OpenNewFiles(folder, {"company"}).front();
+    const auto second = OpenFile({.path = folder / "company.mdb", .dsn = {}});
+    const Transaction transaction({first});
+    const auto begin = std::chrono::steady_clock::now();
+    EXPECT_THROW(second.Insert("business", {{"code", "A"}}), StoreError);
+    EXPECT_GT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
+    EXPECT_EQ(second.Scalar("select count(*) from {business}").Number(), 0) << "reading needs no wait";
+}
+
+TEST(DataFiles, AFileLeftInAnotherJournalModeComesBackToRollback)
+{
+    const TemporaryFolder folder;
+    OpenNewFiles(folder, {"company", "balance"});
+    RunInFile(folder / "balance.mdb", "pragma journal_mode = wal; insert into compu (code) values ('A')");
+    const DataFile files[] = {{.path = folder / "company.mdb", .dsn = {}}, {.path = folder / "balance.mdb", .dsn = {}}};
+    const auto connections = OpenFiles(files);
+    EXPECT_EQ(connections[1].Scalar("select count(*) from {compu}").Number(), 1);
+    EXPECT_EQ(Read(folder / "balance.mdb")[18], '\1') << "the header's byte for the way of writing";
+}
+
+TEST(DataFiles, StatementsOfTheScreensReadTheAssesseesRowsOnly)
+{
+    const TemporaryFolder folder;
+    const auto files = OpenNewFiles(folder, {"company", "balance", "tax", "qeltemp"});
+    const auto& words = files[0].dialect();
+    const auto inOrder = std::string(words.insertionOrder);
+    const std::pair<int, std::string> statements[] = {
+        {0, "select sum(net) from {business} where code = ? and [Type] = ?"},
+        {0, "select * from {business} where code = ? and [Type] = ?" + inOrder},
+        {0, "select * from {business} where code = ? and sno = ?"},
+        {0, "select max(sno) from {business}"},
+        {0, "delete from {business1} where code = ? and sno = ?"},
+        {0, "select * from {business1} where code = ? and [Type] in ('LIC', 'UTI')" + inOrder},
+        {0, "select distinct code from {business1} where [Type] in ('PARTINTT', 'PARTREMU') and name2 = ?"},
+        {0, "select linking from {misc_items} where " + words.Trim("type") + " = 'OVPATH'"},
+        {0, "delete from {misc_items} where code = ? and sno = ? and " + words.Left("type", 4) + " = 'PGBP'"},
+        {0, "select code from {assessee1} where company = ? and year = ? order by code"},
+        {0, "select * from {assessee} where pan = ?"},
+        {1, "select distinct amt2 from {qelgeneral} where code = ? and [Type] = 'NEWPL' and amt2 <> 99999999"},
+        {1, "select name8 from {qelgeneral} where code = ? and [Type] = 'NEWPL' and amt2 = ? and amt1 = 255"},
+        {1, "update {fassets} set sno = ? where code = ? and [Type] = 'P' and sno = 90000"},
+        {1, "select gross from {compu} where code = ?"},
+        {2, "select * from {taxaudit} where d_type = ? order by pslno"},
+        {3, "select * from {temp1} where code = ? and [Type] = ?" + inOrder},
+        {3, "select * from {temp} where code = ? and linking = ? and amt1 = ?"},
+    };
+    for (const auto& [file, statement] : statements) {
+        const std::vector<Value> values(std::count(statement.begin(), statement.end(), '?'), Value("A"));
+        for (const Row& step : files[file].QueryBound("explain query plan " + statement, values)) {
+            const std::string detail = step["detail"].Text();
+            EXPECT_NE(detail.rfind("SCAN", 0), 0u) << statement << ": " << detail;
+        }
+    }
+}
+
+} // namespace
+} // namespace pgbp
