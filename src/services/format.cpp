@@ -102,8 +102,12 @@ double Val(std::string_view text)
         return 0;
     double value = 0;
     const auto result = std::from_chars(text.data(), text.data() + text.size(), value, std::chars_format::fixed);
-    if (result.ec == std::errc::result_out_of_range)
-        return digits == 1 ? -std::numeric_limits<double>::infinity() : std::numeric_limits<double>::infinity();
+    if (result.ec == std::errc::result_out_of_range) {
+        // too small is 0; the 15-digit text of the largest double lies beyond it and reads back as itself
+        const bool tooSmall = text[std::min(text.find_first_not_of('0', digits), text.size() - 1)] == '.';
+        const double largest = tooSmall ? 0 : std::numeric_limits<double>::max();
+        return digits == 1 ? -largest : largest;
+    }
     return result.ec == std::errc() ? value : 0;
 }
 

@@ -1,0 +1,36 @@
+# The way in: each target sets up what it needs.
+JOBS ?= $(shell nproc)
+SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
+
+.PHONY: run test bench format lint asan fuzz screenshots setup build
+
+run: build
+	@tools/run.sh build/dev/bin practice
+
+test: build
+	ctest --test-dir build/dev --output-on-failure -j $(JOBS)
+
+setup:
+	@tools/setup.sh
+
+build: setup
+	@cmake --preset dev > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	cmake --build --preset dev -j $(JOBS)
+
+bench: setup
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	cmake --build --preset release -j $(JOBS)
+	@tools/bench.sh build/release/bin
+
+asan: setup
+	@cmake --preset asan > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	cmake --build --preset asan -j $(JOBS)
+	ASAN_OPTIONS=detect_leaks=0 ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+
+format: setup
+	clang-format -i $(SOURCES)
+
+lint: build
+	clang-format --dry-run -Werror $(SOURCES)
+	python3 tools/check-layers.py
+	tools/tidy.sh build/dev $(JOBS)

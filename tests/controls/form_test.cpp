@@ -1,0 +1,122 @@
+#include "controls/form.h"
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/text_controls.h"
+#include "support/test_boxes.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+using namespace pgbp;
+
+namespace {
+
+/// A main frame, a side frame over it and a bar.
+class Hub : public Form {
+  public:
+    explicit Hub(MessageBoxes& boxes) : Form("Hub", "Hub", boxes, "Vorn")
+    {
+        framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Field},
+                     .rows = {{{&cmdopen, &txtone}}, {{nullptr, &txttwo}}},
+                     .buttonsLeft = {&cmddetails}});
+        side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&txtside}}}, .buttonsRight = {&cmdcancel}});
+        side.escape = &cmdcancel;
+        bar = {&CmdBack};
+        cmdopen.onClick = [this] {
+            side.visible = true;
+            SetFocus(txtside);
+        };
+        cmdcancel.onClick = [this] { side.visible = false; };
+    }
+    frame framain{*this, "framain", "", FramePlace::Main};
+    cmd cmdopen{*this, "cmdopen", "Normal Business"};
+    txtn txtone{*this, "txtone"};
+    txtn txttwo{*this, "txttwo"};
+    cmd cmddetails{*this, "cmddetails", "&Details"};
+    frame side{*this, "side"};
+    txt txtside{*this, "txtside"};
+    cmd cmdcancel{*this, "cmdcancel", "&Cancel"};
+    cmd CmdBack{*this, "CmdBack", "&Back"};
+    cmd cmdr{*this, "cmdr", "&R"};
+};
+
+class Forms : public testing::Test {
+  protected:
+    TestBoxes boxes;
+    Hub form{boxes};
+};
+
+} // namespace
+
+TEST_F(Forms, WalkRowByRowAndPassOverWhatCanNotBeReached)
+{
+    EXPECT_EQ(form.Stops(),
+              (std::vector<Control*>{&form.cmdopen, &form.txtone, &form.txttwo, &form.cmddetails, &form.CmdBack}));
+    form.txtone.enabled = false;
+    form.cmddetails.visible = false;
+    EXPECT_EQ(form.Stops(), (std::vector<Control*>{&form.cmdopen, &form.txttwo, &form.CmdBack}));
+}
+
+TEST_F(Forms, CloseTheMainFrameWhileASideFrameIsUp)
+{
+    form.Click(form.cmdopen);
+    EXPECT_EQ(form.focused(), &form.txtside);
+    EXPECT_FALSE(form.txtone.Reachable());
+    EXPECT_FALSE(form.SetFocus(form.txtone));
+    EXPECT_TRUE(form.CmdBack.Reachable());
+    form.Click(form.cmddetails); // behind the side frame: nothing happens
+    EXPECT_EQ(form.focused(), &form.txtside);
+    form.Press(Key::Escape);
+    EXPECT_FALSE(form.side.visible);
+    EXPECT_EQ(form.focused(), &form.cmdopen) << "the focus falls back to the first stop";
+}
+
+TEST_F(Forms, GiveEveryButtonALetterOfItsOwn)
+{
+    auto letters = form.Mnemonics();
+    EXPECT_EQ(letters.at(&form.cmddetails), 'D');
+    EXPECT_EQ(letters.at(&form.CmdBack), 'B');
+    EXPECT_EQ(letters.at(&form.cmdr), 'R') << "laid out nowhere, yet its hot key reaches it";
+    EXPECT_EQ(letters.at(&form.cmdopen), 'N');
+    EXPECT_EQ(letters.count(&form.cmdcancel), 0U);
+
+    bool reminded = false;
+    form.cmdr.onClick = [&] { reminded = true; };
+    form.SetFocus(form.txtone);
+    EXPECT_TRUE(form.Mnemonic(U'r'));
+    EXPECT_TRUE(reminded);
+    EXPECT_EQ(form.focused(), &form.txtone) << "a button out of sight does not take the focus";
+    EXPECT_FALSE(form.Mnemonic(U'z'));
+    form.cmddetails.enabled = false;
+    EXPECT_FALSE(form.Mnemonic(U'd'));
+}
+
+TEST_F(Forms, RunLostFocusBeforeAClick)
+{
+    std::string trace;
+    form.txtone.onLostFocus = [&] { trace += "left "; };
+    form.cmddetails.onClick = [&] { trace += "clicked"; };
+    form.SetFocus(form.txtone);
+    form.Click(form.cmddetails);
+    EXPECT_EQ(trace, "left clicked");
+}
+
+TEST_F(Forms, ShowAnErrorOfAHandlerAndGoOn)
+{
+    form.cmddetails.onClick = [] { throw std::runtime_error("the store is gone"); };
+    form.Click(form.cmddetails);
+    const Message message = boxes.Take();
+    EXPECT_EQ(message.text, "the store is gone");
+    EXPECT_EQ(message.title, "Vorn");
+    EXPECT_EQ(message.icon, Icon::Critical);
+    form.Click(form.cmdopen);
+    EXPECT_TRUE(form.side.visible);
+}
+
+TEST_F(Forms, FindControlsByTheirExactNames)
+{
+    EXPECT_EQ(form.Find("txtone"), &form.txtone);
+    EXPECT_EQ(form.Find("TxtOne"), nullptr);
+}

@@ -1,0 +1,169 @@
+#include "controls/text_controls.h"
+
+#include "controls/form.h"
+#include "controls/frame.h"
+#include "services/format.h"
+#include "support/test_boxes.h"
+#include "support/typing.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+
+namespace {
+
+/// One field of each kind of text box, in two rows.
+class Fields : public Form {
+  public:
+    explicit Fields(MessageBoxes& boxes) : Form("Fields", "Fields", boxes, "Vorn")
+    {
+        framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&walking}}, {{&amount}}, {{&plain}}, {{&still}}}});
+        SetFocus(walking);
+    }
+    frame framain{*this, "framain", "", FramePlace::Main};
+    txt walking{*this, "walking"};
+    txtn amount{*this, "amount"};
+    Txt1 plain{*this, "plain"};
+    Txtn1 still{*this, "still"};
+};
+
+class TextBoxes : public testing::Test {
+  protected:
+    TestBoxes boxes;
+    Fields form{boxes};
+};
+
+} // namespace
+
+TEST_F(TextBoxes, FilterTheKeysOfAnAmount)
+{
+    constexpr int kWhole = -1; // the whole text is selected
+    struct {
+        const char* what;
+        const char* text;
+        int caret;
+        const char* typed;
+        int deci;
+        const char* result;
+    } const rows[] = {
+        {"digits replace the selection", "125.50", kWhole, "7", 2, "7"},
+        {"letters and signs are swallowed", "", 0, "1a,/:+ 2", 2, "12"},
+        {"one point", "", 0, "1.2.3", 2, "1.23"},
+        {"a point over the whole selection", "12.34", kWhole, ".5", 2, ".5"},
+        {"no point without places", "", 0, "1.5", 0, "15"},
+        {"places are full behind the point", "12.34", 5, "5", 2, "12.34"},
+        {"digits before the point are free", "12.34", 1, "9", 2, "192.34"},
+        {"three places", "", 0, "1.2345", 3, "1.234"},
+        {"minus over a selection", "125.50", kWhole, "-", 2, "-"},
+        {"minus in an empty field", "", 0, "-5", 2, "-5"},
+        {"minus turns the sign", "125.50", 2, "-", 2, "-125.5"},
+        {"minus turns it back", "-125.5", 0, "-", 2, "125.5"},
+        {"minus on zero", "0.00", 2, "-", 2, "-"},
+        {"minus on a bare point", ".1", 2, "-", 2, "-0.1"},
+        {"minus on a large amount", "123456789012345", 0, "-", 2, "-123456789012345"},
+        {"minus twice", "", 0, "--", 2, "-"},
+    };
+    for (const auto& row : rows)
+        for (TextBox* field : {static_cast<TextBox*>(&form.amount), static_cast<TextBox*>(&form.still)}) {
+            form.SetFocus(*field);
+            static_cast<NumberBox*>(field)->deci = row.deci;
+            field->Set(row.text);
+            if (row.caret == kWhole)
+                field->SelectAll();
+            else
+                field->Select(row.caret, 0);
+            TypeText(form, row.typed);
+            EXPECT_EQ(field->text(), row.result) << row.what << ", " << field->name();
+        }
+}
+
+TEST_F(TextBoxes, PutTheCaretBehindATurnedSign)
+{
+    form.SetFocus(form.amount);
+    form.amount = "12";
+    form.amount.Select(0, 0);
+    TypeText(form, "-3");
+    EXPECT_EQ(form.amount.text(), "-123");
+}
+
+TEST_F(TextBoxes, WalkWithTheirKeys)
+{
+    struct {
+        Control& from;
+        Key key;
+        Control& to;
+    } const rows[] = {
+        {form.walking, Key::Enter, form.amount}, {form.walking, Key::Down, form.amount},
+        {form.amount, Key::Up, form.walking},    {form.amount, Key::Enter, form.plain},
+        {form.amount, Key::Down, form.plain},    {form.walking, Key::Up, form.still}, // round
+        {form.still, Key::Enter, form.still},                                         // the still amount stays
+        {form.plain, Key::Tab, form.still},      {form.plain, Key::BackTab, form.amount},
+    };
+    for (const auto& row : rows) {
+        form.SetFocus(row.from);
+        form.Press(row.key);
+        EXPECT_EQ(form.focused(), &row.to) << row.from.name();
+    }
+}
+
+TEST_F(TextBoxes, SelectTheLineOnFocusAndTypeOverIt)
+{
+    form.amount = "1250.00";
+    form.SetFocus(form.amount);
+    EXPECT_EQ(form.amount.selLength(), 7);
+    TypeText(form, "8");
+    EXPECT_EQ(form.amount.text(), "8");
+}
+
+TEST_F(TextBoxes, EditByCharactersOfAnyScript)
+{
+    form.walking = "\xE0\xA4\x86\xE0\xA4\xB6x";
+    form.walking.Select(2, 0);
+    TypeText(form, "y");
+    form.Press(Key::Left);
+    form.Press(Key::Backspace);
+    EXPECT_EQ(form.walking.text(), "\xE0\xA4\x86yx");
+    form.Press(Key::End);
+    form.Press(Key::Delete);
+    EXPECT_EQ(form.walking.text(), "\xE0\xA4\x86yx");
+    form.Press(Key::Home);
+    form.Press(Key::Delete);
+    EXPECT_EQ(form.walking.text(), "yx");
+}
+
+TEST_F(TextBoxes, RefuseWhatIsTooLongOrLocked)
+{
+    form.plain.maxLength = 3;
+    form.SetFocus(form.plain);
+    TypeText(form, "abcd");
+    EXPECT_EQ(form.plain.text(), "abc");
+    form.plain.locked = true;
+    form.Press(Key::Backspace);
+    TypeText(form, "x");
+    EXPECT_EQ(form.plain.text(), "abc");
+}
+
+TEST_F(TextBoxes, LetTheScreenLookAtTheKeyFirst)
+{
+    form.walking.onKeyPress = DropQuotes;
+    TypeText(form, "O'Brien \"&\" Co");
+    EXPECT_EQ(form.walking.text(), "OBrien & Co");
+    form.amount.onKeyPress = [](char32_t key) { return key == U'k' ? U'1' : key; };
+    form.SetFocus(form.amount);
+    TypeText(form, "k2");
+    EXPECT_EQ(form.amount.text(), "12");
+}
+
+TEST_F(TextBoxes, RaiseTheChangeByTypingAndByProgramUnlessToldNot)
+{
+    int changes = 0;
+    form.amount.onChange = [&] { ++changes; };
+    form.amount = "5";
+    form.amount = "5"; // the same text is no change
+    form.SetFocus(form.amount);
+    TypeText(form, "6");
+    form.amount.Set("7", Notify::No);
+    EXPECT_EQ(changes, 2);
+    form.amount = "-";
+    EXPECT_EQ(Val(form.amount), 0);
+}

@@ -1,0 +1,44 @@
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+#include <stdlib.h>
+#include <string>
+
+namespace pgbp {
+
+/// A folder that is gone when the test is over.
+class TemporaryFolder {
+  public:
+    TemporaryFolder()
+    {
+        std::string pattern = (std::filesystem::temp_directory_path() / "pgbp-test-XXXXXX").string();
+        path_ = mkdtemp(pattern.data());
+    }
+    ~TemporaryFolder()
+    {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+
+    void Write(const std::string& name, const std::string& content) const
+    {
+        std::ofstream(path_ / name, std::ios::binary | std::ios::trunc) << content;
+    }
+
+    std::string Read(const std::string& name) const
+    {
+        std::ostringstream text;
+        text << std::ifstream(path_ / name, std::ios::binary).rdbuf();
+        return text.str();
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+} // namespace pgbp
