@@ -19,8 +19,8 @@ struct Position {
 
 /// A rectangle of cells, both corners included.
 struct Area {
-    Position first;
-    Position last;
+    Position first = {};
+    Position last = {};
     bool operator==(const Area&) const = default;
 };
 

@@ -110,6 +110,8 @@ StyleTable::StyleTable()
 
 std::size_t StyleTable::NumberOf(const Style& style)
 {
+    if (!(style.fontSize >= 1 && style.fontSize <= 409))
+        throw WorkbookError("the font size is not between 1 and 409 points.");
     if (const auto known = numbers_.find(style); known != numbers_.end())
         return known->second;
     if (formats_.size() == kMostStyles)
@@ -121,8 +123,6 @@ std::size_t StyleTable::NumberOf(const Style& style)
 
 std::size_t StyleTable::FontNumber(const Font& font)
 {
-    if (!(font.first >= 1 && font.first <= 409))
-        throw WorkbookError("the font size is not between 1 and 409 points.");
     auto place = std::ranges::find(fonts_, font);
     if (place == fonts_.end() && fonts_.size() == kMostFonts)
         throw WorkbookError("the workbook has more than " + std::to_string(kMostFonts) + " fonts.");

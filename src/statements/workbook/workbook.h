@@ -46,14 +46,14 @@ struct Colour {
 struct Style {
     bool bold = false;
     double fontSize = 10; ///< points, 1 to 409
-    std::optional<Colour> fill;
+    std::optional<Colour> fill = {};
     std::string numberFormat = "General";
     bool locked = true; ///< matters only on a protected sheet
     auto operator<=>(const Style&) const = default;
 };
 
 struct Cell {
-    Value value;
+    Value value = {};
     /// "=C22-SUM(C23:C30,C40)" in any letter case, or empty. Where it is set, the value is calculated on writing and
     /// what `value` holds is not used. Reading gives values only: the formula's result, no formula.
     std::string formula = {};
@@ -71,7 +71,7 @@ struct Column {
 struct Sheet {
     /// 1 to 31 characters, none of []:*?/\ and no apostrophe at either end; unique in the workbook without regard to
     /// ASCII case.
-    std::string name;
+    std::string name = {};
     std::map<Position, Cell> cells = {};
     std::map<int, Column> columns = {}; ///< by column number from 0; the others have the standard width
     bool isProtected = false;           ///< without a password
@@ -79,7 +79,7 @@ struct Sheet {
 };
 
 struct Workbook {
-    std::vector<Sheet> sheets;
+    std::vector<Sheet> sheets = {};
     bool operator==(const Workbook&) const = default;
 };
 

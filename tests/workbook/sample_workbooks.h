@@ -1,0 +1,39 @@
+#pragma once
+
+#include "statements/workbook/workbook.h"
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+namespace pgbp::xls {
+
+/// A filled-in statement of that many rows, as it is exported: a bold header, serial, description, amount, two hidden
+/// columns, previous year and detail; each tenth row is the total of the nine before it, the last row takes all
+/// totals together.
+Workbook SampleStatement(int rows);
+
+/// All kinds of values, formulas and styles on two sheets.
+Workbook SampleOfAllKinds();
+
+/// The workbook as it is read back: results in place of formulas, cells without a value and all looks gone.
+Workbook AsRead(const Workbook& workbook);
+
+/// Bytes of a file in the samples folder.
+std::string SampleFile(const std::string& name);
+
+/// A folder of its own that goes away with everything in it.
+class TemporaryFolder {
+  public:
+    TemporaryFolder();
+    ~TemporaryFolder();
+    std::filesystem::path Path() const { return path_; }
+
+  private:
+    std::filesystem::path path_;
+};
+
+std::string ReadBytes(const std::filesystem::path& path);
+void WriteBytes(const std::filesystem::path& path, const std::string& bytes);
+
+} // namespace pgbp::xls
