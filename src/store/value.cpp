@@ -9,8 +9,8 @@ namespace {
 
 std::string ShortestText(double number)
 {
-    char digits[32];
-    return std::string(digits, std::to_chars(digits, digits + sizeof digits, number).ptr);
+    char digits[400]; // plain digits, also for the largest double and the smallest
+    return std::string(digits, std::to_chars(digits, digits + sizeof digits, number, std::chars_format::fixed).ptr);
 }
 
 } // namespace

@@ -1,0 +1,64 @@
+#include "startup/screens.h"
+
+#include "controls/buttons.h"
+#include "support/empty_practice.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+
+namespace {
+
+/// Notes what happens to it.
+class Traced : public Screen {
+  public:
+    Traced(pgbp::Run& itsRun, const char* name, std::string& itsTrace) : Screen(itsRun, name, name), trace(itsTrace)
+    {
+        cmdback.onClick = [this] { run.screens.Return(); };
+    }
+    ~Traced() override { trace += "-" + name() + " "; }
+    void Open(const Opening& opening) override
+    {
+        trace += "open " + name() + (opening.mode == Mode::Edit ? "! " : " ");
+    }
+    void Activate() override { trace += "active " + name() + " "; }
+
+    cmd cmdback{*this, "cmdback", "&Back"};
+    std::string& trace;
+};
+
+} // namespace
+
+TEST(ScreensOfARun, HideShowAndReturn)
+{
+    EmptyPractice practice;
+    pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
+    std::string trace;
+    for (const char* name : {"hub", "detail", "note"})
+        run.screens.Register(name,
+                             [&trace, name](pgbp::Run& its) { return std::make_unique<Traced>(its, name, trace); });
+
+    run.screens.Show("hub");
+    run.screens.Show("detail", {.caption = "Normal Business", .mode = Mode::Edit});
+    EXPECT_EQ(run.screens.OnDisplay()->caption.get(), "Normal Business");
+    run.screens.ShowModal("note");
+    EXPECT_EQ(run.screens.Displayed().size(), 2U) << "the modal screen lies over the one that waits";
+    auto* note = run.screens.Find("note");
+    note->Click(static_cast<Traced*>(note)->cmdback); // a screen may leave from its own handler
+    EXPECT_EQ(run.screens.Find("note"), nullptr);
+    run.screens.Return();
+    run.screens.Sweep();
+    EXPECT_EQ(trace, "open hub active hub open detail! active detail open note active note active detail active hub "
+                     "-note -detail ");
+    run.screens.End();
+    EXPECT_TRUE(run.screens.Ended());
+    EXPECT_EQ(run.screens.OnDisplay(), nullptr);
+}
+
+TEST(ScreensOfARun, TellWhenAScreenIsNotThereYet)
+{
+    EmptyPractice practice;
+    pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
+    run.screens.Show("FrmGST");
+    EXPECT_EQ(practice.boxes.Take().text, "The screen FrmGST is not there yet.");
+}

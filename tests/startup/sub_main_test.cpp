@@ -1,0 +1,135 @@
+#include "startup/sub_main.h"
+
+#include "startup/settings.h"
+#include "store/server.h"
+#include "support/empty_practice.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+
+TEST(SubMain, ReadsTheHandOverAndShowsTheSummary)
+{
+    EmptyPractice practice;
+    practice.folder.Write("QelCtrl.ini", "[ITR]\nA0001r2023-24=5\n");
+    practice.Company().Insert("assessee1", {{"code", "A0001r2023-24"}, {"comp_name", "Asha Traders"}});
+    practice.handOver.GLrep = "ASDF";
+    pgbp::Run& run = practice.Start();
+    EXPECT_TRUE(practice.opened);
+    EXPECT_EQ(run.GlITR, 5);
+    EXPECT_EQ(run.Year(), 2023);
+    EXPECT_EQ(run.screens.OnDisplay()->name(), "frmbusiness");
+    EXPECT_EQ(run.screens.Find("frmmdi")->caption.get(), "Vorn - Asha Traders - 2023-24");
+    EXPECT_EQ(practice.folder.Read("Settings.ini"), "[DBTYPE]\nDB=MDB\n") << "made where it was missing";
+}
+
+TEST(SubMain, TakesTheProgramFolderForAMissingClientFolder)
+{
+    EmptyPractice practice;
+    practice.handOver.GlClient = "";
+    std::filesystem::rename(practice.folder.path() / "client/data", practice.folder.path() / "data");
+    EXPECT_EQ(practice.Start().GlClient, practice.folder.path().string());
+}
+
+TEST(SubMain, ChecksForIndASByYearAndStatus)
+{
+    struct {
+        const char* year;
+        const char* status;
+        const char* answer;
+        bool done;
+    } const rows[] = {
+        {"2023-24", "12", "Yes", true},  {"2023-24", "13", "Yes", true},  {"2024-25", "15", "Yes", true},
+        {"2023-24", "12", "yes", false}, {"2023-24", "12", "No", false},  {"2023-24", "12", nullptr, false},
+        {"2022-23", "12", "Yes", false}, {"2023-24", "01", "Yes", false},
+    };
+    for (const auto& row : rows) {
+        EmptyPractice practice;
+        practice.Company().Insert(
+            "misc_items",
+            {{"code", "A0001r2023-24"}, {"Type", "FRMCHK"}, {"add1", row.answer ? Value(row.answer) : Value()}});
+        practice.handOver.Glyear = row.year;
+        practice.handOver.Glstatus = row.status;
+        EXPECT_EQ(practice.Start().FormCheckDone, row.done) << row.year << ' ' << row.status;
+    }
+}
+
+TEST(SubMain, NamesTheDataFileThatIsMissingOrDamagedAndCreatesNothing)
+{
+    struct {
+        const char* file;
+        const char* content; // none: the file is taken away
+    } const rows[] = {
+        {"server/company.mdb", nullptr},    {"server/balance.mdb", ""},
+        {"server/tax.mdb", "no data file"}, {"client/data/qeltemp.mdb", nullptr},
+        {"server/export2.mdb", nullptr},    {"handover/VornTemp.mdb", "SQLite format 3"},
+    };
+    for (const auto& row : rows) {
+        EmptyPractice practice;
+        WriteHandOver(practice.File("handover/VornTemp.mdb"), practice.handOver);
+        if (row.content)
+            practice.folder.Write(row.file, row.content);
+        else
+            std::filesystem::remove(practice.folder.path() / row.file);
+        try {
+            practice.StartWithFilesAsTheyAre();
+            ADD_FAILURE() << row.file;
+        } catch (const StoreError& error) {
+            const auto name = std::filesystem::path(row.file).filename().string();
+            EXPECT_NE(std::string(error.what()).find(name), std::string::npos) << error.what();
+        }
+        EXPECT_EQ(std::filesystem::exists(practice.folder.path() / row.file), row.content != nullptr);
+        EXPECT_TRUE(practice.boxes.shown.empty());
+    }
+}
+
+TEST(SubMain, GoesOnWithEmptyValuesWithoutAHandOver)
+{
+    EmptyPractice practice;
+    std::filesystem::remove(practice.folder.path() / "handover/VornTemp.mdb");
+    EXPECT_THROW(practice.StartWithFilesAsTheyAre(), StoreError) << "an empty folder name holds no data files";
+
+    EmptyPractice withoutRows;
+    EXPECT_THROW(withoutRows.StartWithFilesAsTheyAre(), StoreError);
+    EXPECT_EQ(withoutRows.run->Glcode, "");
+}
+
+TEST(Settings, ChooseTheStore)
+{
+    struct {
+        const char* content;
+        bool server;
+        bool native;
+    } const rows[] = {
+        {"[DBTYPE]\nDB=sql\n", true, false},
+        {"[DBTYPE]\nDB=SQL\n[Qel]\nSQLTYPE=1\n", true, true},
+        {"[DBTYPE]\nDB=MDB\n[Qel]\nSQLTYPE=1\n", false, true},
+        {"[DBTYPE]\nDB=SQL Server\n", false, false},
+        {"[Qel]\nSQLTYPE=01\n", false, false},
+        {"\xFF\xFE\x00garbage[[[=", false, false},
+    };
+    for (const auto& row : rows) {
+        EmptyPractice practice;
+        practice.folder.Write("Settings.ini", row.content);
+        pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
+        ReadSettings(run);
+        EXPECT_EQ(run.IsSqlStore, row.server) << row.content;
+        EXPECT_EQ(run.UseNativeClient, row.native) << row.content;
+        EXPECT_EQ(practice.folder.Read("Settings.ini"), row.content);
+    }
+}
+
+TEST(Settings, EndTheRunSilentlyWithoutTheServer)
+{
+    EmptyPractice practice;
+    practice.folder.Write("Settings.ini", "[DBTYPE]\nDB=SQL\n");
+    practice.folder.Write("VornServer.ini", "[Server]\nServerNM=\n");
+    practice.Start();
+    EXPECT_FALSE(practice.opened);
+    EXPECT_FALSE(practice.why.empty());
+    EXPECT_TRUE(practice.boxes.shown.empty());
+
+    std::filesystem::remove(practice.folder.path() / "VornServer.ini");
+    practice.StartWithFilesAsTheyAre();
+    EXPECT_NE(practice.folder.Read("VornServer.ini").find("LogName=sa\nLogPwd=\n"), std::string::npos);
+}
