@@ -31,8 +31,10 @@ void frmmdi::CheckIndAS()
 void frmmdi::NameClient()
 {
     const Recordset client = run.company.Query("select comp_name from {assessee1} where code = ?", run.Code());
-    if (!client.Empty())
-        caption = run.title + " - " + client.First()["comp_name"].Text() + " - " + run.Glyear;
+    if (client.Empty())
+        return;
+    run.clientName = client.First()["comp_name"].Text();
+    caption = run.title + " - " + run.clientName + " - " + run.Glyear;
 }
 
 } // namespace pgbp

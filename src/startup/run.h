@@ -35,6 +35,7 @@ class Run : public HandOver {
     bool IsSqlStore = false;              ///< `company` and `balance` live on a database server
     bool UseNativeClient = false;         ///< which of the two server connection strings is used
     double GlITR = 0;                     ///< return form of the assessee-year; 0 when unknown
+    std::string clientName;               ///< name of the assessee; empty when the suite's list has none
     bool FormCheckDone = false;           ///< the statements are in Ind AS
     int GlBusinessKind = 0;               ///< line of the summary opened last
     std::string GlHelpTopic;              ///< topic of the help screen

@@ -1,0 +1,59 @@
+#include "desktop/card_layer.h"
+
+#include "desktop/frame_view.h"
+#include "desktop/theme.h"
+
+#include <QEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace pgbp {
+
+CardLayer::CardLayer(QWidget* pages) : QWidget(pages) { pages->installEventFilter(this); }
+
+void CardLayer::Add(FrameView& card) { cards_.push_back(&card); }
+
+void CardLayer::Arrange()
+{
+    setGeometry(parentWidget()->rect());
+    setVisible(std::any_of(cards_.begin(), cards_.end(), [](const auto* card) { return card->control.Shown(); }));
+    if (isHidden())
+        return;
+    raise();
+    for (FrameView* card : cards_)
+        if (card->control.Shown()) {
+            card->widget()->setGeometry(PlaceOf(*card));
+            card->widget()->raise();
+        }
+}
+
+/// As large as its rows ask; a list or a grid takes three quarters of the room.
+QRect CardLayer::PlaceOf(const FrameView& card) const
+{
+    const QSize room = size() - QSize(4 * kUnit, 4 * kUnit);
+    const QSize asked = card.widget()->sizeHint();
+    const QSize wanted = card.TakesHeight() ? asked.expandedTo(room * 3 / 4) : asked;
+    QRect place(QPoint(), wanted.boundedTo(room));
+    place.moveCenter(rect().center());
+    return place;
+}
+
+bool CardLayer::eventFilter(QObject* object, QEvent* event)
+{
+    if (event->type() == QEvent::Resize)
+        Arrange();
+    return QWidget::eventFilter(object, event);
+}
+
+void CardLayer::paintEvent(QPaintEvent*)
+{
+    QColor veil = Theme().window;
+    veil.setAlphaF(0.7F);
+    QPainter(this).fillRect(rect(), veil);
+}
+
+void CardLayer::mousePressEvent(QMouseEvent* event) { event->accept(); }
+
+} // namespace pgbp

@@ -1,0 +1,83 @@
+#include "desktop/combo_view.h"
+
+#include "desktop/captions.h"
+#include "desktop/form_view.h"
+#include "desktop/theme.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLineEdit>
+
+namespace pgbp {
+
+ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
+    : ControlView(itsCombo, itsForm), combo_(itsCombo), box_(new QComboBox(place.parent))
+{
+    box_->setFixedHeight(RowHeight());
+    box_->setMinimumWidth(40 * kUnit);
+    box_->setEditable(combo_.editable);
+    box_->setInsertPolicy(QComboBox::NoInsert);
+    box_->setCompleter(nullptr);
+    box_->setFocusPolicy(Qt::TabFocus);
+    if (combo_.editable) {
+        box_->lineEdit()->setFocusPolicy(Qt::TabFocus);
+        typing_ = std::make_unique<TextSync>(combo_, form, MakeEditor(*box_->lineEdit()));
+        form.Watch(box_->lineEdit(), *this);
+    }
+    form.Watch(box_, *this);
+    QObject::connect(box_, &QComboBox::activated, &connections,
+                     [this](int item) { form.Act([&] { combo_.Choose(item); }); });
+    Shows(box_);
+}
+
+QWidget* ComboView::keyboard() const { return typing_ ? static_cast<QWidget*>(box_->lineEdit()) : box_; }
+
+void ComboView::FromModel()
+{
+    ControlView::FromModel();
+    ShowItems();
+    if (box_->currentIndex() != combo_.Chosen())
+        box_->setCurrentIndex(combo_.Chosen());
+    if (typing_)
+        typing_->FromModel();
+}
+
+void ComboView::ShowItems()
+{
+    const auto& items = combo_.items();
+    const auto same = [&](int i) { return box_->itemText(i) == Text(items[static_cast<std::size_t>(i)]); };
+    bool alike = box_->count() == static_cast<int>(items.size());
+    for (int i = 0; alike && i < box_->count(); ++i)
+        alike = same(i);
+    if (alike)
+        return;
+    box_->clear();
+    for (const auto& item : items)
+        box_->addItem(Text(item));
+}
+
+bool ComboView::KeyPressed(const QKeyEvent& event)
+{
+    const bool dropsDown =
+        event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers() & Qt::AltModifier);
+    if (dropsDown) {
+        box_->showPopup();
+        return true;
+    }
+    if (typing_ && typing_->KeyPressed(event))
+        return true;
+    const std::u32string typed = typing_ ? std::u32string() : TypedText(event);
+    for (const char32_t character : typed)
+        form.Act([&] { form.form.Type(character); });
+    return !typed.empty() || ControlView::KeyPressed(event);
+}
+
+/// A turn of the wheel scrolls the page; it would change the choice unseen.
+bool ComboView::Noticed(QEvent& event)
+{
+    if (event.type() == QEvent::Wheel)
+        event.ignore();
+    return event.type() == QEvent::Wheel;
+}
+
+} // namespace pgbp

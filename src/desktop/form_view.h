@@ -1,0 +1,78 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/form.h"
+#include "desktop/control_view.h"
+
+#include <QWidget>
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <unordered_map>
+#include <vector>
+
+class QHBoxLayout;
+
+namespace pgbp {
+
+class Actions;
+class CardLayer;
+
+/// Draws any form: its main frames as pages, its side frames as cards over them, and one row of buttons below. The form
+/// is the authority: everything the preparer does goes to it, and the widgets are made like it afterwards.
+class FormView : public QWidget {
+  public:
+    FormView(Form& itsForm, Actions& actions, QWidget* parent = nullptr);
+    ~FormView() override;
+
+    Form& form;
+
+    /// Makes the view of a control that is laid out.
+    ControlView& Add(Control& control, const Place& place);
+    /// Keys and clicks of the widget come to the view.
+    void Watch(QWidget* widget, ControlView& view);
+    ControlView* Find(const Control* control) const;
+
+    /// The letter by which the button is pressed with Alt; 0 when there is none now.
+    char Mnemonic(const PushControl& button) const;
+
+    /// Does something to the form on the preparer's behalf, then follows the form.
+    void Act(const std::function<void()>& action);
+    void Press(Key key);
+    /// Alt and a letter; false when no button has it.
+    bool PressMnemonic(const QKeyEvent& event);
+    /// Makes all widgets like the form.
+    void Refresh();
+
+    /// The model's key; none for a character, or when Ctrl is held.
+    static std::optional<Key> KeyOf(const QKeyEvent& event);
+
+    QSize sizeHint() const override;
+
+  protected:
+    bool eventFilter(QObject* object, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool) override { return true; }
+
+  private:
+    void Build();
+    void AddMain(frame& main, QHBoxLayout& left, QHBoxLayout& right);
+    void RefreshSoon();
+    void MoveFocus();
+    void ShowFocused(const ControlView& view);
+    bool MousePressed(ControlView& view);
+
+    Actions& actions_;
+    int changedListener_ = 0;
+    int focusListener_ = 0;
+    std::vector<std::unique_ptr<ControlView>> views_;
+    std::unordered_map<const Control*, ControlView*> byControl_;
+    std::unordered_map<const QObject*, ControlView*> watched_;
+    std::map<const PushControl*, char> mnemonics_;
+    QWidget* pages_ = nullptr;
+    CardLayer* cards_ = nullptr;
+    bool refreshQueued_ = false;
+};
+
+} // namespace pgbp

@@ -1,0 +1,259 @@
+#include "desktop/grid_view.h"
+
+#include "desktop/captions.h"
+#include "desktop/form_view.h"
+#include "desktop/theme.h"
+#include "services/format.h"
+
+#include <QAbstractTableModel>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QKeyEvent>
+#include <QPainter>
+#include <QStyledItemDelegate>
+#include <QTableView>
+
+#include <algorithm>
+#include <set>
+
+namespace pgbp {
+
+/// Reads the grid in place.
+class GridModel : public QAbstractTableModel {
+  public:
+    explicit GridModel(const grid& itsGrid) : grid_(itsGrid) {}
+
+    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shownRows_; }
+    int columnCount(const QModelIndex& parent = {}) const override
+    {
+        return parent.isValid() ? 0 : static_cast<int>(grid_.columns().size());
+    }
+
+    QVariant data(const QModelIndex& index, int role) const override
+    {
+        // the grid may be shorter already than what is drawn of it
+        return index.row() < grid_.Rows() ? CellData(index.row() + 1, index.column(), role) : QVariant();
+    }
+
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
+    {
+        if (orientation == Qt::Vertical)
+            return {};
+        return role == Qt::TextAlignmentRole || role == Qt::DisplayRole ? CellData(0, section, role) : QVariant();
+    }
+
+    void Reload()
+    {
+        if (shownRows_ != grid_.Rows()) {
+            beginResetModel();
+            shownRows_ = grid_.Rows();
+            endResetModel();
+        } else if (shownRows_ > 0) {
+            emit dataChanged(index(0, 0), index(shownRows_ - 1, columnCount() - 1));
+        }
+        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
+    }
+
+  private:
+    QVariant CellData(int row, int column, int role) const
+    {
+        const GridColumnKind kind = grid_.columns()[static_cast<std::size_t>(column)].kind;
+        const bool isAmount = kind == GridColumnKind::Amount;
+        switch (role) {
+        case Qt::DisplayRole:
+            return Text(grid_.Cell(row, column));
+        case Qt::ToolTipRole:
+            return kind == GridColumnKind::Text ? Text(grid_.Cell(row, column)) : QVariant();
+        case Qt::TextAlignmentRole:
+            return QVariant::fromValue((isAmount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+        case Qt::ForegroundRole:
+            if (isAmount && Val(grid_.Cell(row, column)) < 0)
+                return Theme().negative;
+            return kind == GridColumnKind::Serial ? Theme().muted : Theme().text;
+        default:
+            return {};
+        }
+    }
+
+    const grid& grid_;
+    int shownRows_ = 0;
+};
+
+namespace {
+
+constexpr int kMargin = 8;
+constexpr int kLeastText = 120;
+
+/// Draws cells as the ledger has them: a hairline below each row, the current row marked at its left edge.
+class CellDelegate : public QStyledItemDelegate {
+  public:
+    CellDelegate(QTableView& table, int firstColumn) : QStyledItemDelegate(&table), table_(table), first_(firstColumn)
+    {
+    }
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
+    {
+        const bool isSelected = option.state & QStyle::State_Selected;
+        painter->fillRect(option.rect, isSelected ? Theme().accentSoft : Theme().panel);
+        painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Theme().line);
+        if (index.column() == first_ && index.row() == table_.currentIndex().row())
+            painter->fillRect(QRect(option.rect.topLeft(), QSize(3, option.rect.height())), Theme().accent);
+        const QRect inner = option.rect.adjusted(kMargin, 0, -kMargin, 0);
+        const QString text = option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, inner.width());
+        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
+        painter->drawText(inner, index.data(Qt::TextAlignmentRole).toInt(), text);
+    }
+
+  private:
+    const QTableView& table_;
+    const int first_;
+};
+
+} // namespace
+
+GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
+    : ControlView(itsGrid, itsForm), grid_(itsGrid), model_(std::make_unique<GridModel>(itsGrid)),
+      table_(new QTableView(place.parent))
+{
+    changedListener_ = grid_.changed.Add([this] { stale_ = true; });
+    const auto& columns = grid_.columns();
+    first_ =
+        static_cast<int>(std::find_if(columns.begin(), columns.end(),
+                                      [](const GridColumn& column) { return column.kind != GridColumnKind::Hidden; }) -
+                         columns.begin());
+    table_->setModel(model_.get());
+    Dress();
+    form.Watch(table_, *this);
+    form.Watch(table_->viewport(), *this);
+    QObject::connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, &connections,
+                     [this](const QModelIndex& current) {
+                         if (current.isValid() && current.row() + 1 != grid_.currentRow())
+                             form.Act([&] { grid_.SetCurrentRow(current.row() + 1); });
+                     });
+    QObject::connect(table_, &QTableView::doubleClicked, &connections,
+                     [this](const QModelIndex& index) { form.Act([&] { grid_.DoubleClick(index.row() + 1); }); });
+    Shows(table_);
+}
+
+/// The widget outlives this view for a moment and must not look for the rows any more.
+GridView::~GridView()
+{
+    grid_.changed.Remove(changedListener_);
+    table_->setModel(nullptr);
+}
+
+void GridView::Dress()
+{
+    table_->setItemDelegate(new CellDelegate(*table_, first_));
+    table_->setFocusPolicy(Qt::TabFocus);
+    table_->setTabKeyNavigation(false);
+    table_->setShowGrid(false);
+    table_->setWordWrap(false);
+    table_->setEditTriggers(QTableView::NoEditTriggers);
+    table_->setSelectionBehavior(QTableView::SelectRows);
+    table_->setSelectionMode(QTableView::ExtendedSelection);
+    table_->setHorizontalScrollMode(QTableView::ScrollPerPixel);
+    table_->setMinimumSize(120 * kUnit, 6 * GridRowHeight());
+    QHeaderView* rows = table_->verticalHeader();
+    rows->hide();
+    rows->setSectionResizeMode(QHeaderView::Fixed);
+    rows->setDefaultSectionSize(GridRowHeight());
+    QHeaderView* headings = table_->horizontalHeader();
+    headings->setSectionResizeMode(QHeaderView::Fixed);
+    headings->setMinimumSectionSize(1);
+    headings->setHighlightSections(false);
+    headings->setFixedHeight(GridRowHeight() + kUnit);
+    for (int column = 0; column < model_->columnCount(); ++column)
+        table_->setColumnHidden(column,
+                                grid_.columns()[static_cast<std::size_t>(column)].kind == GridColumnKind::Hidden);
+}
+
+void GridView::FromModel()
+{
+    ControlView::FromModel();
+    if (std::exchange(stale_, false)) {
+        model_->Reload();
+        ShareWidth();
+    }
+    FollowCurrentRow();
+}
+
+void GridView::FollowCurrentRow()
+{
+    const int row = grid_.currentRow() - 1;
+    if (table_->currentIndex().row() != row)
+        table_->setCurrentIndex(model_->index(row, first_));
+}
+
+/// Texts share what serials and amounts leave, by weight.
+void GridView::ShareWidth()
+{
+    int left = table_->viewport()->width();
+    int weights = 0;
+    for (const auto& column : grid_.columns()) {
+        left -= FixedWidth(column);
+        weights += column.kind == GridColumnKind::Text ? column.weight : 0;
+    }
+    for (int i = 0; i < model_->columnCount(); ++i) {
+        const GridColumn& column = grid_.columns()[static_cast<std::size_t>(i)];
+        const bool isText = column.kind == GridColumnKind::Text;
+        const int width = isText ? std::max(kLeastText, left * column.weight / weights) : FixedWidth(column);
+        if (isText) {
+            left -= left * column.weight / weights; // the last one takes the pixels that rounding leaves
+            weights -= column.weight;
+        }
+        table_->setColumnWidth(i, width);
+    }
+}
+
+int GridView::FixedWidth(const GridColumn& column) const
+{
+    const auto heading = table_->fontMetrics().horizontalAdvance(Text(column.heading)) + 3 * kMargin;
+    switch (column.kind) {
+    case GridColumnKind::Amount:
+        return std::max(AmountWidth(), heading);
+    case GridColumnKind::Serial:
+        return std::max(table_->fontMetrics().horizontalAdvance("0000") + 2 * kMargin, heading);
+    default:
+        return 0;
+    }
+}
+
+bool GridView::KeyPressed(const QKeyEvent& event)
+{
+    if (event.matches(QKeySequence::Copy)) {
+        Copy();
+        return true;
+    }
+    return ControlView::KeyPressed(event);
+}
+
+bool GridView::Noticed(QEvent& event)
+{
+    if (event.type() == QEvent::Resize)
+        ShareWidth();
+    return false;
+}
+
+bool GridView::Wants(Key key) const { return key != Key::Left && key != Key::Right; }
+
+/// The selected rows as a spreadsheet takes them.
+void GridView::Copy() const
+{
+    std::set<int> rows;
+    for (const QModelIndex& index : table_->selectionModel()->selectedRows(first_))
+        rows.insert(index.row());
+    QString copied;
+    for (const int row : rows) {
+        QStringList cells;
+        for (int column = 0; column < model_->columnCount(); ++column)
+            if (!table_->isColumnHidden(column))
+                cells << Text(grid_.Cell(row + 1, column));
+        copied += cells.join('\t') + '\n';
+    }
+    QGuiApplication::clipboard()->setText(copied);
+}
+
+} // namespace pgbp

@@ -1,0 +1,41 @@
+#pragma once
+
+#include "controls/grid.h"
+#include "desktop/control_view.h"
+
+class QTableView;
+
+namespace pgbp {
+
+class GridModel;
+
+/// A grid: heading fixed, amounts at the right and never scrolled out, texts share what is left and elide.
+class GridView : public ControlView {
+  public:
+    GridView(grid& itsGrid, FormView& itsForm, const Place& place);
+    ~GridView() override;
+
+    void FromModel() override;
+    bool KeyPressed(const QKeyEvent& event) override;
+    bool Noticed(QEvent& event) override;
+    bool TakesHeight() const override { return true; }
+
+  protected:
+    bool Wants(Key key) const override;
+
+  private:
+    void Dress();
+    void ShareWidth();
+    int FixedWidth(const GridColumn& column) const; ///< 0 for a text, which shares what is left
+    void FollowCurrentRow();
+    void Copy() const;
+
+    grid& grid_;
+    std::unique_ptr<GridModel> model_;
+    QTableView* table_;
+    int changedListener_ = 0;
+    int first_ = 0;     ///< the first column that is seen
+    bool stale_ = true; ///< the grid changed since it was last drawn
+};
+
+} // namespace pgbp

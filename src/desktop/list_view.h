@@ -1,0 +1,29 @@
+#pragma once
+
+#include "controls/lists.h"
+#include "desktop/control_view.h"
+
+class QListWidget;
+
+namespace pgbp {
+
+/// A list of titles with the empty spot below them.
+class ListView : public ControlView {
+  public:
+    ListView(list& itsList, FormView& itsForm, const Place& place);
+
+    void FromModel() override;
+    bool Noticed(QEvent& event) override;
+    bool TakesHeight() const override { return true; }
+
+  protected:
+    bool Wants(Key) const override { return true; }
+
+  private:
+    void ShowItems();
+
+    list& list_;
+    QListWidget* rows_;
+};
+
+} // namespace pgbp

@@ -1,0 +1,201 @@
+#include "desktop/main_window.h"
+
+#include "desktop/captions.h"
+#include "desktop/elided_label.h"
+#include "desktop/form_view.h"
+#include "desktop/theme.h"
+#include "startup/status.h"
+
+#include <QCloseEvent>
+#include <QDialog>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QStackedLayout>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace pgbp {
+namespace {
+
+/// A modal screen: its cross and the Escape key are the screen's own way to close.
+class ScreenDialog : public QDialog {
+  public:
+    ScreenDialog(Screen& screen, Actions& actions, QWidget* parent)
+        : QDialog(parent), screen_(screen), actions_(actions)
+    {
+        setWindowModality(Qt::WindowModal);
+        auto* box = new QVBoxLayout(this);
+        box->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
+        view = new FormView(screen, actions, this);
+        box->addWidget(view);
+        resize(sizeHint().boundedTo(parent->window()->size()));
+    }
+
+    FormView* view;
+
+    void reject() override
+    {
+        if (screen_.Card()) // Escape is the card's then
+            return;
+        view->Act([this] { screen_.Close(); });
+    }
+
+  protected:
+    void closeEvent(QCloseEvent* event) override
+    {
+        event->ignore();
+        view->Act([this] { screen_.Close(); });
+    }
+
+  private:
+    Screen& screen_;
+    Actions& actions_;
+};
+
+QString StatusLine(const Run& run)
+{
+    QStringList parts;
+    const auto add = [&](const QString& part) {
+        if (!part.isEmpty())
+            parts << part;
+    };
+    add(Text(run.clientName));
+    add(run.Glyear.empty() ? QString() : "A.Y. " + Text(run.Glyear));
+    add(Text(StatusInWords(run.Glstatus)));
+    add(run.GlITR == 0 ? QString() : "ITR-" + QString::number(run.GlITR));
+    add(run.GLlock == 0 ? "" : "Locked");
+    add(run.IsSqlStore ? "Store: database server" : "Store: files");
+    return parts.join("   \u00B7   ");
+}
+
+} // namespace
+
+MainWindow::MainWindow(Run& run) : run_(run)
+{
+    Build();
+    actions_.settled = [this] { Settled(); };
+    changedListener_ = run_.screens.changed.Add([this] { actions_.Settle(); });
+    CatchUp();
+}
+
+MainWindow::~MainWindow() { run_.screens.changed.Remove(changedListener_); }
+
+void MainWindow::Build()
+{
+    auto* box = new QVBoxLayout(this);
+    box->setContentsMargins(0, 0, 0, 0);
+    box->setSpacing(0);
+    auto* pages = new QWidget(this);
+    pages_ = new QStackedLayout(pages);
+    pages->setContentsMargins(kPadding, 3 * kUnit, kPadding, 3 * kUnit);
+    box->addWidget(BuildHeader());
+    box->addWidget(pages, 1);
+    box->addWidget(BuildStatusLine());
+}
+
+QWidget* MainWindow::BuildHeader()
+{
+    auto* header = new QWidget(this);
+    auto* row = new QHBoxLayout(header);
+    row->setContentsMargins(kPadding, 3 * kUnit, kPadding, 0);
+    row->setSpacing(2 * kPadding);
+    title_ = new ElidedLabel(header);
+    title_->setFont(FontOf(Type::Title));
+    client_ = new ElidedLabel(header);
+    client_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    row->addWidget(title_, 1);
+    row->addWidget(client_);
+    return header;
+}
+
+QWidget* MainWindow::BuildStatusLine()
+{
+    auto* line = new QFrame(this);
+    line->setProperty("statusline", true);
+    auto* row = new QHBoxLayout(line);
+    row->setContentsMargins(kPadding, kUnit, kPadding, kUnit);
+    status_ = new ElidedLabel(line);
+    status_->setProperty("look", "status");
+    row->addWidget(status_);
+    return line;
+}
+
+FormView* MainWindow::Find(const Screen* screen) const
+{
+    const auto found =
+        std::find_if(shown_.begin(), shown_.end(), [&](const Shown& shown) { return shown.screen == screen; });
+    return found == shown_.end() ? nullptr : found->view;
+}
+
+MainWindow::Shown& MainWindow::ShownFor(Screen& screen, bool modal)
+{
+    const auto found =
+        std::find_if(shown_.begin(), shown_.end(), [&](const Shown& shown) { return shown.screen == &screen; });
+    if (found != shown_.end())
+        return *found;
+    Shown fresh{&screen, screen.name(), nullptr, nullptr};
+    if (modal) {
+        auto dialog = std::make_unique<ScreenDialog>(screen, actions_, shown_.back().top->window());
+        fresh.view = dialog->view;
+        fresh.top = std::move(dialog);
+    } else {
+        auto view = std::make_unique<FormView>(screen, actions_);
+        fresh.view = view.get();
+        pages_->addWidget(view.get());
+        fresh.top = std::move(view);
+    }
+    return shown_.emplace_back(std::move(fresh));
+}
+
+void MainWindow::CatchUp()
+{
+    const auto displayed = run_.screens.Displayed();
+    for (const Shown& shown : shown_)
+        if (shown.top->isWindow() && std::find(displayed.begin(), displayed.end(), shown.screen) == displayed.end())
+            shown.top->hide();
+    for (std::size_t i = 0; i < displayed.size(); ++i) {
+        Shown& shown = ShownFor(*displayed[i], i > 0);
+        shown.view->Refresh();
+        if (i > 0) {
+            shown.top->setWindowTitle(Text(displayed[i]->caption));
+            shown.top->show();
+        } else if (pages_->currentWidget() != shown.view) {
+            pages_->setCurrentWidget(shown.view);
+        }
+    }
+    if (!displayed.empty())
+        ShowTexts(*displayed.front());
+}
+
+void MainWindow::ShowTexts(const Screen& page)
+{
+    if (const Screen* window = run_.screens.Find("frmmdi"))
+        setWindowTitle(Text(window->caption));
+    title_->Show(Text(page.caption));
+    client_->Show(Text(run_.clientName) + "   " + Text(run_.Glyear) + "   " + Text(StatusInWords(run_.Glstatus)));
+    status_->Show(StatusLine(run_));
+}
+
+/// Between two actions: no handler of a screen runs, so what was left can go, the widgets first.
+void MainWindow::Settled()
+{
+    DropLeftScreens();
+    CatchUp();
+    run_.screens.Sweep();
+    if (run_.screens.Ended() && onEnd)
+        onEnd();
+}
+
+void MainWindow::DropLeftScreens()
+{
+    std::erase_if(shown_, [this](const Shown& shown) { return run_.screens.Find(shown.name) != shown.screen; });
+}
+
+void MainWindow::closeEvent(QCloseEvent* event)
+{
+    event->ignore();
+    actions_.Run([this] { run_.screens.End(); });
+}
+
+} // namespace pgbp

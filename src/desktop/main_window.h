@@ -1,0 +1,62 @@
+#pragma once
+
+#include "desktop/actions.h"
+#include "startup/run.h"
+
+#include <QWidget>
+
+#include <memory>
+#include <vector>
+
+class QStackedLayout;
+
+namespace pgbp {
+
+class ElidedLabel;
+class FormView;
+
+/// The window of the module: heading, the screen on display, status line. Modal screens stand in dialogs over it. Each
+/// screen is drawn when it is first shown. Closing the window ends the run.
+class MainWindow : public QWidget {
+  public:
+    explicit MainWindow(Run& run);
+    ~MainWindow() override;
+
+    /// Called when the run has ended.
+    std::function<void()> onEnd;
+
+    /// Shows what is on display now; also while an action still runs, before a message box.
+    void CatchUp();
+    /// The view of a screen that has been shown; none otherwise.
+    FormView* Find(const Screen* screen) const;
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    struct Shown {
+        Screen* screen;
+        std::string name;
+        FormView* view;
+        std::unique_ptr<QWidget> top; ///< the view, or the dialog it stands in
+    };
+
+    void Build();
+    QWidget* BuildHeader();
+    QWidget* BuildStatusLine();
+    Shown& ShownFor(Screen& screen, bool modal);
+    void DropLeftScreens();
+    void ShowTexts(const Screen& page);
+    void Settled();
+
+    Run& run_;
+    Actions actions_;
+    int changedListener_;
+    std::vector<Shown> shown_;
+    QStackedLayout* pages_ = nullptr;
+    ElidedLabel* title_ = nullptr;
+    ElidedLabel* client_ = nullptr;
+    ElidedLabel* status_ = nullptr;
+};
+
+} // namespace pgbp

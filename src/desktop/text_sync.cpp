@@ -1,0 +1,212 @@
+#include "desktop/text_sync.h"
+
+#include "controls/form.h"
+#include "desktop/captions.h"
+#include "desktop/form_view.h"
+
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTextCursor>
+
+#include <algorithm>
+#include <limits>
+
+namespace pgbp {
+namespace {
+
+class LineEditor : public Editor {
+  public:
+    explicit LineEditor(QLineEdit& line) : line_(line)
+    {
+        line.setMaxLength(std::numeric_limits<int>::max()); // the box keeps the length; the widget would cut silently
+        QObject::connect(&line, &QLineEdit::textEdited, &connections_, [this] { edited(); });
+        QObject::connect(&line, &QLineEdit::selectionChanged, &connections_, [this] { selected(); });
+        QObject::connect(&line, &QLineEdit::cursorPositionChanged, &connections_, [this] { selected(); });
+    }
+
+    QString Text() const override { return line_.text(); }
+
+    void Replace(Span span, const QString& with) override
+    {
+        if (!line_.hasFocus()) // the program's own change is no step of undo
+            return line_.setText(Text().replace(span.start, span.length, with));
+        Select(span);
+        line_.insert(with);
+    }
+
+    Span Selection() const override
+    {
+        if (line_.hasSelectedText())
+            return {line_.selectionStart(), line_.selectionLength()};
+        return {line_.cursorPosition(), 0};
+    }
+
+    void Select(Span span) override
+    {
+        span.length > 0 ? line_.setSelection(span.start, span.length) : line_.setCursorPosition(span.start);
+    }
+
+  private:
+    QLineEdit& line_;
+    QObject connections_;
+};
+
+class PageEditor : public Editor {
+  public:
+    explicit PageEditor(QPlainTextEdit& page) : page_(page)
+    {
+        QObject::connect(&page, &QPlainTextEdit::textChanged, &connections_, [this] { edited(); });
+        QObject::connect(&page, &QPlainTextEdit::cursorPositionChanged, &connections_, [this] { selected(); });
+        QObject::connect(&page, &QPlainTextEdit::selectionChanged, &connections_, [this] { selected(); });
+    }
+
+    QString Text() const override { return page_.toPlainText(); }
+
+    void Replace(Span span, const QString& with) override
+    {
+        if (!page_.hasFocus())
+            return page_.setPlainText(Text().replace(span.start, span.length, with));
+        CursorOver(span).insertText(with);
+    }
+
+    Span Selection() const override
+    {
+        const QTextCursor cursor = page_.textCursor();
+        return {cursor.selectionStart(), cursor.selectionEnd() - cursor.selectionStart()};
+    }
+
+    void Select(Span span) override { page_.setTextCursor(CursorOver(span)); }
+
+  private:
+    QTextCursor CursorOver(Span span) const
+    {
+        QTextCursor cursor(page_.document());
+        cursor.setPosition(span.start);
+        cursor.setPosition(span.start + span.length, QTextCursor::KeepAnchor);
+        return cursor;
+    }
+
+    QPlainTextEdit& page_;
+    QObject connections_;
+};
+
+/// What turns one text into the other: a stretch that is replaced.
+struct Difference {
+    Span span;
+    QString with;
+    bool Any() const { return span.length > 0 || !with.isEmpty(); }
+};
+
+/// The shortest one; a character of two units is never cut in half.
+Difference Compare(const QString& before, const QString& after)
+{
+    const auto shorter = std::min(before.size(), after.size());
+    qsizetype start = std::mismatch(before.begin(), before.begin() + shorter, after.begin()).first - before.begin();
+    if (start > 0 && before[start - 1].isHighSurrogate())
+        --start;
+    qsizetype end = 0;
+    while (end < shorter - start && before[before.size() - 1 - end] == after[after.size() - 1 - end])
+        ++end;
+    if (end > 0 && before[before.size() - end].isLowSurrogate())
+        --end;
+    return {{static_cast<int>(start), static_cast<int>(before.size() - start - end)},
+            after.mid(start, after.size() - start - end)};
+}
+
+int CharactersBefore(const QString& text, int unit)
+{
+    const auto front = QStringView(text).left(unit);
+    return unit -
+           static_cast<int>(std::count_if(front.begin(), front.end(), [](QChar c) { return c.isLowSurrogate(); }));
+}
+
+int UnitsBefore(const QString& text, int character)
+{
+    int unit = 0;
+    for (; character > 0 && unit < text.size(); --character)
+        unit += text[unit].isHighSurrogate() ? 2 : 1;
+    return unit;
+}
+
+} // namespace
+
+std::unique_ptr<Editor> MakeEditor(QLineEdit& line) { return std::make_unique<LineEditor>(line); }
+
+std::unique_ptr<Editor> MakeEditor(QPlainTextEdit& page) { return std::make_unique<PageEditor>(page); }
+
+std::u32string TypedText(const QKeyEvent& event)
+{
+    const auto held = event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    const bool isAltGr = held == (Qt::ControlModifier | Qt::AltModifier);
+    const QString text = event.text();
+    const bool printable = !text.isEmpty() && (text[0].isPrint() || text[0].isSurrogate());
+    return printable && (!held || isAltGr) ? text.toStdU32String() : std::u32string();
+}
+
+TextSync::TextSync(TextBox& box, FormView& form, std::unique_ptr<Editor> editor)
+    : box_(box), form_(form), editor_(std::move(editor))
+{
+    editor_->edited = [this] { Edited(); };
+    editor_->selected = [this] { Selected(); };
+}
+
+/// Lines end as the widgets end them.
+QString TextSync::ModelText() const { return Text(box_.text()).replace("\r\n", "\n"); }
+
+void TextSync::FromModel()
+{
+    following_ = true;
+    const QString text = ModelText();
+    if (const Difference change = Compare(editor_->Text(), text); change.Any())
+        editor_->Replace(change.span, change.with);
+    if (form_.form.focused() == &box_) {
+        const int start = UnitsBefore(text, box_.selStart());
+        const Span span{start, UnitsBefore(text, box_.selStart() + box_.selLength()) - start};
+        if (editor_->Selection() != span)
+            editor_->Select(span);
+    }
+    following_ = false;
+}
+
+bool TextSync::KeyPressed(const QKeyEvent& event)
+{
+    const std::u32string typed = TypedText(event);
+    if (!typed.empty())
+        form_.Act([&] { std::for_each(typed.begin(), typed.end(), [&](char32_t c) { form_.form.Type(c); }); });
+    return !typed.empty();
+}
+
+void TextSync::Edited()
+{
+    if (following_)
+        return;
+    const QString before = ModelText();
+    const Difference change = Compare(before, editor_->Text());
+    if (!change.Any())
+        return;
+    form_.Act([&] {
+        box_.Set(before.toStdString(), Notify::No);
+        const int from = CharactersBefore(before, change.span.start);
+        box_.Select(from, CharactersBefore(before, change.span.start + change.span.length) - from);
+        if (change.with.isEmpty())
+            box_.KeyDown(Key::Delete);
+        for (const char32_t character : change.with.toStdU32String())
+            if (character >= U' ' || (character == U'\n' && box_.multiLine))
+                box_.Type(character);
+    });
+}
+
+void TextSync::Selected()
+{
+    if (following_)
+        return;
+    const QString text = ModelText();
+    const Span span = editor_->Selection();
+    const int start = CharactersBefore(text, span.start);
+    const int length = CharactersBefore(text, span.start + span.length) - start;
+    if (start != box_.selStart() || length != box_.selLength())
+        box_.Select(start, length);
+}
+
+} // namespace pgbp
