@@ -1,0 +1,184 @@
+#include "suite/commands.h"
+
+#include "services/format.h"
+#include "services/utf8.h"
+#include "startup/status.h"
+#include "suite/fill.h"
+#include "suite/hand_over_row.h"
+#include "suite/head_of_income.h"
+
+#include <charconv>
+#include <cstdlib>
+#include <ostream>
+#include <stdexcept>
+
+namespace pgbp {
+namespace {
+
+using Words = std::span<const std::string>;
+
+struct Command {
+    std::string_view name;
+    std::string_view arguments;
+    std::string_view purpose;
+    std::size_t least; ///< number of arguments
+    std::size_t most;
+    void (*run)(Suite&, Words);
+};
+
+constexpr std::size_t kAnyNumber = 1000;
+
+std::string Padded(const std::string& text, int width)
+{
+    return text + std::string(static_cast<std::size_t>(std::max(1, width - CharacterCount(text))), ' ');
+}
+
+double NumberOf(const std::string& text, const char* what)
+{
+    double number = 0;
+    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
+    if (error != std::errc() || end != text.data() + text.size())
+        throw std::runtime_error("\"" + text + "\" is no " + what + ".");
+    return number;
+}
+
+void New(Suite& suite, Words words)
+{
+    CreatePractice(words[0], suite.dataFolder);
+    suite.out << "A practice with its demonstration clients stands in " << words[0] << ".\n";
+}
+
+void Ensure(Suite& suite, Words)
+{
+    if (!IsPractice(suite.programFolder))
+        New(suite, std::vector{suite.programFolder.string()});
+}
+
+void List(Suite& suite, Words words)
+{
+    const std::string wanted = words.empty() ? "" : words[0];
+    for (const AssesseeYear& each : AssesseeYears(Practice(suite.programFolder)))
+        if (Matches(each, wanted))
+            suite.out << Padded(each.code, 16) << Padded(each.name, 44) << Padded(StatusInWords(each.status), 18)
+                      << Padded(each.year, 9)
+                      << (each.headOfIncome ? FormatAmountIndian(Amount(*each.headOfIncome), kIndianGrouping) : "-")
+                      << '\n';
+}
+
+void AddAssesseeCommand(Suite& suite, Words words)
+{
+    Assessee assessee{words[0], words[1], words[2], {}};
+    for (const std::string& word : words.subspan(3)) {
+        const auto equals = word.find('=');
+        if (equals == std::string::npos)
+            throw std::runtime_error("\"" + word + "\": COLUMN=VALUE is wanted, such as city_o=Jaipur.");
+        assessee.further[word.substr(0, equals)] = word.substr(equals + 1);
+    }
+    suite.out << Value(AddAssessee(Practice(suite.programFolder), assessee)).Text() << '\n';
+}
+
+void AddYearCommand(Suite& suite, Words words)
+{
+    const double form = words.size() > 2 ? NumberOf(words[2], "number of a return form") : 0;
+    suite.out << AddYear(Practice(suite.programFolder), NumberOf(words[0], "number of an assessee"), words[1], form)
+              << '\n';
+}
+
+void HandOverCommand(Suite& suite, Words words)
+{
+    const Practice practice(suite.programFolder);
+    HandOver record = PrepareHandOver(practice, FindAssesseeYear(practice, words[0]));
+    for (const std::string& word : words.subspan(1))
+        SetColumn(record, word);
+    WriteHandOverFile(practice, record);
+}
+
+void Show(Suite& suite, Words words)
+{
+    const Practice practice(suite.programFolder);
+    const AssesseeYear found = FindAssesseeYear(practice, words[0]);
+    suite.out << found.name << "   " << found.year << "   " << StatusInWords(found.status) << '\n';
+    const auto lines = HeadOfIncome(practice, found.code);
+    suite.out << (lines ? InWords(*lines) : "The head of income has not been written yet.\n");
+}
+
+void RunAndShow(Suite& suite, Words words)
+{
+    RunModule(suite, words[0], words.subspan(1));
+    Show(suite, words.first(1));
+}
+
+void Fill(Suite& suite, Words words)
+{
+    const double count = NumberOf(words[0], "number of assessee-years");
+    if (count < 1 || count > 1e6)
+        throw std::runtime_error("Between 1 and 1000000 assessee-years can be added at a time.");
+    const long rows = FillPractice(Practice(suite.programFolder), suite.dataFolder, static_cast<int>(count));
+    suite.out << rows << " rows added.\n";
+}
+
+void Help(Suite& suite, Words);
+
+constexpr Command kCommands[] = {
+    {"new", "FOLDER", "makes a practice with demonstration clients in a new or empty folder", 1, 1, New},
+    {"ensure", "", "makes the practice where there is none yet", 0, 0, Ensure},
+    {"list", "[TEXT]", "the assessee-years whose code, name, PAN, status or year holds the text", 0, 1, List},
+    {"add-assessee", "NAME PAN STATUS [COLUMN=VALUE ...]", "adds an assessee and prints the number", 3, kAnyNumber,
+     AddAssesseeCommand},
+    {"add-year", "NUMBER YEAR [FORM]", "adds an assessment year of an assessee and prints its code", 2, 3,
+     AddYearCommand},
+    {"handover", "CODE [COLUMN=VALUE ...]", "writes the hand-over record, any column set as told", 1, kAnyNumber,
+     HandOverCommand},
+    {"run", "CODE [COLUMN=VALUE ...]", "hands over, starts the module, shows the head of income that came back", 1,
+     kAnyNumber, RunAndShow},
+    {"show", "CODE", "the head of income as it was written last", 1, 1, Show},
+    {"fill", "COUNT", "adds that many assessee-years made up from the demonstration clients", 1, 1, Fill},
+    {"--help", "", "this text", 0, 0, Help},
+};
+
+std::string Usage(const Command& command)
+{
+    return "pgbp-suite " + std::string(command.name) + (command.arguments.empty() ? "" : " ") +
+           std::string(command.arguments);
+}
+
+void Help(Suite& suite, Words)
+{
+    suite.out << "pgbp-suite [--program-folder FOLDER] [COMMAND ...]\n"
+                 "Without a command the chooser window opens. The practice is the folder told, else that of the\n"
+                 "environment variable PGBP_PROGRAM_FOLDER, else ./practice.\n\n";
+    for (const Command& command : kCommands)
+        suite.out << Usage(command) << "\n    " << command.purpose << '\n';
+}
+
+const Command& CommandNamed(const std::string& name)
+{
+    for (const Command& command : kCommands)
+        if (command.name == name)
+            return command;
+    throw std::runtime_error("There is no command " + name + ". \"pgbp-suite --help\" tells those there are.");
+}
+
+} // namespace
+
+void RunCommand(Suite& suite, std::span<const std::string> words)
+{
+    const Command& command = CommandNamed(words[0]);
+    const Words arguments = words.subspan(1);
+    if (arguments.size() < command.least || arguments.size() > command.most)
+        throw std::runtime_error("How it is used: " + Usage(command));
+    command.run(suite, arguments);
+}
+
+void RunModule(Suite& suite, const std::string& code, std::span<const std::string> columns)
+{
+    std::vector<std::string> words{code};
+    words.insert(words.end(), columns.begin(), columns.end());
+    HandOverCommand(suite, words);
+    setenv("PGBP_PROGRAM_FOLDER", std::filesystem::absolute(suite.programFolder).c_str(), 1);
+    if (const int status = suite.processes.RunAndWait(suite.module); status != 0)
+        throw std::runtime_error("The module ended with the exit status " + std::to_string(status) +
+                                 "; the head of income stays as it was.");
+}
+
+} // namespace pgbp

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "services/processes.h"
+
+#include <filesystem>
+#include <iosfwd>
+#include <span>
+#include <string>
+
+namespace pgbp {
+
+/// What the commands work on.
+struct Suite {
+    std::filesystem::path programFolder; ///< the practice
+    std::filesystem::path dataFolder;    ///< what a new practice starts with
+    std::filesystem::path module;        ///< the program that is started
+    Processes& processes;
+    std::ostream& out;
+};
+
+/// Runs one command, its name first; "--help" tells what there is. Throws std::runtime_error with a sentence for the
+/// user when it fails.
+void RunCommand(Suite& suite, std::span<const std::string> words);
+
+/// Hands the assessee-year over with the columns given, starts the module and waits until it ends. Throws
+/// std::runtime_error when it cannot be started or ends with a failure.
+void RunModule(Suite& suite, const std::string& code, std::span<const std::string> columns);
+
+} // namespace pgbp

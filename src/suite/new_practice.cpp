@@ -1,0 +1,153 @@
+#include "services/ini_file.h"
+#include "store/files.h"
+#include "suite/assessee_years.h"
+#include "suite/clients.h"
+#include "suite/row_writer.h"
+
+#include <algorithm>
+#include <fstream>
+#include <map>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace pgbp {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// A folder beside the place of the new practice, where it is made; gone unless it took its place.
+class FolderInWork {
+  public:
+    explicit FolderInWork(const fs::path& place) : place_(place), path_(place)
+    {
+        path_ += ".new-" + std::to_string(getpid());
+        if (fs::exists(place_) && (!fs::is_directory(place_) || !fs::is_empty(place_)))
+            throw std::runtime_error(
+                "The folder " + place_.string() +
+                " is not empty. A new practice wants an empty folder, or one that does not exist.");
+        fs::create_directories(path_);
+    }
+    ~FolderInWork()
+    {
+        std::error_code ignored;
+        fs::remove_all(path_, ignored);
+    }
+    FolderInWork(const FolderInWork&) = delete;
+
+    const fs::path& path() const { return path_; }
+    void TakePlace() const { fs::rename(path_, place_); }
+
+  private:
+    fs::path place_;
+    fs::path path_;
+};
+
+std::vector<fs::path> FilesIn(const fs::path& folder, std::string_view extension)
+{
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::directory_iterator(folder))
+        if (entry.path().extension() == extension)
+            files.push_back(entry.path());
+    std::ranges::sort(files);
+    return files;
+}
+
+void WriteTextFile(const fs::path& path, std::string_view text)
+{
+    std::ofstream out(path);
+    out << text;
+    if (!out.flush())
+        throw std::runtime_error("The file " + path.string() + " cannot be written.");
+}
+
+void CreateDataFiles(const PracticeFolders& folders)
+{
+    fs::create_directories(folders.Server());
+    fs::create_directories(folders.Client() / "data");
+    fs::create_directories(folders.NewHandOver());
+    for (const std::string name : {"company", "balance", "tax", "misc", "export1", "export2"})
+        CreateEmbeddedFile(folders.Server() / (name + ".mdb"), name);
+    CreateEmbeddedFile(folders.Client() / "data" / "qeltemp.mdb", "qeltemp");
+    CreateEmbeddedFile(folders.program / "qel.mmm", "qel");
+    CreateEmbeddedFile(folders.program / "VornTemp.mdb", "VornTemp");
+    fs::copy_file(folders.program / "VornTemp.mdb", folders.NewHandOver() / "VornTemp.mdb");
+}
+
+void AddRows(const Connection& connection, std::string_view table, const TableText& text)
+{
+    const RowWriter writer(connection, table, text.columns);
+    for (const auto& row : text.rows)
+        writer.Add(row);
+}
+
+/// The tables for which the data folder holds a file under their name.
+void AddTableFiles(const Connection& connection, std::string_view file, const fs::path& dataFolder)
+{
+    for (const Table& table : Tables()) {
+        const fs::path path = dataFolder / file / (std::string(table.name) + ".tsv");
+        if (table.file == file && FileExists(path))
+            AddRows(connection, table.name, ReadTable(path, table));
+    }
+}
+
+const Table& TemplateTable(std::string_view name)
+{
+    return *std::ranges::find_if(Tables(),
+                                 [&](const Table& table) { return table.file == "tax" && table.name == name; });
+}
+
+/// The statement templates: one file each, under the name by which a template is chosen.
+void AddTemplates(const Connection& connection, std::string_view table, const fs::path& dataFolder)
+{
+    for (const fs::path& path : FilesIn(dataFolder / table, ".tsv")) {
+        TableText text = ReadTable(path, TemplateTable(table));
+        text.columns.emplace_back("d_type");
+        for (auto& row : text.rows)
+            row.emplace_back(path.stem().string());
+        AddRows(connection, table, text);
+    }
+}
+
+void AddClients(const Practice& practice, const fs::path& dataFolder)
+{
+    LineNumbers lines(practice.company);
+    for (const fs::path& path : FilesIn(dataFolder / "clients", ".txt")) {
+        const Client client = ReadClient(path);
+        WriteClient(practice, client, {client.number}, lines);
+        const TableText& years = client.Years();
+        for (const auto& row : years.rows)
+            SetReturnForm(practice, CodeOf(client.number, row[years.IndexOf("year")].Text()),
+                          row[years.IndexOf("itr")].Number());
+    }
+}
+
+void FillDataFiles(const fs::path& programFolder, const fs::path& dataFolder)
+{
+    const Practice practice(programFolder);
+    const Connection reference = OpenFile({programFolder / "qel.mmm", {}});
+    Transaction transaction({practice.company, practice.balance, practice.tax, reference});
+    AddTableFiles(practice.company, "company", dataFolder);
+    AddTableFiles(practice.tax, "tax", dataFolder);
+    AddTemplates(practice.tax, "taxaudit", dataFolder);
+    AddTemplates(practice.tax, "taxauditjson", dataFolder);
+    AddTemplates(reference, "taxaudit", dataFolder);
+    AddClients(practice, dataFolder);
+    transaction.Commit();
+}
+
+} // namespace
+
+void CreatePractice(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder)
+{
+    const fs::path place = fs::absolute(programFolder).lexically_normal();
+    const FolderInWork work(place);
+    const PracticeFolders folders{work.path()};
+    CreateDataFiles(folders);
+    WriteTextFile(folders.program / "Settings.ini", "[DBTYPE]\nDB=MDB\n");
+    WriteTextFile(folders.program / "Drive.txt", PracticeFolders{place}.NewHandOver().string() + '\n');
+    fs::copy_file(dataFolder / "vorn.hlp", folders.program / "vorn.hlp");
+    FillDataFiles(folders.program, dataFolder);
+    work.TakePlace();
+}
+
+} // namespace pgbp

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "store/connection.h"
+
+#include <filesystem>
+
+namespace pgbp {
+
+/// Where the files of a practice folder stand. The folder itself is the program folder of a run.
+struct PracticeFolders {
+    std::filesystem::path program;
+    std::filesystem::path Server() const { return program / "server"; }
+    std::filesystem::path Client() const { return program / "client"; }
+    /// Where a new practice keeps its hand-over file. An existing one tells it in its Drive.txt.
+    std::filesystem::path NewHandOver() const { return program / "handover"; }
+};
+
+/// A practice that stands: its data files open in one session.
+class Practice {
+  public:
+    /// Throws std::runtime_error with what is missing and what to do; nothing is created.
+    explicit Practice(const std::filesystem::path& programFolder);
+
+    PracticeFolders folders;
+    Connection company;
+    Connection balance;
+    Connection tax;
+
+    /// The hand-over file, as the module itself looks for it.
+    std::filesystem::path HandOverFile() const;
+};
+
+/// True when a practice stands in the folder.
+bool IsPractice(const std::filesystem::path& programFolder);
+
+/// Makes a practice: the settings, all data files with the rows of `dataFolder`, and the demonstration clients. The
+/// folder must not exist or be empty; it appears whole or not at all. Throws std::runtime_error.
+void CreatePractice(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder);
+
+} // namespace pgbp
