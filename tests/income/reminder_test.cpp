@@ -1,0 +1,126 @@
+#include "income/frmReminder.h"
+
+#include "income/FrmHelp.h"
+#include "income/summary_under_test.h"
+#include "startup/shared_services.h"
+#include "support/typing.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+
+namespace {
+
+class Reminder : public testing::Test {
+  protected:
+    Reminder() : summary(practice.Begin())
+    {
+        EXPECT_TRUE(summary.Mnemonic(U'r'));
+        form = dynamic_cast<frmReminder*>(practice.run->screens.OnDisplay());
+    }
+
+    void Write(const std::string& title, const std::string& note)
+    {
+        form->Do([&] { form->LV.DoubleClick(0); });
+        TypeText(*form, title);
+        form->Do([&] { form->SetFocus(form->txtmmo); });
+        TypeText(*form, note);
+        form->Click(form->cmdsave);
+    }
+    void OpenFirst()
+    {
+        form->Do([&] { form->LV.Click(1); });
+    }
+
+    SummaryUnderTest practice;
+    frmbusiness& summary;
+    frmReminder* form = nullptr;
+};
+
+using Titles = std::vector<std::string>;
+
+} // namespace
+
+TEST_F(Reminder, KeepsNotesUnderTheirTitles)
+{
+    ASSERT_NE(form, nullptr);
+    Write("Ask for 'Form 16A'", "100% by July; \"urgent\"\nsecond line");
+    EXPECT_FALSE(form->Frame1.visible);
+    EXPECT_EQ(form->LV.items(), Titles{"Ask for Form 16A"}) << "the title drops quotes at the key";
+    OpenFirst();
+    EXPECT_EQ(form->txtmmo.text(), "100% by July; \"urgent\"\nsecond line");
+    EXPECT_EQ(form->lbldate.text(), "Saturday Jul, 15 2023   10:30 AM");
+    EXPECT_EQ(form->mnudel.caption.get(), "&Delete");
+}
+
+TEST_F(Reminder, RefusesASecondNoteOfTheSameTitle)
+{
+    Write("TDS", "one");
+    Write("tds", "two");
+    EXPECT_EQ(practice.boxes.Take().text, "Item Title already exists......");
+    EXPECT_EQ(form->focused(), &form->txthead);
+    EXPECT_TRUE(form->Frame1.visible);
+    EXPECT_EQ(form->LV.items(), Titles{"TDS"});
+}
+
+TEST_F(Reminder, ChangesAndDeletesTheNoteThatWasOpened)
+{
+    Write("TDS", "one");
+    Write("GST", "two");
+    OpenFirst();
+    form->txthead = "TDS of May";
+    form->txtmmo = "changed";
+    form->Click(form->cmdhide); // with the frame up it saves
+    EXPECT_EQ(form->LV.items(), (Titles{"TDS of May", "GST"}));
+    OpenFirst();
+    form->txthead = "GST";
+    form->Click(form->cmdX);
+    EXPECT_EQ(practice.boxes.Take().text, "Item Title already exists......");
+    form->Click(form->mnudel); // the note that was opened, not the one whose title was typed
+    EXPECT_EQ(form->LV.items(), Titles{"GST"});
+}
+
+TEST_F(Reminder, CancelsANewNoteAndLeavesAnEmptyTitleUnsaved)
+{
+    form->Do([&] { form->LV.DoubleClick(0); });
+    EXPECT_EQ(form->mnudel.caption.get(), "Cancel");
+    form->Do([&] { form->SetFocus(form->txtmmo); });
+    TypeText(*form, "no title");
+    form->Click(form->cmdsave);
+    EXPECT_FALSE(form->Frame1.visible);
+    EXPECT_TRUE(form->LV.items().empty());
+}
+
+TEST_F(Reminder, ClosingClearsTheReminderAndReturns)
+{
+    practice.run->GLrem = true;
+    form->Click(form->cmdhide);
+    EXPECT_FALSE(practice.run->GLrem);
+    EXPECT_EQ(practice.run->screens.OnDisplay(), &summary);
+}
+
+TEST(Help, ShowsTheTextOfATopic)
+{
+    SummaryUnderTest practice;
+    practice.Tax().Insert("vornhelp", {{"name", "Maximum Deduction ?"}, {"Desc", "Up to the limit."}});
+    practice.Begin();
+    struct {
+        const char* topic;
+        const char* text;
+    } const rows[] = {
+        {"maximum deduction ?", "Up to the limit."},
+        {"no such topic", "Nothing to show help"},
+        {"Why 234A Interest in 2020-21 ?",
+         "The Government has extended the due date of IT Return filing for AY 2020-21"},
+        {"Why 234A Interest in 2021-22 ?",
+         "The Government has extended the due date of IT Return filing for AY 2021-22"},
+    };
+    for (const auto& row : rows) {
+        ShowHelp(*practice.run, row.topic);
+        auto* help = dynamic_cast<FrmHelp*>(practice.run->screens.OnDisplay());
+        ASSERT_NE(help, nullptr);
+        EXPECT_EQ(help->LblCaption.text(), std::string(row.topic) + " ?");
+        EXPECT_EQ(help->txtDesc.text().rfind(row.text, 0), 0U) << row.topic;
+        help->Click(help->CmdBack);
+    }
+}

@@ -1,0 +1,246 @@
+#include "income/summary_under_test.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+
+TEST(Summary, AddsTheDisplayedTextsOfAllLines)
+{
+    SummaryUnderTest practice;
+    practice.Line("1", {{"NET", 1000.004}});
+    practice.Line("1", {{"NET", 500}, {"Minor", 2}}); // a child's line counts in the assessee's run
+    practice.Line("2", {{"NET", -200.5}});
+    practice.Line("8", {{"NET", 10}});
+    practice.Line("3", {{"NET", 100000}, {"net44", 80000}});
+    practice.Line("A", {{"NET", -5000}, {"net44", 60000}});
+    practice.Line("4", {{"NET", 5000}}); // no deemed income: the line does not show
+    practice.Line("6", {{"NET", 300}});
+    practice.Line("7", {{"NET", 40}});
+    practice.Line("9", {{"NET", 7}, {"Minor", 3}});
+    practice.Line("0", {{"loss", -100000}});
+    practice.Detail("LIC", {{"amt1", 10}, {"amt2", 20}, {"amt3", nullptr}, {"amt4", 30}});
+    practice.Detail("UTI", {{"amt1", 5}});
+    practice.Detail("ZADHOC", {{"amt1", 15}});
+    auto& form = practice.Begin(2023, "01");
+    EXPECT_EQ(form.lbl1.text(), "1500.00");
+    EXPECT_EQ(form.lbl2.text(), "-200.50");
+    EXPECT_EQ(form.LblSp.text(), "10.00");
+    EXPECT_EQ(form.lbl3.text(), "100000.00");
+    EXPECT_EQ(form.LblADA.text(), "60000.00");
+    EXPECT_EQ(form.lbl4.text(), "0.00");
+    EXPECT_EQ(form.lbllic.text(), "50.00");
+    EXPECT_EQ(form.Label27.text(), "7.00");
+    EXPECT_EQ(form.lbltotal.text(), "161706.50");
+    EXPECT_EQ(form.lblloss.text(), "-100000.00");
+    EXPECT_EQ(form.lbllast.text(), "61706.50");
+    EXPECT_FALSE(form.lblinc.visible);
+}
+
+TEST(Summary, OfAMinorSumsTheChildsRowsAlone)
+{
+    SummaryUnderTest practice;
+    practice.Line("1", {{"NET", 1000}});
+    practice.Line("1", {{"NET", 250}, {"Minor", 2}});
+    practice.Line("9", {{"NET", 7}});
+    practice.Line("0", {{"loss", -500}});
+    practice.Detail("LIC", {{"amt1", 10}, {"Minor", 2}});
+    practice.handOver.GLminor = 2;
+    auto& form = practice.Begin(2023, "01");
+    EXPECT_EQ(form.lbl1.text(), "250.00");
+    EXPECT_EQ(form.Label27.text(), "7.00") << "never restricted";
+    EXPECT_EQ(form.lbllic.text(), "0.00");
+    EXPECT_EQ(form.lblloss.text(), "0.00");
+    EXPECT_EQ(form.lbllast.text(), "257.00");
+}
+
+TEST(Summary, KeepsTheTextOfALineThatLostItsLastRow)
+{
+    SummaryUnderTest practice;
+    practice.Line("1", {{"NET", 1000}});
+    practice.Line("6", {{"NET", 300}});
+    auto& form = practice.Begin(2023, "01");
+    practice.run->company.Delete("from {business}");
+    form.Do([&] { form.Activate(); });
+    EXPECT_EQ(form.lbl1.text(), "1000.00");
+    EXPECT_EQ(form.Txt6.text(), "0.00") << "set to 0.00 first";
+}
+
+TEST(Summary, DeletesRetailLinesFrom2011)
+{
+    for (const int year : {2010, 2011}) {
+        SummaryUnderTest practice;
+        practice.Line("5", {{"NET", 0}, {"net44", 900}}, year);
+        auto& form = practice.Begin(year, "01");
+        EXPECT_EQ(form.lbl5.text(), year == 2010 ? "900.00" : "0.00");
+        EXPECT_EQ(practice.run->company.Query("select * from {business}").Empty(), year == 2011);
+        EXPECT_EQ(form.Label3.text(), year == 2010 ? "Construction Business u/s 44AD :" : "Elegible business u/s 44AD");
+    }
+}
+
+TEST(Summary, CountsAFirmsHiddenLines)
+{
+    SummaryUnderTest practice;
+    practice.Line("6", {{"NET", 300}});
+    auto& form = practice.Begin(2023, "06");
+    EXPECT_FALSE(form.Txt6.visible);
+    EXPECT_TRUE(form.lblna1.Shown());
+    EXPECT_EQ(form.lbltotal.text(), "300.00");
+}
+
+TEST(Summary, NotesWhetherThereIsAnyBusiness)
+{
+    struct {
+        const char* what;
+        const char* before;
+        bool line;
+        bool share;
+        const char* after;
+    } const rows[] = {
+        {"nothing", "1", false, false, "0"},
+        {"a line", "0", true, false, "1"},
+        {"a share", "0", false, true, "1"},
+        {"as it was", "1", true, true, "1"},
+    };
+    for (const auto& row : rows) {
+        SummaryUnderTest practice;
+        const Connection company = practice.Company();
+        company.Insert("misc_items", {{"code", "A0001r2023-24"}, {"Type", "Fast2018"}, {"name3", row.before}});
+        company.Insert("misc_items", {{"code", "B0002r2023-24"}, {"Type", "Fast2018"}, {"name3", "other"}});
+        if (row.line)
+            practice.Line("0", {});
+        if (row.share)
+            company.Insert("misc_items", {{"code", "A0001r2023-24"}, {"Type", "SAOP"}});
+        practice.Begin(2023, "01");
+        const auto flag = [&](const char* code) {
+            return company.Scalar("select name3 from {misc_items} where [Type] = 'Fast2018' and code = ?", code).Text();
+        };
+        EXPECT_EQ(flag("A0001r2023-24"), row.after) << row.what;
+        EXPECT_EQ(flag("B0002r2023-24"), "other") << row.what;
+    }
+}
+
+TEST(Summary, SendsACompanysExemptSharesElsewhere)
+{
+    SummaryUnderTest practice;
+    auto& form = practice.Begin(2023, "12");
+    EXPECT_FALSE(form.cmd7.enabled);
+    EXPECT_TRUE(practice.boxes.shown.empty());
+
+    SummaryUnderTest withShare;
+    withShare.Company().Insert("misc_items", {{"code", "A0001r2023-24"}, {"Type", "SPRO"}});
+    withShare.Begin(2023, "12");
+    const Message message = withShare.boxes.Take();
+    EXPECT_EQ(message.title, "");
+    EXPECT_EQ(message.text, "Please remove figure from Remu./Intt from AOP/BOI and partnership firm and fill it in "
+                            "exempt income field of Normal Business");
+}
+
+TEST(Summary, AsksATrustForItsIncomeUnderSection11)
+{
+    SummaryUnderTest practice;
+    const Connection balance = practice.Balance();
+    balance.Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "CHERI"}, {"amt1", 1}});
+    balance.Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "SEC(11)4"}, {"amt1", 4321.5}});
+    auto& form = practice.Begin(2023, "08");
+    EXPECT_EQ(form.TxtSec11.text(), "4321.50");
+    EXPECT_EQ(form.lbltotal.text(), "0.00") << "not part of the sums";
+    form.Do([&] { form.SetFocus(form.TxtSec11); });
+    form.Type(U'9');
+    form.Press(Key::Enter);
+    const Recordset stored = balance.Query("select amt1 from {qelgeneral} where [Type] = 'SEC(11)4'");
+    ASSERT_EQ(stored.Size(), 1U);
+    EXPECT_EQ(stored.First().At(0).Number(), 9);
+
+    SummaryUnderTest other;
+    EXPECT_FALSE(other.Begin(2023, "08").TxtSec11.visible);
+}
+
+TEST(Summary, ShowsThePrecedingYearBeside)
+{
+    SummaryUnderTest practice;
+    practice.Balance().Insert("qelgeneral", {{"code", "A0001r2022-23"},
+                                             {"Type", "BUSI"},
+                                             {"amt1", 1},
+                                             {"amt8", 8},
+                                             {"Amt10", 10},
+                                             {"amt12", 12},
+                                             {"amt14", 14.5}});
+    practice.handOver.GlLarge = true;
+    auto& form = practice.Begin();
+    EXPECT_EQ(form.lbl1P.text(), "1.00");
+    EXPECT_EQ(form.lbllicP.text(), "8.00");
+    EXPECT_EQ(form.partners.txtlesspart1P.text(), "10.00");
+    EXPECT_EQ(form.lblincP.text(), "12.00");
+    EXPECT_EQ(form.lbllastP.text(), "14.50");
+    EXPECT_EQ(form.lbl2P.text(), "0.00");
+    EXPECT_TRUE(form.lbl1P.Shown());
+    EXPECT_TRUE(form.cmdReport.Shown());
+
+    SummaryUnderTest narrow;
+    EXPECT_FALSE(narrow.Begin().lbl1P.Shown());
+}
+
+TEST(Summary, WritesTheHeadOfIncomeAndEnds)
+{
+    SummaryUnderTest practice;
+    practice.Line("1", {{"NET", 900000}});
+    practice.Line("8", {{"NET", 50}});
+    practice.Detail("LESSINTT", {{"amt1", 100}});
+    const Connection balance = practice.Balance();
+    balance.Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "BUSI"}, {"amt1", -1}});
+    balance.Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "NEW"}, {"amt1", -1}});
+    auto& form = practice.Begin(2023, "05");
+    form.Click(form.CmdBack);
+    EXPECT_TRUE(practice.run->screens.Ended());
+    const Recordset heads = balance.Query("select * from {qelgeneral} where [Type] = 'BUSI'");
+    ASSERT_EQ(heads.Size(), 1U);
+    const Row head = heads.First();
+    EXPECT_EQ(head["amt1"].Number(), 900000);
+    EXPECT_EQ(head["amt9"].Number(), 900050) << "a specified line has no column of its own";
+    EXPECT_EQ(head["Amt10"].Number(), 100);
+    EXPECT_EQ(head["amt14"].Number(), 899950);
+    EXPECT_EQ(balance.Query("select * from {qelgeneral} where [Type] = 'NEW'").Size(), 1U);
+}
+
+TEST(Summary, KeepsTheOldHeadWhenTheStoreFails)
+{
+    SummaryUnderTest practice;
+    practice.Balance().Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "BUSI"}, {"amt1", -1}});
+    auto& form = practice.Begin();
+    practice.Balance().Execute(
+        "create trigger fail before insert on qelgeneral begin select raise(abort, 'full'); end");
+    form.Click(form.CmdBack);
+    EXPECT_FALSE(practice.run->screens.Ended()) << "what was typed stays on the screen";
+    EXPECT_EQ(practice.boxes.Take().icon, Icon::Critical);
+    EXPECT_EQ(practice.Balance().Scalar("select amt1 from {qelgeneral} where [Type] = 'BUSI'").Number(), -1);
+}
+
+TEST(Summary, LockedLeavesOnlyTheWayBack)
+{
+    SummaryUnderTest practice;
+    practice.handOver.GLlock = 1;
+    auto& form = practice.Begin();
+    EXPECT_EQ(form.Stops(), std::vector<Control*>{&form.CmdBack});
+    EXPECT_FALSE(form.partners.txtlesspart1.enabled);
+    form.Click(form.CmdBack);
+    EXPECT_EQ(practice.Balance().Query("select * from {qelgeneral} where [Type] = 'BUSI'").Size(), 1U);
+}
+
+TEST(Summary, ReportsOnThePrecedingYear)
+{
+    SummaryUnderTest practice;
+    practice.handOver.GlLarge = true;
+    auto& form = practice.Begin();
+    practice.processes.whileRunning = [&] {
+        HandOver seen;
+        ReadHandOver(practice.File("handover/VornTemp.mdb"), seen);
+        EXPECT_EQ(seen.Glcode, "A0001r2022-23");
+        EXPECT_EQ(seen.Glyear, "2022-23");
+        EXPECT_EQ(seen.GLrep, "PGBP");
+    };
+    form.Click(form.cmdReport);
+    EXPECT_EQ(practice.processes.started, std::vector<std::string>{"VornRep.exe"});
+    EXPECT_EQ(practice.run->Glcode, "A0001r2023-24");
+    EXPECT_EQ(practice.run->Glyear, "2023-24");
+    EXPECT_EQ(practice.run->GLrep, "PGBP") << "the next recompute refreshes the remuneration";
+}
