@@ -41,6 +41,15 @@ std::string FolderOf(std::string_view backslashPath)
     return std::string(backslashPath.substr(0, backslashPath.find_last_of('\\')));
 }
 
+Connection OpenJetFile(const DataFile& file)
+{
+    try {
+        return {OpenOdbcEngine(JetConnectionString(file), kJetDialect), ""};
+    } catch (const StoreError& error) {
+        throw FileError(file.path, std::string("cannot be opened through the platform's Jet driver: ") + error.what());
+    }
+}
+
 } // namespace
 
 FileKind KindOf(const std::filesystem::path& file)
@@ -64,7 +73,7 @@ std::vector<Connection> OpenFiles(std::span<const DataFile> files)
     std::vector<std::size_t> places;
     for (std::size_t i = 0; i < files.size(); ++i) {
         if (KindOf(files[i].path) == FileKind::Jet) {
-            connections[i] = {OpenOdbcEngine(JetConnectionString(files[i]), kJetDialect), ""};
+            connections[i] = OpenJetFile(files[i]);
             continue;
         }
         BringUpToDate(files[i].path);

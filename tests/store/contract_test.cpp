@@ -147,7 +147,7 @@ TEST_P(StoreContract, WordsOfTheDialectMeanTheSame)
         {"assessee", "flag = " + std::string(dialect().trueLiteral), "comp_name", "three"},
         {"assessee", dialect().AsNumber("status") + " > 9", "comp_name", "twelve"},
         {"assessee", dialect().Upper("comp_name") + " = 'THREE'", "comp_name", "three"},
-        {"misc_items", dialect().Right("code", 7) + " = '2023-24'", "name1", "30"},
+        {"misc_items", dialect().Right("code", 8) + " = 'R2023-24'", "name1", "30"},
         {"misc_items", dialect().Left("code", 3) + " = 'abR'", "name1", "30"},
         {"misc_items", dialect().Trim("[Type]") + " = 'pgbp3'", "name1", "30"},
         {"misc_items", dialect().Trim("[Type]") + " = 'pgbp'", "name1", ""},

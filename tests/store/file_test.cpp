@@ -7,6 +7,7 @@
 
 #include <chrono>
 #include <fstream>
+#include <future>
 #include <random>
 #include <thread>
 
@@ -77,6 +78,7 @@ TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
         {"header alone", whole.substr(0, 64), "malformed"},
         {"cut", whole.substr(0, whole.size() / 2), "malformed"},
         {"scrambled", scrambled, "malformed"},
+        {"jet", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(4000), "Jet driver"},
     };
     for (const auto& one : cases) {
         const path file = folder / "company.mdb";
@@ -149,23 +151,25 @@ TEST(DataFiles, AFailureInTheMiddleTakesEveryFileBack)
     EXPECT_EQ(again.Scalar("select count(*) from {compu}").Number(), 0);
 }
 
-TEST(DataFiles, TheSecondWriterWaitsForTheFirst)
+TEST(DataFiles, TwoWritersWaitForEachOtherAndNeitherLosesALine)
 {
     const TemporaryFolder folder;
-    const auto first = OpenNewFiles(folder, {"company"}).front();
-    const auto second = OpenFile({.path = folder / "company.mdb", .dsn = {}});
-    const auto next = "insert into {business} (sno) select coalesce(max(sno), 0) + 1 from {business}";
-    std::thread waiting;
-    {
-        Transaction transaction({first});
-        first.Execute(next);
-        waiting = std::thread([&] { second.Execute(next); });
-        std::this_thread::sleep_for(std::chrono::milliseconds(300));
-        EXPECT_EQ(first.Scalar("select count(*) from {business}").Number(), 1);
-        transaction.Commit();
-    }
-    waiting.join();
-    EXPECT_EQ(first.Scalar("select max(sno) from {business}").Number(), 2);
+    OpenNewFiles(folder, {"company"});
+    const auto addLines = [&] {
+        const auto company = OpenFile({.path = folder / "company.mdb", .dsn = {}});
+        for (int i = 0; i < 20; ++i) {
+            Transaction transaction({company});
+            const double last = company.Scalar("select max(sno) as [max] from {business}").Number();
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+            company.Insert("business", {{"code", "A"}, {"sno", last + 1}});
+            transaction.Commit();
+        }
+    };
+    auto other = std::async(std::launch::async, addLines);
+    EXPECT_NO_THROW(addLines());
+    EXPECT_NO_THROW(other.get());
+    const auto company = OpenFile({.path = folder / "company.mdb", .dsn = {}});
+    EXPECT_EQ(company.Scalar("select count(distinct sno) from {business}").Number(), 40);
 }
 
 TEST(DataFiles, AWriterThatWaitsTooLongIsRefused)
