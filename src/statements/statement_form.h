@@ -29,7 +29,7 @@ StatementForm OpenStatementForm(int year, int glITR, StatementKind kind);
 /// Puts the form's number into the run-wide one for as long as it lives, then gives back FormITR.
 class FormNumberWhileOpen {
   public:
-    FormNumberWhileOpen(int& glITR, const StatementForm& form) : glITR_(glITR), formITR_(form.FormITR)
+    FormNumberWhileOpen(double& glITR, const StatementForm& form) : glITR_(glITR), formITR_(form.FormITR)
     {
         glITR_ = form.GlITR;
     }
@@ -38,7 +38,7 @@ class FormNumberWhileOpen {
     FormNumberWhileOpen& operator=(const FormNumberWhileOpen&) = delete;
 
   private:
-    int& glITR_;
+    double& glITR_;
     int formITR_;
 };
 

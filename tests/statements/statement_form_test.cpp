@@ -75,9 +75,9 @@ TEST(StatementForm, NumbersOnOpening)
 
 TEST(StatementForm, NumberIsGivenBackOnClosing)
 {
-    int glITR = 0;
+    double glITR = 0;
     {
-        const FormNumberWhileOpen open(glITR, OpenStatementForm(2020, glITR, kPL));
+        const FormNumberWhileOpen open(glITR, OpenStatementForm(2020, 0, kPL));
         EXPECT_EQ(glITR, 5);
     }
     EXPECT_EQ(glITR, 4);

@@ -1,0 +1,99 @@
+#include "statements/template_store.h"
+
+#include "store/files.h"
+
+#include <algorithm>
+#include <string>
+
+namespace pgbp {
+namespace {
+
+struct TemplateRepair {
+    std::string_view dType;
+    int firstYear;
+    std::size_t completeRows; ///< with fewer the template counts as missing
+    bool opensBadDebts;
+};
+constexpr TemplateRepair kRepairs[] = {
+    {"PL_5_2015", 2015, 1, false}, {"PL_5_2017", 2017, 1, false},  {"PL_5_2", 2017, 1, false},
+    {"PL_5_2018", 2018, 1, false}, {"PL_5_2018a", 2018, 1, false}, {"PL_6_2018", 2018, 1, false},
+    {"PL_6_2019", 2019, 1, true},  {"PL_3_2019", 2019, 1, true},   {"PL_5_2019", 2019, 197, true},
+};
+
+constexpr std::string_view kRowsOfTemplate = "select * from {taxaudit} where d_type = ?";
+
+bool IsMissing(const Connection& tax, const TemplateRepair& repair)
+{
+    return tax.Query(kRowsOfTemplate, repair.dType).Size() < repair.completeRows;
+}
+
+bool HasBadDebtsToOpen(const Connection& tax, const TemplateRepair& repair)
+{
+    return repair.opensBadDebts &&
+           !tax.Query("select slno from {taxaudit} where slno = ? and blocked <> 0", kBadDebtsWithoutPan).Empty();
+}
+
+/// The two tables are of one make: a field goes to the field at its place, whatever they are called.
+void TakeOver(const Connection& tax, const Connection& reference, std::string_view dType)
+{
+    tax.Delete("from {taxaudit} where d_type = ?", dType);
+    const Recordset target = tax.Query(kRowsOfTemplate, dType);
+    const Recordset source = reference.Query(kRowsOfTemplate, dType);
+    if (source.Columns().size() != target.Columns().size())
+        throw StoreError("The templates of qel.mmm do not have the columns of taxaudit.");
+    std::vector<Field> fields(target.Columns().size());
+    for (const Row record : source) {
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            fields[i] = {target.Columns()[i], record.At(i)};
+        tax.Insert(kTemplates, fields);
+    }
+}
+
+template <std::size_t Count>
+std::array<std::string, Count> Texts(const Row& record, const std::array<std::string_view, Count>& columns)
+{
+    std::array<std::string, Count> texts;
+    std::ranges::transform(columns, texts.begin(), [&](std::string_view column) { return record[column].Text(); });
+    return texts;
+}
+
+TemplateRow FromRecord(const Row& record)
+{
+    constexpr std::array<std::string_view, 6> kSerials = {"head1", "head2", "s_1", "s_2", "s_3", "s_4"};
+    constexpr std::array<std::string_view, 4> kCaptions = {"Descr1", "Descr2", "Descr3", "Descr4"};
+    return {.slno = static_cast<int>(record["slno"].Number()),
+            .serials = Texts(record, kSerials),
+            .captions = Texts(record, kCaptions),
+            .isChoice = record["flag"].Flag(),
+            .isNumber = record["text_numeric"].Flag(),
+            .isBlocked = record["blocked"].Flag()};
+}
+
+} // namespace
+
+std::vector<TemplateRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType)
+{
+    const std::string select = "select * from {" + std::string(table) + "} where d_type = ? order by pslno";
+    std::vector<TemplateRow> rows;
+    for (const Row record : tax.Query(select, dType))
+        rows.push_back(FromRecord(record));
+    return rows;
+}
+
+void RepairTemplate(const Connection& tax, const std::filesystem::path& programFolder, std::string_view dType, int year)
+{
+    const auto repair = std::ranges::find(kRepairs, dType, &TemplateRepair::dType);
+    if (repair == std::end(kRepairs) || year < repair->firstYear)
+        return;
+    if (!IsMissing(tax, *repair) && !HasBadDebtsToOpen(tax, *repair))
+        return; // the usual case needs no lock on a file that others share
+
+    Transaction transaction({tax});
+    if (IsMissing(tax, *repair))
+        TakeOver(tax, OpenFile({.path = programFolder / "qel.mmm", .dsn = programFolder / "qel.dsn"}), dType);
+    if (repair->opensBadDebts)
+        tax.Execute("update {taxaudit} set blocked = ? where slno = ?", false, kBadDebtsWithoutPan);
+    transaction.Commit();
+}
+
+} // namespace pgbp
