@@ -1,0 +1,94 @@
+#include "annexure/annexure_rules.h"
+
+#include "services/text.h"
+
+#include <algorithm>
+#include <limits>
+#include <span>
+
+namespace pgbp {
+namespace {
+
+constexpr int kAnyYear = std::numeric_limits<int>::min();
+
+constexpr int kTo40[] = {5, 10, 40};
+constexpr int kTo10[] = {5, 10};
+constexpr int kTo100[] = {5, 10, 100};
+constexpr int kPlantTo45[] = {15, 30, 40, 45};
+constexpr int kPlantTo40[] = {15, 30, 40};
+constexpr int kPlantTo100[] = {15, 30, 40, 50, 60, 80, 100};
+constexpr int kFurniture[] = {10};
+constexpr int kIntangible[] = {25};
+constexpr int kShips[] = {20};
+
+/// Rates of a group from an assessment year on; within a group the latest year stands first.
+struct RateRule {
+    std::string_view group;
+    int firstYear;
+    std::span<const int> rates;
+    std::string_view message;
+};
+constexpr RateRule kRateRules[] = {
+    {"Buildings", 2020, kTo40, "Only allowed Depreciation Rates are: 5, 10 and 40 in this group.."},
+    {"Buildings", 2018, kTo10, "Only allowed Depreciation Rates are: 5 and 10 in this group.."},
+    {"Buildings", kAnyYear, kTo100, "Only allowed Depreciation Rates are: 5, 10 and 100 in this group.."},
+    {"Furniture & Fittings", kAnyYear, kFurniture, "Only allowed Depreciation Rate is: 10 in this group.."},
+    {"Machinery & Plant", 2020, kPlantTo45, "Only allowed Depreciation Rates are: 15, 30, 40 and 45 in this group.."},
+    {"Machinery & Plant", 2018, kPlantTo40, "Only allowed Depreciation Rates are: 15, 30 and 40 in this group.."},
+    {"Machinery & Plant", kAnyYear, kPlantTo100,
+     "Only allowed Depreciation Rates are: 15, 30, 40, 50, 60, 80 and 100 in this group.."},
+    {"Intangible Assets", kAnyYear, kIntangible, "Only allowed Depreciation Rate is 25 in this group..."},
+    {"Ships", kAnyYear, kShips, "Only allowed Depreciation Rate is 20 in this group..."},
+};
+
+constexpr std::string_view kInformation = " - Information";
+constexpr std::string_view kRateInformation = ":- Information ";
+
+bool HasNegativePart(const AnnexureRow& row)
+{
+    return std::min({row.depreciation1, row.depreciation2, row.additional1, row.additional2}) < 0;
+}
+
+struct RowCheck {
+    bool (*fails)(const AnnexureRow&, const AnnexureScreen&);
+    AnnexureRefusal refusal;
+};
+constexpr RowCheck kRowChecks[] = {
+    {[](const AnnexureRow& row, const AnnexureScreen&) { return Trim(row.name).empty(); },
+     {"Name can not be left blank...", kInformation, "txtname"}},
+    {[](const AnnexureRow& row, const AnnexureScreen&) { return Trim(row.group).empty(); },
+     {"Group Name can not be left blank...", kInformation, "CBOGRP"}},
+    {[](const AnnexureRow& row, const AnnexureScreen&) { return row.rate <= 0; },
+     {"Depreciation Rate can not be Zero...", kInformation, "txtdeprate"}},
+    {[](const AnnexureRow& row, const AnnexureScreen& screen) { return screen.asksDateOfSale && !row.dateOfSale; },
+     {"Please fill date of sale...", kInformation, "txtdate1"}},
+    {[](const AnnexureRow& row, const AnnexureScreen& screen) { return screen.isCapitalGain && row.depreciation != 0; },
+     {"Only STCG on Depreciable Assets can be entered here...", "", ""}},
+    {[](const AnnexureRow& row, const AnnexureScreen&) { return HasNegativePart(row); },
+     {"Depreciation can not be in negative..", kInformation, ""}},
+    {[](const AnnexureRow& row, const AnnexureScreen&) { return row.purchases2 == 0 && row.sales2 > 0; },
+     {"You have entered sales ag. 2nd Half purchase but there is no 2nd half Purchase.", kInformation, "TxtSales2"}},
+};
+
+} // namespace
+
+std::optional<std::string_view> RefusalOfRate(std::string_view group, int year, double rate)
+{
+    const auto rule = std::ranges::find_if(
+        kRateRules, [&](const RateRule& candidate) { return candidate.group == group && candidate.firstYear <= year; });
+    const bool isAllowed = rule == std::end(kRateRules) || std::ranges::find(rule->rates, rate) != rule->rates.end();
+    return isAllowed ? std::nullopt : std::optional(rule->message);
+}
+
+std::optional<AnnexureRefusal> RefusalOfRow(const AnnexureRow& row, const AnnexureScreen& screen)
+{
+    const auto failed =
+        std::ranges::find_if(kRowChecks, [&](const RowCheck& check) { return check.fails(row, screen); });
+    if (failed != std::end(kRowChecks))
+        return failed->refusal;
+    if (const auto message = RefusalOfRate(row.group, screen.year, row.rate))
+        return AnnexureRefusal{*message, kRateInformation, "txtdeprate"};
+    return std::nullopt;
+}
+
+} // namespace pgbp

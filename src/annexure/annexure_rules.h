@@ -1,0 +1,36 @@
+#pragma once
+
+#include "annexure/annexure_row.h"
+
+#include <array>
+#include <optional>
+#include <string_view>
+
+namespace pgbp {
+
+/// The groups of the annexure, in the order of the list.
+inline constexpr std::array<std::string_view, 5> kAssetGroups = {"Buildings", "Furniture & Fittings",
+                                                                 "Machinery & Plant", "Intangible Assets", "Ships"};
+
+/// The message that refuses the rate, in percent, for the group in the assessment year; nothing for a rate that the
+/// rules (Appendix I of the Income-tax Rules) have, and for a group that is none of the five.
+std::optional<std::string_view> RefusalOfRate(std::string_view group, int year, double rate);
+
+/// Why a row may not be added.
+struct AnnexureRefusal {
+    std::string_view message;
+    std::string_view titleTail; ///< behind the program's title; empty: a plain box
+    std::string_view focus;     ///< field to go to; empty: the focus stays
+};
+
+/// What the screen that the row is entered on is.
+struct AnnexureScreen {
+    int year = 0;
+    bool isCapitalGain = false;  ///< captioned "Capital Gain Annexure"
+    bool asksDateOfSale = false; ///< the date field is shown
+};
+
+/// The first thing wrong with the row, or nothing.
+std::optional<AnnexureRefusal> RefusalOfRow(const AnnexureRow& row, const AnnexureScreen& screen);
+
+} // namespace pgbp
