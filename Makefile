@@ -20,7 +20,7 @@ build: setup
 bench: setup
 	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset release -j $(JOBS)
-	@tools/bench.sh build/release/bin
+	@python3 tools/bench.py build/release/bin
 
 asan: setup
 	@cmake --preset asan > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }

@@ -21,6 +21,8 @@ class frmbusiness : public Screen {
     void Activate() override;
     /// Closing the window ends the run without the summary row.
     void Close() override;
+    /// Writes the "BUSI" row, the head of income in fourteen amounts.
+    void StoreHeadOfIncome() const;
 
     frame framain{*this, "framain", "", FramePlace::Main};
     label lblThis{*this, "lblThis", "This year", LabelLook::Hint};
@@ -140,7 +142,6 @@ class frmbusiness : public Screen {
 
     void StoreIncomeUnderSection11();
     void Back();
-    void StoreHeadOfIncome() const;
     void ReportOnPreviousYear();
 };
 

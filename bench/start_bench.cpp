@@ -1,0 +1,68 @@
+// One start of a window to its first painted summary, and the memory it then holds: printed as "milliseconds
+// kilobytes". The floor is a minimal window of the same toolkit. tools/bench.py starts both by turns.
+
+#include "desktop/dialogs.h"
+#include "desktop/main_window.h"
+#include "desktop/theme.h"
+#include "module/module.h"
+#include "startup/sub_main.h"
+
+#include <QApplication>
+#include <QLabel>
+#include <QMainWindow>
+
+#include <chrono>
+#include <cstring>
+#include <fstream>
+#include <iostream>
+
+namespace {
+
+long ResidentKilobytes()
+{
+    std::ifstream status("/proc/self/status");
+    std::string word;
+    while (status >> word)
+        if (word == "VmRSS:") {
+            long kilobytes = 0;
+            status >> kilobytes;
+            return kilobytes;
+        }
+    return 0;
+}
+
+/// Shows the window, paints it once and tells what it took since the process began to run.
+void ShowAndTell(QWidget& window, std::chrono::steady_clock::time_point begin)
+{
+    window.showMaximized();
+    QApplication::processEvents();
+    window.grab();
+    const std::chrono::duration<double, std::milli> took = std::chrono::steady_clock::now() - begin;
+    std::cout << took.count() << ' ' << ResidentKilobytes() << '\n';
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    const auto begin = std::chrono::steady_clock::now();
+    QApplication application(argc, argv);
+    if (argc > 1 && std::strcmp(argv[1], "minimal") == 0) {
+        QMainWindow window;
+        window.setCentralWidget(new QLabel("0.00"));
+        ShowAndTell(window, begin);
+        return 0;
+    }
+    pgbp::ApplyTheme(application);
+    pgbp::WindowMessageBoxes boxes("Vorn");
+    pgbp::WindowFileDialogs files;
+    pgbp::SystemProcesses processes;
+    pgbp::Run run({boxes, files, processes, pgbp::ProgramFolder()});
+    pgbp::RegisterScreens(run);
+    std::string why;
+    if (!pgbp::SubMain(run, why))
+        return 1;
+    pgbp::MainWindow window(run);
+    ShowAndTell(window, begin);
+    return 0;
+}
