@@ -5,15 +5,8 @@
 
 namespace pgbp {
 
-/// The amount as "###0" shows it and as a field of the annexure gives it back. Throws std::overflow_error for an amount
-/// that is not finite.
-inline double ShownRupees(double amount);
-
-/// RoundOff to whole rupees, as a field of the annexure gives it back: the amount is first rounded to paise, then .50
-/// goes up, so 10.495 is 11. Throws std::overflow_error for an amount that is not finite.
-inline double RoundedRupees(double amount);
-
-/// What follows takes a long annexure past the decimal texts wherever the result is beyond doubt without them.
+/// Both functions below are told by decimal texts. A long annexure goes past the texts wherever the result is beyond
+/// doubt without them.
 namespace rupees {
 
 double ShownByText(double amount);
@@ -32,12 +25,16 @@ inline double WithoutPaise(double amount) { return static_cast<double>(static_ca
 
 } // namespace rupees
 
+/// The amount as "###0" shows it and as a field of the annexure gives it back. Throws std::overflow_error for an amount
+/// that is not finite.
 inline double ShownRupees(double amount)
 {
     const bool showsItself = std::fabs(amount) < rupees::kExactWhole && amount == rupees::WithoutPaise(amount);
     return showsItself ? amount : rupees::ShownByText(amount);
 }
 
+/// RoundOff to whole rupees, as a field of the annexure gives it back: the amount is first rounded to paise, then .50
+/// goes up, so 10.495 is 11. Throws std::overflow_error for an amount that is not finite.
 inline double RoundedRupees(double amount)
 {
     const double positive = std::fabs(amount);
@@ -47,7 +44,7 @@ inline double RoundedRupees(double amount)
     const double aboveTurn = positive - whole - rupees::kTurningPoint;
     if (std::fabs(aboveTurn) < rupees::kTooNear)
         return rupees::RoundedByText(amount);
-    return std::copysign(aboveTurn > 0 ? whole + 1 : whole, amount);
+    return std::copysign(whole + static_cast<double>(aboveTurn > 0), amount);
 }
 
 } // namespace pgbp
