@@ -4,7 +4,7 @@
 #include <array>
 #include <charconv>
 #include <cmath>
-#include <cstring>
+#include <cstdint>
 #include <limits>
 #include <stdexcept>
 
@@ -16,67 +16,58 @@ constexpr std::string_view kTwoPlaces = "###0.00";
 
 bool IsDigit(char c) { return c >= '0' && c <= '9'; }
 
-/// A finite, positive double as its 15 significant decimal digits and the number of them before the point.
+constexpr auto kPowersOfTen = [] {
+    std::array<std::uint64_t, kSignificantDigits + 1> powers{1};
+    for (std::size_t i = 1; i < powers.size(); ++i)
+        powers[i] = powers[i - 1] * 10;
+    return powers;
+}();
+
+/// A finite, positive double as its 15 significant digits: digits x 10^exponent.
 struct Decimal {
-    std::array<char, kSignificantDigits + 1> digits; // one spare in front for the carry
-    int wholeDigits;
+    std::uint64_t digits = 0;
+    int exponent = 0;
 };
 
 Decimal ToDecimal(double positive)
 {
-    std::array<char, 32> text;
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), positive, std::chars_format::scientific,
-                                   kSignificantDigits - 1)
-                         .ptr;
+    std::array<char, 32> text; // "d.dddddddddddddde+xx"
+    const char* end = std::to_chars(text.data(), text.data() + text.size(), positive, std::chars_format::scientific,
+                                    kSignificantDigits - 1)
+                          .ptr;
+    text[1] = text[0]; // the point gives way to the first digit
     Decimal decimal;
-    decimal.digits[0] = '0';
-    decimal.digits[1] = text[0];
-    std::memcpy(&decimal.digits[2], &text[2], kSignificantDigits - 1);
-    const char* exponent = &text[kSignificantDigits + 2];
-    int value = 0;
-    std::from_chars(exponent + (*exponent == '+'), end, value);
-    decimal.wholeDigits = value + 1;
+    const char* exponent = std::from_chars(&text[1], end, decimal.digits).ptr + 1;
+    std::from_chars(exponent + (*exponent == '+' ? 1 : 0), end, decimal.exponent);
+    decimal.exponent -= kSignificantDigits - 1;
     return decimal;
 }
 
-/// Adds one unit to the last of the first `kept` digits; the spare digit takes the carry.
-void RoundUp(Decimal& decimal, int kept)
+/// The digits of the amount in units of its last place, rounded half up.
+std::string Units(const Decimal& decimal, int places)
 {
-    int at = kept;
-    while (decimal.digits[at] == '9')
-        decimal.digits[at--] = '0';
-    ++decimal.digits[at];
+    const int shift = decimal.exponent + places;
+    if (shift >= 0)
+        return std::to_string(decimal.digits).append(static_cast<std::size_t>(decimal.digits == 0 ? 0 : shift), '0');
+    if (-shift > kSignificantDigits)
+        return "0";
+    const std::uint64_t unit = kPowersOfTen[static_cast<std::size_t>(-shift)];
+    return std::to_string((decimal.digits + unit / 2) / unit);
 }
 
 std::string FormatPlaces(double amount, int places)
 {
     if (!std::isfinite(amount))
         throw std::overflow_error("Overflow: the amount is too large to be shown.");
-    const double positive = std::fabs(amount);
-    Decimal decimal = ToDecimal(positive);
-    const int kept = std::clamp(decimal.wholeDigits + places, -1, kSignificantDigits);
-    if (kept >= 0 && kept < kSignificantDigits && decimal.digits[kept + 1] >= '5')
-        RoundUp(decimal, kept);
-
-    const int whole = std::max(decimal.wholeDigits, 0);
-    const auto digitAt = [&](int position) { // 0 is the spare digit in front
-        return position >= 0 && position <= kept ? decimal.digits[position] : '0';
-    };
-    std::string text;
-    text.reserve(whole + places + 3);
-    text += '-';
-    const int first = decimal.wholeDigits - whole; // digits before this one stand behind the point
-    if (whole == 0 || decimal.digits[0] != '0')
-        text += whole == 0 && first != 0 ? '0' : digitAt(0);
-    for (int i = 1; i <= whole; ++i)
-        text += digitAt(i);
-    if (places > 0)
-        text += '.';
-    for (int i = 1; i <= places; ++i)
-        text += digitAt(decimal.wholeDigits + i);
-    const bool negative = amount < 0 && text.find_first_of("123456789") != std::string::npos;
-    if (!negative)
-        text.erase(0, 1);
+    std::string text = Units(ToDecimal(std::fabs(amount)), places);
+    const bool negative = amount < 0 && text != "0";
+    const auto behind = static_cast<std::size_t>(places);
+    if (text.size() <= behind)
+        text.insert(0, behind + 1 - text.size(), '0');
+    if (behind > 0)
+        text.insert(text.size() - behind, 1, '.');
+    if (negative)
+        text.insert(0, 1, '-');
     return text;
 }
 
