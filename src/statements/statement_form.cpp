@@ -24,12 +24,17 @@ struct TemplateChoice {
     std::string_view name;
 };
 constexpr TemplateChoice kTemplateChoices[] = {
-    {2019, kNoEnd, IsFirm, "PL_5_2019"},       {2018, 2018, IsFirm, "PL_5_2018a"},
-    {2017, 2017, IsFirm, "PL_5_2017"},         {2015, 2016, IsFirm, "PL_5_2015"},
-    {2019, kNoEnd, IsIndividual, "PL_3_2019"}, {2017, 2017, IsItrThree, "PL_#_2"},
-    {2018, kNoEnd, IsItrThree, "PL_#_2018"},   {2019, kNoEnd, IsCompany, "PL_6_2019"},
-    {2018, 2018, IsCompany, "PL_6_2018"},      {2013, kNoEnd, RunsAsFirmOrCompany, "PL_#_1"},
-    {kNoStart, kNoEnd, IsAny, "PL_#"},
+    {.firstYear = 2019, .lastYear = kNoEnd, .serves = IsFirm, .name = "PL_5_2019"},
+    {.firstYear = 2018, .lastYear = 2018, .serves = IsFirm, .name = "PL_5_2018a"},
+    {.firstYear = 2017, .lastYear = 2017, .serves = IsFirm, .name = "PL_5_2017"},
+    {.firstYear = 2015, .lastYear = 2016, .serves = IsFirm, .name = "PL_5_2015"},
+    {.firstYear = 2019, .lastYear = kNoEnd, .serves = IsIndividual, .name = "PL_3_2019"},
+    {.firstYear = 2017, .lastYear = 2017, .serves = IsItrThree, .name = "PL_#_2"},
+    {.firstYear = 2018, .lastYear = kNoEnd, .serves = IsItrThree, .name = "PL_#_2018"},
+    {.firstYear = 2019, .lastYear = kNoEnd, .serves = IsCompany, .name = "PL_6_2019"},
+    {.firstYear = 2018, .lastYear = 2018, .serves = IsCompany, .name = "PL_6_2018"},
+    {.firstYear = 2013, .lastYear = kNoEnd, .serves = RunsAsFirmOrCompany, .name = "PL_#_1"},
+    {.firstYear = kNoStart, .lastYear = kNoEnd, .serves = IsAny, .name = "PL_#"},
 };
 
 std::string WithNumber(std::string_view name, int number)

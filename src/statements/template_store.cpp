@@ -15,9 +15,15 @@ struct TemplateRepair {
     bool opensBadDebts;
 };
 constexpr TemplateRepair kRepairs[] = {
-    {"PL_5_2015", 2015, 1, false}, {"PL_5_2017", 2017, 1, false},  {"PL_5_2", 2017, 1, false},
-    {"PL_5_2018", 2018, 1, false}, {"PL_5_2018a", 2018, 1, false}, {"PL_6_2018", 2018, 1, false},
-    {"PL_6_2019", 2019, 1, true},  {"PL_3_2019", 2019, 1, true},   {"PL_5_2019", 2019, 197, true},
+    {.dType = "PL_5_2015", .firstYear = 2015, .completeRows = 1, .opensBadDebts = false},
+    {.dType = "PL_5_2017", .firstYear = 2017, .completeRows = 1, .opensBadDebts = false},
+    {.dType = "PL_5_2", .firstYear = 2017, .completeRows = 1, .opensBadDebts = false},
+    {.dType = "PL_5_2018", .firstYear = 2018, .completeRows = 1, .opensBadDebts = false},
+    {.dType = "PL_5_2018a", .firstYear = 2018, .completeRows = 1, .opensBadDebts = false},
+    {.dType = "PL_6_2018", .firstYear = 2018, .completeRows = 1, .opensBadDebts = false},
+    {.dType = "PL_6_2019", .firstYear = 2019, .completeRows = 1, .opensBadDebts = true},
+    {.dType = "PL_3_2019", .firstYear = 2019, .completeRows = 1, .opensBadDebts = true},
+    {.dType = "PL_5_2019", .firstYear = 2019, .completeRows = 197, .opensBadDebts = true},
 };
 
 constexpr std::string_view kRowsOfTemplate = "select * from {taxaudit} where d_type = ?";

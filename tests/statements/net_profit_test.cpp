@@ -52,6 +52,11 @@ TEST(NetProfit, OfABalanceSheetLeavesTheLabelOrTakesItsPlace)
     EXPECT_FALSE(NetProfitText(OperationFor(form), form, false, Grid(form)));
     const StatementForm company = OpenStatementForm(2020, 6, StatementKind::BalanceSheet);
     EXPECT_FALSE(NetProfitText(OperationFor(company), company, false, Grid(company))) << "line 175 lies beyond 107";
+    for (const auto operation : {TotalsOperation::Cal_Total_2, TotalsOperation::Cal_Total_3,
+                                 TotalsOperation::Cal_Total_4, TotalsOperation::Cal_Total_5}) {
+        const StatementForm account = OpenStatementForm(2020, 6, StatementKind::ProfitAndLoss);
+        EXPECT_EQ(NetProfitText(operation, account, false, Grid(account)), "136000") << "a company's line is fixed";
+    }
     const std::vector<AmountCell> headingOnly(1);
     EXPECT_FALSE(NetProfitText(OperationFor(form), form, true, headingOnly));
 }

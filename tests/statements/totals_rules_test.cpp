@@ -316,4 +316,7 @@ TEST(TotalsRules, LayoutOfAnIndAsBalanceSheetIsKnownByItsLines)
     EXPECT_EQ(IndTotalsRules(IndStatement::INDBS, 0).data(), published.data());
     for (const std::size_t rows : {87u, 88u, 107u, 232u})
         EXPECT_NE(IndTotalsRules(IndStatement::INDBS, rows).data(), published.data());
+    EXPECT_EQ(TemplateNamed("INDAS").At(kIndEquityAndLiabilitiesRow).slno, 7601);
+    EXPECT_EQ(TemplateNamed("INDAS").At(kIndAssetsRow).slno, 7732);
+    EXPECT_EQ(TemplateNamed("INDASPL").At(kIndNetProfitRow).slno, 7149);
 }
