@@ -86,7 +86,7 @@ std::vector<AssesseeYear> AssesseeYears(const Practice& practice)
 {
     const auto heads = HeadsOfIncome(practice);
     std::vector<AssesseeYear> years;
-    for (const Row row : practice.company.Query(std::string(kSelect) + " order by y.company, y.[year] desc")) {
+    for (const Row row : practice.company.Query(std::string(kSelect) + " order by y.company, y.[year]")) {
         years.push_back(Read(row));
         if (const auto head = heads.find(years.back().code); head != heads.end())
             years.back().headOfIncome = head->second;
@@ -169,6 +169,14 @@ std::string AddYear(const Practice& practice, double client, std::string_view ye
     SetReturnForm(practice, code, itr != 0 ? itr : UsualReturnForm(assessee["status"].Text()));
     transaction.Commit();
     return code;
+}
+
+std::vector<std::string> AssessmentYears(const Practice& practice)
+{
+    std::vector<std::string> years;
+    for (const Row row : practice.company.Query("select name from {misc} where [type] = 'YEAR' order by name"))
+        years.push_back(row.At(0).Text());
+    return years;
 }
 
 double ReturnForm(const Practice& practice, std::string_view code)

@@ -21,7 +21,7 @@ struct AssesseeYear {
     std::optional<double> headOfIncome; ///< nothing until the module has written it
 };
 
-/// All assessee-years by client, newest year first.
+/// All assessee-years by client, oldest year first.
 std::vector<AssesseeYear> AssesseeYears(const Practice& practice);
 
 /// True when code, name, PAN, status in words or year holds the text, in any case. An empty text matches all.
@@ -50,6 +50,9 @@ double AddAssessee(const Practice& practice, const Assessee& assessee);
 /// Adds an assessment year and gives its code; `itr` is the number of the return form, 0 for the one that the status
 /// asks for. Throws std::runtime_error when the client or the year is unknown or he has the year already.
 std::string AddYear(const Practice& practice, double client, std::string_view year, double itr = 0);
+
+/// The assessment years that an assessee can have, in ascending order.
+std::vector<std::string> AssessmentYears(const Practice& practice);
 
 /// The number of the return form of an assessee-year, as the module finds it; 0 when it is not noted.
 double ReturnForm(const Practice& practice, std::string_view code);

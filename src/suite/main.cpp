@@ -1,8 +1,10 @@
+#include "suite/chooser.h"
 #include "suite/commands.h"
 
 #include <algorithm>
 #include <cstdlib>
 #include <iostream>
+#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -18,16 +20,17 @@ std::filesystem::path ChosenProgramFolder()
     return chosen ? chosen : "practice";
 }
 
-/// Takes "--program-folder FOLDER" out of the words, wherever it stands.
-void TakeProgramFolder(std::vector<std::string>& words, std::filesystem::path& folder)
+/// Takes an option and its value out of the words, wherever it stands; `otherwise` when it is not there.
+std::string TakeOption(std::vector<std::string>& words, const std::string& option, const std::string& otherwise)
 {
-    const auto option = std::find(words.begin(), words.end(), "--program-folder");
-    if (option == words.end())
-        return;
-    if (option + 1 == words.end())
-        throw std::runtime_error("--program-folder wants the folder of a practice.");
-    folder = *(option + 1);
-    words.erase(option, option + 2);
+    const auto found = std::find(words.begin(), words.end(), option);
+    if (found == words.end())
+        return otherwise;
+    if (found + 1 == words.end())
+        throw std::runtime_error(option + " wants a value. \"pgbp-suite --help\" tells more.");
+    const std::string value = *(found + 1);
+    words.erase(found, found + 2);
+    return value;
 }
 
 } // namespace
@@ -38,7 +41,10 @@ try {
     pgbp::SystemProcesses processes;
     pgbp::Suite suite{ChosenProgramFolder(), BesideThisProgram("data"), BesideThisProgram("pgbp"), processes,
                       std::cout};
-    TakeProgramFolder(words, suite.programFolder);
+    suite.programFolder = TakeOption(words, "--program-folder", suite.programFolder.string());
+    const std::string picture = TakeOption(words, "--picture", "");
+    if (words.empty())
+        return pgbp::ShowChooser(argc, argv, suite.programFolder, suite.module, picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {

@@ -1,0 +1,36 @@
+#include "suite/chooser.h"
+
+#include "desktop/captions.h"
+#include "desktop/theme.h"
+#include "suite/chooser_window.h"
+
+#include <QApplication>
+
+#include <stdexcept>
+
+namespace pgbp {
+
+int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolder, const std::filesystem::path& module,
+                const std::string& picture)
+{
+    const auto isSet = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
+    if (!picture.empty())
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    else if (!isSet("DISPLAY") && !isSet("WAYLAND_DISPLAY") && !isSet("QT_QPA_PLATFORM"))
+        throw std::runtime_error(
+            "There is no display for the chooser. \"pgbp-suite --help\" tells what works without.");
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("pgbp-suite");
+    ApplyTheme(application);
+    ChooserWindow window(programFolder, module);
+    window.resize(1100, 640);
+    window.show();
+    if (picture.empty())
+        return QApplication::exec();
+    QApplication::processEvents();
+    if (!window.grab().save(Text(picture)))
+        throw std::runtime_error("The picture " + picture + " cannot be written.");
+    return 0;
+}
+
+} // namespace pgbp

@@ -1,0 +1,14 @@
+#pragma once
+
+#include <filesystem>
+#include <string>
+
+namespace pgbp {
+
+/// Opens the chooser window and waits until it is closed; gives the exit code of the program. With a `picture` the
+/// window is drawn into that file instead, without a display. Throws std::runtime_error when there is no practice, no
+/// display, or the picture cannot be written.
+int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolder, const std::filesystem::path& module,
+                const std::string& picture);
+
+} // namespace pgbp

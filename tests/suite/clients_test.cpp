@@ -1,0 +1,281 @@
+#include "services/format.h"
+#include "services/year.h"
+#include "statements/statement_totals.h"
+#include "statements/totals_rules.h"
+#include "suite/assessee_years.h"
+#include "suite/clients.h"
+#include "suite/new_practice.h"
+
+#include <gtest/gtest.h>
+#include <map>
+#include <set>
+
+// The demonstration clients must stand up to a tax person's pencil: every stored total is added up again here from the
+// rows it comes from.
+namespace pgbp {
+namespace {
+
+class DemonstrationClients : public testing::Test {
+  protected:
+    double Company(const std::string& sumFromWhere, const std::string& code) const
+    {
+        return practice.company.Scalar("select " + sumFromWhere + " and code = ?", code).Number();
+    }
+    double Balance(const std::string& sumFromWhere, const std::string& code) const
+    {
+        return practice.balance.Scalar("select " + sumFromWhere + " and code = ?", code).Number();
+    }
+    double Net(const std::string& code, const std::string& kind) const
+    {
+        return Company("sum(net) from {business} where type = '" + kind + "'", code);
+    }
+    /// The higher of the actual profit and the presumptive one; the actual one wins only when it is a profit.
+    double Presumptive(const std::string& code, const std::string& kind) const
+    {
+        const double deemed = Company("sum(net44) from {business} where type = '" + kind + "'", code);
+        const double actual = Net(code, kind);
+        return actual > 0 && actual > deemed ? actual : deemed;
+    }
+    double Commission(const std::string& code) const
+    {
+        return Company("sum(amt1 + coalesce(amt2, 0) + coalesce(amt3, 0) + coalesce(amt4, 0)) from {business1} "
+                       "where type in ('LIC', 'UTI', 'SEC', 'MF')",
+                       code) -
+               Company("sum(amt1) from {business1} where type = 'ZADHOC'", code);
+    }
+    /// Sum over the detail rows of a line.
+    double Details(const Row& line, const std::string& types) const
+    {
+        return practice.company
+            .Scalar("select sum(amt1) from {business1} where code = ? and sno = ? and type in (" + types + ")",
+                    line["code"], line["sno"])
+            .Number();
+    }
+    /// A cell of the line's profit and loss account.
+    double Cell(const Row& line, int slno) const
+    {
+        return practice.balance
+            .Scalar("select name8 from {qelgeneral} where code = ? and [Type] = 'NEWPL' and amt2 = ? and amt1 = ?",
+                    line["code"], line["sno"], slno)
+            .Number();
+    }
+    Recordset Lines(const std::string& kinds) const
+    {
+        return practice.company.Query("select * from {business} where type in (" + kinds + ")");
+    }
+
+    NewPractice made;
+    Practice practice = made.Open();
+};
+
+TEST_F(DemonstrationClients, HeadOfIncomeOfClosedYearsIsTheSumOfTheirRows)
+{
+    const Recordset heads = practice.balance.Query("select * from {qelgeneral} where [Type] = 'BUSI'");
+    EXPECT_EQ(heads.Size(), 16u);
+    for (const Row head : heads) {
+        const std::string code = head["code"].Text();
+        SCOPED_TRACE(code);
+        const double listed[] = {Net(code, "1"),         Net(code, "2"), Presumptive(code, "3"), Presumptive(code, "4"),
+                                 Presumptive(code, "5"), Net(code, "6"), Net(code, "7"),         Commission(code)};
+        double total = Net(code, "8") + Presumptive(code, "A") + Net(code, "9");
+        for (int i = 0; i < 8; ++i) {
+            EXPECT_DOUBLE_EQ(head["amt" + std::to_string(i + 1)].Number(), listed[i]) << "amt" << i + 1;
+            total += listed[i];
+        }
+        const double interest = Company("sum(amt3) from {business1} where type = 'PARTINTT'", code);
+        const double remuneration = Company("sum(amt1) from {business1} where type = 'LESSREMU'", code);
+        const double loss = Company("sum(loss) from {business} where type = '0'", code);
+        EXPECT_DOUBLE_EQ(head["amt9"].Number(), total);
+        EXPECT_DOUBLE_EQ(head["Amt10"].Number(), interest);
+        EXPECT_DOUBLE_EQ(head["amt11"].Number(), remuneration);
+        EXPECT_DOUBLE_EQ(head["amt12"].Number(), total - interest - remuneration);
+        EXPECT_DOUBLE_EQ(head["amt13"].Number(), loss);
+        EXPECT_DOUBLE_EQ(head["amt14"].Number(), total - interest - remuneration + loss);
+    }
+}
+
+TEST_F(DemonstrationClients, NetIncomeOfEachLineFollowsFromItsAccountAndItsAdjustments)
+{
+    for (const Row line : Lines("'1'")) {
+        SCOPED_TRACE(line["code"].Text() + " " + line["name1"].Text());
+        EXPECT_EQ(line["PNL"].Number(), Cell(line, 255));
+        EXPECT_EQ(line["dep1"].Number(), Cell(line, 254) + Cell(line, 8015));
+        const double allowed = practice.balance
+                                   .Scalar("select sum(f_dep) from {fassets} where code = ? and type = 'P' and sno = ?",
+                                           line["code"], line["sno"])
+                                   .Number();
+        EXPECT_EQ(line["dep2"].Number(), allowed);
+        const double other =
+            practice.company
+                .Scalar("select sum(amt1) from {misc_items} where code = ? and type = 'BusOth' and sno = ?",
+                        line["code"], line["sno"])
+                .Number();
+        EXPECT_DOUBLE_EQ(line["NET"].Number(), Cell(line, 255) + Cell(line, 254) + Cell(line, 8015) - allowed + other +
+                                                   Details(line, "'23a', 'PARTINTT', 'PARTREMU'") -
+                                                   Details(line, "'23l', 'less', '544'"));
+    }
+    for (const Row line : Lines("'2', '8'")) {
+        SCOPED_TRACE(line["code"].Text() + " " + line["name1"].Text());
+        EXPECT_EQ(line["PNL"].Number(), Cell(line, 255));
+        EXPECT_DOUBLE_EQ(line["NET"].Number(), Cell(line, 255) + Details(line, "'28a'") - Details(line, "'28l'"));
+    }
+    for (const Row line : Lines("'6', '7'"))
+        EXPECT_DOUBLE_EQ(line["NET"].Number(), Details(line, "'PART', 'AOP'")) << line["code"].Text();
+}
+
+TEST_F(DemonstrationClients, StatementsAddUp)
+{
+    for (const Row line : Lines("'1', '2', '8'")) {
+        const std::string code = line["code"].Text();
+        SCOPED_TRACE(code + " " + line["name1"].Text());
+        const StatementForm form =
+            OpenStatementForm(YearNumber(code.substr(code.size() - 7)), static_cast<int>(ReturnForm(practice, code)),
+                              StatementKind::ProfitAndLoss);
+        const Recordset rows = practice.tax.Query(
+            "select slno, blocked from {taxaudit} where d_type = ? order by pslno", TemplateName(form));
+        ASSERT_FALSE(rows.Empty());
+        std::vector<AmountCell> amounts(1);
+        for (const Row row : rows)
+            amounts.emplace_back(row["blocked"].Flag() ? ""
+                                                       : Rupees(Cell(line, static_cast<int>(row["slno"].Number()))));
+        StatementTotals(TotalsRules(OperationFor(form), form), rows.Size()).Run(amounts);
+        for (std::size_t i = 0; i < rows.Size(); ++i)
+            EXPECT_EQ(amounts[i + 1].figure(), Cell(line, static_cast<int>(rows[i]["slno"].Number())))
+                << "line " << rows[i]["slno"].Number();
+    }
+}
+
+TEST_F(DemonstrationClients, AnnexureFollowsTheBlocksFromYearToYear)
+{
+    std::map<std::string, double> closing; // by client and asset
+    for (const Row row : practice.balance.Query("select * from {fassets} where type = 'P' order by code")) {
+        SCOPED_TRACE(row["code"].Text() + " " + row["f_name"].Text());
+        const double first = row["f_opbal"].Number() + row["f_pur1"].Number() - row["f_sales1"].Number();
+        const double rate = row["f_deprate"].Number();
+        EXPECT_EQ(row["f_dep1"].Number(), RoundOff(first * rate / 100, 0));
+        EXPECT_EQ(row["f_dep2"].Number(), RoundOff(row["f_pur2"].Number() * rate / 200, 0));
+        EXPECT_EQ(row["F_Dep"].Number(), row["f_dep1"].Number() + row["f_dep2"].Number());
+        EXPECT_EQ(row["f_clbal"].Number(), first + row["f_pur2"].Number() - row["F_Dep"].Number());
+        const std::string asset = row["code"].Text().substr(0, 4) + row["f_name"].Text();
+        EXPECT_EQ(row["f_opbal"].Number(), closing.try_emplace(asset, row["f_opbal"].Number()).first->second);
+        closing[asset] = row["f_clbal"].Number();
+    }
+    EXPECT_GT(closing.size(), 12u);
+}
+
+TEST_F(DemonstrationClients, PresumptiveFiguresAgreeWithTheirDetails)
+{
+    for (const Row line : Lines("'3', '5', 'A'")) {
+        SCOPED_TRACE(line["code"].Text());
+        const Recordset details =
+            practice.company.Query("select * from {misc_items} where code = ? and sno = ? and type = ?", line["code"],
+                                   line["sno"], "PGBP" + line["Type"].Text());
+        ASSERT_EQ(details.Size(), 1u);
+        const Row row = details.First();
+        EXPECT_EQ(line["turnover"].Number(), row["Am3"].Number() + row["am4"].Number());
+        EXPECT_EQ(line["sec44"].Number(),
+                  row["Am3"].Number() * row["amt1"].Number() / 100 + row["am4"].Number() * row["amt2"].Number() / 100);
+        EXPECT_EQ(line["net44"].Number(), line["sec44"].Number());
+        EXPECT_EQ(line["NET"].Number(), 0);
+    }
+    for (const Row line : Lines("'4'")) {
+        double income = 0;
+        for (const Row vehicle :
+             practice.company.Query("select * from {misc_items} where code = ? and type = '44AE_N'", line["code"])) {
+            const double tons = vehicle["amt1"].Number(), months = vehicle["amt2"].Number();
+            EXPECT_EQ(vehicle["Am3"].Number(), tons > 12 ? tons * 1000 * months : 7500 * months);
+            income += vehicle["Am3"].Number();
+        }
+        EXPECT_EQ(line["sec44"].Number(), income) << line["code"].Text();
+        EXPECT_GT(income, 0);
+    }
+}
+
+TEST_F(DemonstrationClients, PartnersGetWhatSection40bAllows)
+{
+    for (const char* year : {"2021-22", "2022-23", "2023-24"})
+        EXPECT_EQ(Company("sum(amt2) from {business1} where type = 'PARTREMU'", CodeOf(1003, year)), 100);
+    // by hand: total 1842750 less interest 180000 = 1662750; limit 270000 + 60 % of 1362750 = 1087650; paid 720000
+    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2021-22"), 720000);
+    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'PARTREMU'", "1003r2021-22"), 720000);
+    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSINTT'", "1003r2021-22"), 180000);
+    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2022-23"), 840000);
+    // the partner's own return shows the same
+    const Row firm =
+        practice.balance.Query("select * from {qelgeneral} where code = '1001r2021-22' and [Type] = 'FIRM'").First();
+    EXPECT_EQ(firm["amt3"].Number(), 180000);
+    EXPECT_EQ(firm["amt4"].Number(), 40000);
+    EXPECT_EQ(firm["amt2"].Number(), RoundOff(942750.0 / 4, 0));
+}
+
+TEST_F(DemonstrationClients, AdHocDeductionFromCommission)
+{
+    // 2021-22: 50 % of 20000, 15 % of 18000, 50 % of 6000; 2022-23: 11000 + 3150 + 1500 + 4000
+    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'ZADHOC'", "1007r2021-22"), 15700);
+    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'ZADHOC'", "1007r2022-23"), 19650);
+    // 2023-24: the total is above 60000
+    EXPECT_EQ(Company("count(*) from {business1} where type = 'ZADHOC'", "1007r2023-24"), 0);
+}
+
+TEST_F(DemonstrationClients, YearsAreLinkedAndTheLastOneIsInWork)
+{
+    std::map<double, std::vector<AssesseeYear>> clients;
+    for (const AssesseeYear& year : AssesseeYears(practice))
+        clients[year.client].push_back(year);
+    EXPECT_EQ(clients.size(), 8u);
+    for (const auto& [number, years] : clients) {
+        SCOPED_TRACE(number);
+        ASSERT_GE(years.size(), 3u);
+        for (std::size_t i = 0; i < years.size(); ++i) {
+            const std::string& code = years[i].code;
+            const auto letter = code.find_first_of("rR");
+            EXPECT_EQ(code.substr(letter + 1), years[i].year);
+            EXPECT_EQ(code.substr(code.size() - 7), years[i].year);
+            EXPECT_EQ(PrecedingCode(practice, years[i]), i == 0 ? "" : years[i - 1].code);
+            EXPECT_EQ(years[i].headOfIncome.has_value(), i + 1 < years.size());
+            EXPECT_GE(ReturnForm(practice, code), 4);
+        }
+    }
+}
+
+TEST_F(DemonstrationClients, ShowEveryKindOfLineEveryStatusAndAMinor)
+{
+    std::string kinds;
+    for (const Row row : practice.company.Query("select distinct type from {business} order by type"))
+        kinds += row.At(0).Text();
+    EXPECT_EQ(kinds, "0123456789A");
+    std::set<std::string> statuses;
+    for (const auto& year : AssesseeYears(practice))
+        statuses.insert(year.status);
+    EXPECT_EQ(statuses, (std::set<std::string>{"01", "06", "08", "12"}));
+    EXPECT_EQ(MinorsOf(practice, "1007r2023-24"), (std::vector<double>{1, 2}));
+    EXPECT_EQ(Balance("amt1 from {qelgeneral} where [Type] = 'CHERI'", "1005r2023-24"), 1);
+    EXPECT_GT(Balance("amt1 from {qelgeneral} where [Type] = 'SEC(11)4'", "1005r2023-24"), 0);
+    EXPECT_FALSE(practice.company.Scalar("select auto_rem from {setup} where code = '1003r2023-24'").Flag());
+    // the fourth letter of a PAN tells the kind of assessee
+    for (const Row row : practice.company.Query("select pan, status from {assessee}")) {
+        const std::map<std::string, char> letters = {{"01", 'P'}, {"06", 'F'}, {"08", 'T'}, {"12", 'C'}};
+        EXPECT_EQ(row["pan"].Text().at(3), letters.at(row["status"].Text())) << row["pan"].Text();
+    }
+}
+
+TEST_F(DemonstrationClients, NoLineNumberIsUsedTwiceAndNoDetailIsWithoutItsLine)
+{
+    EXPECT_TRUE(practice.company.Query("select sno from {business} group by sno having count(*) > 1").Empty());
+    const auto isLine = [&](const Row& row, const Value& sno) {
+        return practice.company.Scalar("select count(*) from {business} where code = ? and sno = ?", row["code"], sno)
+                   .Number() == 1;
+    };
+    for (const char* table : {"business1", "misc_items"})
+        for (const Row row :
+             practice.company.Query(std::string("select code, sno from {") + table + "} where sno is not null"))
+            EXPECT_TRUE(isLine(row, row["sno"])) << table << ' ' << row["code"].Text();
+    for (const Row row : practice.balance.Query("select distinct code, sno from {fassets}"))
+        EXPECT_TRUE(isLine(row, row["sno"])) << row["code"].Text();
+    for (const Row row : practice.balance.Query(
+             "select distinct code, amt2 from {qelgeneral} where [Type] = 'NEWPL' and amt2 <> 99999999"))
+        EXPECT_TRUE(isLine(row, row["amt2"])) << row["code"].Text();
+}
+
+} // namespace
+} // namespace pgbp

@@ -1,0 +1,174 @@
+#include "services/ini_file.h"
+#include "store/files.h"
+#include "suite/assessee_years.h"
+#include "suite/commands.h"
+#include "suite/hand_over_row.h"
+#include "suite/new_practice.h"
+
+#include <algorithm>
+#include <functional>
+#include <gtest/gtest.h>
+#include <sstream>
+
+namespace pgbp {
+namespace {
+
+/// A module that does what the test says.
+class FakeModule : public Processes {
+  public:
+    int RunAndWait(const std::filesystem::path&) override
+    {
+        programFolder = std::getenv("PGBP_PROGRAM_FOLDER");
+        return work();
+    }
+    void Start(const std::filesystem::path&) override {}
+
+    std::function<int()> work = [] { return 0; };
+    std::string programFolder;
+};
+
+class Commands : public testing::Test {
+  protected:
+    std::string Run(std::vector<std::string> words)
+    {
+        std::ostringstream out;
+        Suite suite{made.folder(), PGBP_DATA, "pgbp", module, out};
+        RunCommand(suite, words);
+        return out.str();
+    }
+    std::string Refusal(std::vector<std::string> words)
+    {
+        try {
+            Run(std::move(words));
+        } catch (const std::runtime_error& error) {
+            return error.what();
+        }
+        return "";
+    }
+
+    NewPractice made;
+    FakeModule module;
+};
+
+TEST_F(Commands, AddAnAssesseeWithTwoLinkedYears)
+{
+    EXPECT_EQ(Run({"add-assessee", "Lata d'Souza", "AFZPD1234K", "01", "city_o=Panaji", "comm=O"}), "1011\n");
+    EXPECT_EQ(Run({"add-year", "1011", "2009-10"}), "1011r2009-10\n");
+    EXPECT_EQ(Run({"add-year", "1011", "2010-11", "5"}), "1011r2010-11\n");
+
+    const Practice practice = made.Open();
+    const AssesseeYear year = FindAssesseeYear(practice, "1011r2010-11");
+    EXPECT_EQ(year.name, "Lata d'Souza");
+    EXPECT_EQ(PrecedingCode(practice, year), "1011r2009-10");
+    EXPECT_EQ(ReturnForm(practice, "1011r2009-10"), 4);
+    EXPECT_EQ(ReturnForm(practice, "1011r2010-11"), 5);
+    EXPECT_EQ(practice.company.Scalar("select city_o from {assessee} where company = 1011").Text(), "Panaji");
+    EXPECT_TRUE(practice.company.Scalar("select flag from {assessee} where company = 1011").Flag());
+    EXPECT_EQ(
+        practice.company.Scalar("select name3 from {misc_items} where type = 'Fast2018' and code = '1011r2010-11'")
+            .Text(),
+        "0");
+}
+
+TEST_F(Commands, ReturnFormFollowsTheStatus)
+{
+    struct Case {
+        const char* status;
+        double form;
+    };
+    constexpr Case kCases[] = {{"01", 4}, {"02", 4}, {"05", 5}, {"07", 5}, {"08", 5}, {"12", 6}, {"15", 6}};
+    for (const auto& [status, form] : kCases) {
+        std::string number = Run({"add-assessee", "A", std::string("ABCPD12") + status + "K", status});
+        number.pop_back();
+        std::string code = Run({"add-year", number, "2023-24"});
+        code.pop_back();
+        EXPECT_EQ(ReturnForm(made.Open(), code), form) << status;
+    }
+}
+
+TEST_F(Commands, RefuseWithASentenceAndLeaveThePracticeAsItWas)
+{
+    struct Case {
+        std::vector<std::string> words;
+        const char* sentence;
+    };
+    const Case cases[] = {
+        {{"new", made.folder().string()}, "is not empty"},
+        {{"add-assessee", " ", "AFZPD1234K", "01"}, "needs a name"},
+        {{"add-assessee", "Lata", "AFZPD123K", "01"}, "is no PAN"},
+        {{"add-assessee", "Lata", "afzpd1234k", "01"}, "is no PAN"},
+        {{"add-assessee", "Lata", "AFZPD1234K", "1"}, "is no status code"},
+        {{"add-assessee", "Lata", "ABQPG4821K", "01"}, "belongs to Asha Gupta already"},
+        {{"add-assessee", "Lata", "AFZPD1234K", "01", "colour=red"}, "no column colour"},
+        {{"add-assessee", "Lata", "AFZPD1234K", "01", "company=7"}, "no column company"},
+        {{"add-assessee", std::string(256, 'x'), "AFZPD1234K", "01"}, ""},
+        {{"add-year", "1001", "2023-24"}, "has the year 2023-24 already: 1001r2023-24"},
+        {{"add-year", "1001", "2035-36"}, "none of the assessment years"},
+        {{"add-year", "77", "2023-24"}, "no assessee with the number 77"},
+        {{"add-year", "x", "2023-24"}, "is no number of an assessee"},
+        {{"show", "9r2023-24"}, "no assessee-year 9r2023-24"},
+        {{"handover", "1001r2023-24", "GLlock=many"}, "GLlock: \"many\" is no number"},
+        {{"fill", "0"}, "Between 1 and 1000000"},
+        {{"fill"}, "pgbp-suite fill COUNT"},
+        {{"list", "a", "b"}, "pgbp-suite list [TEXT]"},
+        {{"frobnicate"}, "There is no command frobnicate"},
+    };
+    const std::string before = Run({"list"});
+    for (const Case& each : cases) {
+        const std::string refusal = Refusal(each.words);
+        EXPECT_FALSE(refusal.empty()) << each.words[0] << ' ' << each.sentence;
+        EXPECT_NE(refusal.find(each.sentence), std::string::npos) << refusal;
+    }
+    EXPECT_EQ(Run({"list"}), before);
+    EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 10);
+}
+
+TEST_F(Commands, ListFindsByAnyWordInAnyCase)
+{
+    for (const char* word : {"hosiery", "AAQFV5512C", "firm", "1003R"}) {
+        const std::string listed = Run({"list", word});
+        EXPECT_EQ(std::ranges::count(listed, '\n'), 3) << word;
+        EXPECT_NE(listed.find("1003r2022-23"), std::string::npos) << word;
+        EXPECT_NE(listed.find("11,77,397.00"), std::string::npos) << word;
+    }
+    EXPECT_EQ(Run({"list", "nobody"}), "");
+}
+
+TEST_F(Commands, RunHandsOverAndShowsWhatCameBack)
+{
+    HandOver seen;
+    module.work = [&] {
+        const Practice practice = made.Open();
+        ReadHandOver(OpenFile({practice.HandOverFile(), {}}), seen);
+        practice.balance.Execute("insert into {qelgeneral} (code, [Type], amt14) values (?, 'BUSI', 1234567.5)",
+                                 seen.Glcode);
+        return 0;
+    };
+    const std::string shown = Run({"run", "1001r2023-24", "GlLarge=yes", "GLminor=2"});
+    EXPECT_EQ(seen.Glcode, "1001r2023-24");
+    EXPECT_TRUE(seen.GlLarge);
+    EXPECT_EQ(seen.GLminor, 2);
+    EXPECT_EQ(module.programFolder, made.folder().string());
+    EXPECT_NE(shown.find("Profits & gains from business or profession           12,34,567.50"), std::string::npos)
+        << shown;
+}
+
+TEST_F(Commands, RunTellsWhenNothingCameBack)
+{
+    EXPECT_NE(Run({"run", "1001r2023-24"}).find("has not been written yet"), std::string::npos);
+    module.work = [] { return 1; };
+    EXPECT_NE(Refusal({"run", "1001r2023-24"}).find("exit status 1"), std::string::npos);
+}
+
+TEST_F(Commands, EnsureMakesAPracticeOnceAndThenLeavesIt)
+{
+    Run({"add-assessee", "Lata", "AFZPD1234K", "01"});
+    EXPECT_EQ(Run({"ensure"}), "");
+    EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 11);
+    std::filesystem::remove_all(made.folder());
+    Run({"ensure"});
+    EXPECT_TRUE(IsPractice(made.folder()));
+}
+
+} // namespace
+} // namespace pgbp
