@@ -7,9 +7,9 @@ packages="
     qt6-base-dev fonts-dejavu-core
     libsqlitecpp-dev libsqlite3-dev
     unixodbc-dev odbc-mariadb mariadb-server
-    libgtest-dev libbenchmark-dev
+    libgtest-dev libgmock-dev libbenchmark-dev
     gnumeric
-    clang-format clang-tidy
+    clang-format clang-tidy clang-14 libclang-rt-14-dev
 "
 
 mkdir -p build

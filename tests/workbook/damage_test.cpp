@@ -148,8 +148,8 @@ TEST(DamageTest, WhatIsWrongIsTold)
              Nothing, [](std::string& s) { Record(s, RecordId::Protect).Bytes(std::string(9000, 'r')); }, 2),
          "share the same records"},
     };
-    for (const auto& [file, message] : rows)
-        EXPECT_THAT([&] { ReadXls(file); }, ThrowsMessage<WorkbookError>(HasSubstr(message)));
+    for (const auto& row : rows)
+        EXPECT_THAT([&] { ReadXls(row.first); }, ThrowsMessage<WorkbookError>(HasSubstr(row.second)));
 }
 
 TEST(DamageTest, ASmallFileCannotAskForMuchText)

@@ -103,8 +103,8 @@ TEST(FormulaTest, WhatIsNotUnderstoodIsQuoted)
         {manyArguments + ')', "not understood"},
         {"=1" + std::string(1100, ' '), "not understood"},
     };
-    for (const auto& [formula, message] : rows)
-        EXPECT_THAT([&] { ParseFormula(formula); }, ThrowsMessage<WorkbookError>(HasSubstr(message))) << formula;
+    for (const auto& row : rows)
+        EXPECT_THAT([&] { ParseFormula(row.first); }, ThrowsMessage<WorkbookError>(HasSubstr(row.second))) << row.first;
 }
 
 TEST(FormulaTest, TokensAreThoseOfTheFormat)

@@ -6,8 +6,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <cstdio>
 #include <cstdlib>
-#include <regex>
 
 namespace pgbp::xls {
 namespace {
@@ -121,13 +122,14 @@ INSTANTIATE_TEST_SUITE_P(, OtherProgramsTest, testing::ValuesIn(kPrograms),
 /// The style that the program shows for a cell, from its regions of equal style.
 std::string StyleOf(const std::string& xml, Position position)
 {
-    static const std::regex region(
-        R"re(<gnm:StyleRegion startCol="(\d+)" startRow="(\d+)" endCol="(\d+)" endRow="(\d+)">([\s\S]*?)</gnm:StyleRegion>)re");
-    for (std::sregex_iterator match(xml.begin(), xml.end(), region), end; match != end; ++match) {
-        const auto number = [&](std::size_t group) { return std::stoi((*match)[group]); };
-        if (position.column >= number(1) && position.row >= number(2) && position.column <= number(3) &&
-            position.row <= number(4))
-            return (*match)[5];
+    const std::string begin = "<gnm:StyleRegion ", end = "</gnm:StyleRegion>";
+    for (auto at = xml.find(begin); at != std::string::npos; at = xml.find(begin, at + 1)) {
+        Position first, last;
+        std::sscanf(xml.c_str() + at + begin.size(), R"(startCol="%d" startRow="%d" endCol="%d" endRow="%d")",
+                    &first.column, &first.row, &last.column, &last.row);
+        if (position.column >= first.column && position.row >= first.row && position.column <= last.column &&
+            position.row <= last.row)
+            return xml.substr(at, xml.find(end, at) - at);
     }
     return "";
 }

@@ -75,7 +75,7 @@ std::string RecordReader::Text(std::size_t length)
 std::string RecordReader::Characters(std::size_t length, std::uint8_t marks)
 {
     if (!(marks & kWide) && length <= body_.size() && IsAscii(body_.substr(0, length))) {
-        const std::string text(body_.substr(0, length));
+        std::string text(body_.substr(0, length));
         body_.remove_prefix(length);
         return text;
     }

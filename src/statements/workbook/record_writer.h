@@ -3,6 +3,7 @@
 #include "statements/workbook/bytes.h"
 #include "statements/workbook/records.h"
 
+#include <concepts>
 #include <string>
 #include <string_view>
 
@@ -17,15 +18,16 @@ class Record {
     Record(const Record&) = delete;
     Record& operator=(const Record&) = delete;
 
-    Record& U8(std::size_t number) { return Put<std::uint8_t>(number); }
-    Record& U16(std::size_t number) { return Put<std::uint16_t>(number); }
-    Record& U32(std::size_t number) { return Put<std::uint32_t>(number); }
+    // The low bytes of any whole number.
+    Record& U8(std::integral auto number) { return Put<std::uint8_t>(number); }
+    Record& U16(std::integral auto number) { return Put<std::uint16_t>(number); }
+    Record& U32(std::integral auto number) { return Put<std::uint32_t>(number); }
     Record& F64(double number);
     Record& Bytes(std::string_view bytes);
 
   private:
     template <typename Number>
-    Record& Put(std::size_t number)
+    Record& Put(std::integral auto number)
     {
         Append(stream_, static_cast<Number>(number));
         return *this;

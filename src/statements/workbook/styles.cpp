@@ -3,6 +3,7 @@
 #include "statements/workbook/record_writer.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pgbp::xls {
 namespace {
@@ -61,7 +62,7 @@ void WriteFont(std::string& stream, double points, bool bold)
 {
     constexpr std::string_view name = "Arial";
     Record(stream, RecordId::Font)
-        .U16(static_cast<std::size_t>(points * 20 + 0.5))
+        .U16(std::lround(points * 20))
         .U16(bold) // said again as a weight
         .U16(kAutomaticColour)
         .U16(bold ? 700 : 400)

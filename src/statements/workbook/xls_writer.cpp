@@ -132,7 +132,7 @@ class SheetWriter {
         WriteDimensions();
         WriteCells();
         WriteWindow();
-        Record(stream_, RecordId::Eof);
+        Record(stream_, RecordId::Eof).Bytes("");
         return std::move(stream_);
     }
 
@@ -144,9 +144,9 @@ class SheetWriter {
             throw WorkbookError("the width of column " + std::to_string(number + 1) +
                                 " is not between 0 and 255 characters.");
         Record(stream_, RecordId::ColumnInfo)
-            .U16(static_cast<std::size_t>(number))
-            .U16(static_cast<std::size_t>(number))
-            .U16(static_cast<std::size_t>(column.width * 256 + 0.5))
+            .U16(number)
+            .U16(number)
+            .U16(std::lround(column.width * 256))
             .U16(styles_.NumberOf(column.style))
             .U16(column.hidden)
             .U16(0);
@@ -163,12 +163,7 @@ class SheetWriter {
         }
         if (sheet_.cells.empty())
             first = {};
-        Record(stream_, RecordId::Dimensions)
-            .U32(static_cast<std::size_t>(first.row))
-            .U32(static_cast<std::size_t>(end.row))
-            .U16(static_cast<std::size_t>(first.column))
-            .U16(static_cast<std::size_t>(end.column))
-            .U16(0);
+        Record(stream_, RecordId::Dimensions).U32(first.row).U32(end.row).U16(first.column).U16(end.column).U16(0);
     }
 
     void WriteCells()
@@ -188,11 +183,11 @@ class SheetWriter {
         double points = 10;
         for (auto cell = begin; cell != end; ++cell)
             points = std::max(points, cell->second.style.fontSize);
-        const auto twips = static_cast<std::size_t>(std::min(points, 409.0) * 25.5);
+        const auto twips = std::lround(std::min(points, 409.0) * 25.5);
         Record(stream_, RecordId::Row)
-            .U16(static_cast<std::size_t>(begin->first.row))
-            .U16(static_cast<std::size_t>(begin->first.column))
-            .U16(static_cast<std::size_t>(std::prev(end)->first.column + 1))
+            .U16(begin->first.row)
+            .U16(begin->first.column)
+            .U16(std::prev(end)->first.column + 1)
             .U16(twips)
             .U32(0)
             .U32(0x0F0100); // no style of its own
@@ -267,7 +262,7 @@ std::string Globals(const Workbook& workbook, const std::vector<std::string>& sh
         Record(stream, RecordId::BoundSheet).U32(0).U16(0).U8(name.Length()).U8(name.wide).Bytes(name.bytes);
     }
     strings.Write(stream);
-    Record(stream, RecordId::Eof);
+    Record(stream, RecordId::Eof).Bytes("");
     std::size_t begin = stream.size();
     for (std::size_t i = 0; i < sheets.size(); begin += sheets[i++].size())
         Overwrite(stream, offsets[i], static_cast<std::uint32_t>(begin));
