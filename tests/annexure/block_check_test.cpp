@@ -39,7 +39,7 @@ void CheckAsTold(std::vector<AnnexureRow>& rows, const std::function<bool()>& as
         if (marked.contains(first))
             continue;
         double full = 0, half = 0, base1 = 0, base2 = 0;
-        std::string flag;
+        char flag = ' ';
         for (std::size_t i = first; i < rows.size(); ++i) {
             const AnnexureRow& row = rows[i];
             if (marked.contains(i) || row.group != rows[first].group || Amount(row.rate) != Amount(rows[first].rate))
@@ -49,7 +49,7 @@ void CheckAsTold(std::vector<AnnexureRow>& rows, const std::function<bool()>& as
             half += row.depreciation2;
             base1 += row.opening + row.purchases1 - row.sales1;
             base2 += row.purchases2 - row.sales2;
-            flag = !row.isEmpty ? "" : *row.isEmpty ? "1" : "0";
+            flag = !row.isEmpty ? ' ' : *row.isEmpty ? '1' : '0';
         }
         if (base1 < 0 && base2 > 0) {
             base2 += base1;
@@ -58,7 +58,7 @@ void CheckAsTold(std::vector<AnnexureRow>& rows, const std::function<bool()>& as
         AnnexureRow& target = rows[first];
         const double blockFull = std::max(0.0, Val(Rupees(RoundOff(target.rate * base1 / 100, 0))));
         const double blockHalf = std::max(0.0, Val(Rupees(RoundOff(target.rate / 2 * base2 / 100, 0))));
-        if (flag != "0" || (blockFull == full && blockHalf == half))
+        if (flag != '0' || (blockFull == full && blockHalf == half))
             continue;
         if (!yes)
             yes = ask();
