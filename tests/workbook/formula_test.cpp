@@ -13,8 +13,10 @@ using testing::ThrowsMessage;
 Value ResultOf(const std::string& formula)
 {
     Sheet sheet{"Sheet1"};
-    const std::pair<const char*, Value> cells[] = {{"C1", 10.0},    {"C2", 20.5}, {"C3", " 7 "},
-                                                   {"C4", "seven"}, {"C5", true}, {"C7", ErrorCode::DivisionByZero}};
+    const std::pair<const char*, Value> cells[] = {{"C1", 10.0},    {"C2", 20.5},    {"C3", " 7 "},
+                                                   {"C4", "seven"}, {"C5", true},    {"C7", ErrorCode::DivisionByZero},
+                                                   {"C8", "   "},   {"C9", "12x"},   {"C10", "-2.5"},
+                                                   {"C11", ""},     {"C12", "1,234"}};
     for (const auto& [name, value] : cells)
         sheet.cells[PositionOf(name)] = {value};
     sheet.cells[PositionOf("D1")] = {{}, "=C1+C2"};
@@ -37,7 +39,7 @@ TEST(FormulaTest, ResultsWorkedOutByHand)
         {"=--C1", 10.0},
         {"=-+-(C1)", 10.0},
         {"=-(C1-C2)", 10.5},
-        {"=2.5+65535+65536+1e3", 132073.5 + 0.0},
+        {"=2.5+65535+65536+1e3", 132073.5},
         {"=D1+D1", 61.0}, // through another formula
         {"=sum(C1:C6)", 30.5},
         {"=SUM(C1,C2:C3,2.5)", 33.0},
@@ -51,7 +53,12 @@ TEST(FormulaTest, ResultsWorkedOutByHand)
         {"=sum((C3))", 0.0},
         {"=sum(C3+0)", 7.0},
         {"=sum(-C3)", -7.0},
+        {"=C10+1", -1.5},
         {"=C4+1", ErrorCode::WrongValue},
+        {"=C8+1", ErrorCode::WrongValue},
+        {"=C9+1", ErrorCode::WrongValue},
+        {"=C11+1", ErrorCode::WrongValue},
+        {"=C12+1", ErrorCode::WrongValue},
         {"=sum(C4,1)", 1.0},
         {"=C5+1", 2.0},
         {"=sum(C5,1)", 1.0},

@@ -9,6 +9,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <ostream>
 
 namespace pgbp::xls {
 namespace {
@@ -21,6 +22,8 @@ struct Program {
     const char* toXls;
     bool keepsTextResults; ///< also those of formulas that it has read from this format
 };
+
+void PrintTo(const Program& program, std::ostream* out) { *out << program.name; }
 
 const Program kPrograms[] = {
     {"Gnumeric", "ssconvert", "ssconvert --recalc -T Gnumeric_Excel:excel_biff8 IN OUT/book.xls", true},

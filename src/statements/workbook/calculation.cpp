@@ -15,11 +15,11 @@ using Operand = std::variant<Value, Area>;
 Value AsNumber(const std::string& text)
 {
     constexpr std::string_view blank = " ";
-    const auto first = std::min(text.find_first_not_of(blank), text.size());
-    const auto last = text.find_last_not_of(blank) + 1;
+    const auto first = text.data() + std::min(text.find_first_not_of(blank), text.size());
+    const auto last = std::max(first, text.data() + text.find_last_not_of(blank) + 1);
     double number = 0;
-    const auto [end, error] = std::from_chars(text.data() + first, text.data() + last, number);
-    const bool isNumber = error == std::errc{} && end == text.data() + last && std::isfinite(number);
+    const auto [end, error] = std::from_chars(first, last, number);
+    const bool isNumber = error == std::errc{} && end == last && std::isfinite(number);
     return isNumber ? Value(number) : ErrorCode::WrongValue;
 }
 
