@@ -127,7 +127,6 @@ BENCHMARK(Recompute)->Apply(Sizes);
 void OpenListFloor(benchmark::State& state)
 {
     BareStatements bare(PracticeOf(state).Root(), kCode);
-    bare.Run("pragma qeltemp.synchronous = off");
     for (const char* sql :
          {"select * from business where code = ? and Type = '1' order by rowid", "begin immediate",
           "delete from qeltemp.misc where code1 = ?",

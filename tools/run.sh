@@ -5,7 +5,7 @@ set -eu
 programs=$1
 practice=$2
 
-[ -d "$practice" ] || "$programs/pgbp-suite" new "$practice"
+"$programs/pgbp-suite" --program-folder "$practice" ensure
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "$programs/pgbp-suite" --program-folder "$practice"
 fi

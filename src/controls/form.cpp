@@ -9,15 +9,14 @@
 namespace pgbp {
 namespace {
 
-/// The letter behind a single "&"; 0 when the caption marks none.
+/// The letter behind a single "&"; 0 when the caption marks none. An "&" before a blank is the letter itself.
 char MarkedLetter(const std::string& caption)
 {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
-        if (caption[i] != '&')
-            continue;
-        if (caption[i + 1] != '&')
-            return static_cast<char>(std::toupper(static_cast<unsigned char>(caption[i + 1])));
-        ++i;
+        const auto behind = static_cast<unsigned char>(caption[i + 1]);
+        if (caption[i] == '&' && std::isalnum(behind))
+            return static_cast<char>(std::toupper(behind));
+        i += caption[i] == '&' ? 1 : 0;
     }
     return 0;
 }

@@ -33,7 +33,8 @@ double Val(const TextControl& control);
 
 enum class LabelLook { Caption, Amount, Hint, Heading };
 
-/// A caption or a computed amount. The text is the caption; "&" marks the mnemonic, "&&" is the letter itself.
+/// A caption or a computed amount. The text is the caption; "&" marks the mnemonic; "&&", and "&" before a
+/// blank, is the letter itself.
 class label : public TextControl {
   public:
     label(Form& form, std::string_view name, std::string text = "", LabelLook look = LabelLook::Caption);

@@ -12,7 +12,9 @@
 #include "startup/sub_main.h"
 
 #include <algorithm>
+#include <deque>
 #include <map>
+#include <sstream>
 
 namespace pgbp {
 namespace {
@@ -51,6 +53,44 @@ std::string CaptionOf(const Control& control)
         return text->text();
     throw DriveError(control.name() + " has no caption");
 }
+
+/// What a script expects of the lines that were printed last.
+class Expectations {
+  public:
+    explicit Expectations(std::ostream& out) : out_(out) {}
+
+    void Print(const std::string& text)
+    {
+        out_ << text;
+        std::istringstream lines(text);
+        for (std::string line; std::getline(lines, line);)
+            printed_.push_back(Trim(line));
+    }
+
+    void Expect(const std::string& line)
+    {
+        if (printed_.empty())
+            throw DriveError("expected \"" + line + "\", but nothing more was printed");
+        if (printed_.front() != line)
+            throw DriveError("expected \"" + line + "\", but \"" + printed_.front() + "\" was printed");
+        printed_.pop_front();
+        expected_ = true;
+    }
+
+    /// Before the next command.
+    void Finish()
+    {
+        if (expected_ && !printed_.empty())
+            throw DriveError("also printed: \"" + printed_.front() + '"');
+        printed_.clear();
+        expected_ = false;
+    }
+
+  private:
+    std::ostream& out_;
+    std::deque<std::string> printed_;
+    bool expected_ = false;
+};
 
 } // namespace
 
@@ -109,8 +149,8 @@ struct Interpreter::Target {
     std::string property;
 };
 
-Interpreter::Interpreter(Run& run, DrivenBoxes& boxes, DrivenFiles& files, std::ostream& out)
-    : run_(run), boxes_(boxes), files_(files), out_(out)
+Interpreter::Interpreter(Run& run, DrivenBoxes& boxes, DrivenFiles& files, std::ostringstream& transcript)
+    : run_(run), boxes_(boxes), files_(files), out_(transcript)
 {
 }
 
@@ -186,16 +226,26 @@ void Interpreter::Execute(const std::string& line)
         throw DriveError(std::exchange(boxes_.complaint, ""));
 }
 
-void Interpreter::ExecuteScript(std::istream& script)
+void Interpreter::ExecuteScript(std::istream& script, std::ostream& out)
 {
+    Expectations expectations(out);
     std::string line;
     for (int number = 1; std::getline(script, line); ++number) {
         try {
+            expectations.Print(std::exchange(out_, std::ostringstream()).str());
+            if (line.starts_with('>')) {
+                expectations.Expect(Trim(line.substr(1)));
+                continue;
+            }
+            expectations.Finish();
             Execute(line);
         } catch (const std::exception& error) {
+            expectations.Print(std::exchange(out_, std::ostringstream()).str());
             throw DriveError("line " + std::to_string(number) + ": " + error.what());
         }
     }
+    expectations.Print(std::exchange(out_, std::ostringstream()).str());
+    expectations.Finish();
     if (!boxes_.answers.empty() || !files_.files.empty())
         throw DriveError("an answer was left over: its box never came");
 }

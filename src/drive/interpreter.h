@@ -5,6 +5,7 @@
 
 #include <istream>
 #include <ostream>
+#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <vector>
@@ -23,15 +24,16 @@ class DriveError : public std::runtime_error {
 /// Runs commands against the screens of a run, one a line, through the same controls as the window does.
 class Interpreter {
   public:
-    /// What commands print goes to `out`; the boxes of the run print to the same stream.
-    Interpreter(Run& run, DrivenBoxes& boxes, DrivenFiles& files, std::ostream& out);
+    /// What commands print goes to `transcript`; the boxes of the run print there too.
+    Interpreter(Run& run, DrivenBoxes& boxes, DrivenFiles& files, std::ostringstream& transcript);
 
     /// Runs one line. Throws DriveError; the run goes on as far as the line got.
     void Execute(const std::string& line);
 
-    /// Runs a whole script. Throws DriveError that begins with the number of the line. Checks at the end that every
-    /// answer was asked for.
-    void ExecuteScript(std::istream& script);
+    /// Runs a whole script and prints the transcript to `out`. Lines that begin with ">" tell what the command before
+    /// them prints, line by line; where there is one, every printed line must be told. Throws DriveError that begins
+    /// with the number of the line, also when an answer or a file is left over at the end.
+    void ExecuteScript(std::istream& script, std::ostream& out);
 
     /// The commands, one a line, for --help.
     static std::string Help();
@@ -66,7 +68,7 @@ class Interpreter {
     Run& run_;
     DrivenBoxes& boxes_;
     DrivenFiles& files_;
-    std::ostream& out_;
+    std::ostringstream& out_;
 };
 
 } // namespace pgbp

@@ -13,7 +13,8 @@ constexpr const char* kUsage = R"(pgbp-drive: runs the module without a window, 
   pgbp-drive [--program-folder FOLDER] [SCRIPT]
 
 Reads the hand-over record, starts the module and reads commands from SCRIPT, or from standard input. F is a form, C a
-control of it, members of a control array are written C(0); # begins a comment. Each message box is printed as
+control of it, members of a control array are written C(0). # begins a comment; > begins a line that the command before
+it must have printed. Each message box is printed as
 "message | title | buttons | text". An unknown name, or an action on a control that is hidden or disabled, ends the
 script with the number of its line and exit status 1.
 
@@ -43,7 +44,8 @@ Options ReadOptions(int count, char** arguments)
 
 int Drive(const Options& options)
 {
-    pgbp::DrivenBoxes boxes(std::cout);
+    std::ostringstream transcript;
+    pgbp::DrivenBoxes boxes(transcript);
     pgbp::DrivenFiles files;
     pgbp::SystemProcesses processes;
     pgbp::Run run({boxes, files, processes, options.programFolder});
@@ -53,15 +55,15 @@ int Drive(const Options& options)
         std::cerr << why << '\n';
         return 0;
     }
-    pgbp::Interpreter interpreter(run, boxes, files, std::cout);
+    pgbp::Interpreter interpreter(run, boxes, files, transcript);
     if (options.script.empty()) {
-        interpreter.ExecuteScript(std::cin);
+        interpreter.ExecuteScript(std::cin, std::cout);
         return 0;
     }
     std::ifstream script(options.script);
     if (!script)
         throw pgbp::DriveError("the script " + options.script + " can not be read");
-    interpreter.ExecuteScript(script);
+    interpreter.ExecuteScript(script, std::cout);
     return 0;
 }
 

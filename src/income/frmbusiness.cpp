@@ -62,7 +62,7 @@ void frmbusiness::LayOut()
         {{nullptr, &LblSec11, &TxtSec11}},
     };
     rows.insert(rows.end(), more.begin(), more.end());
-    framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount, LayoutColumn::Amount,
+    framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount, LayoutColumn::Previous,
                              LayoutColumn::Button},
                  .rows = std::move(rows),
                  .buttonsLeft = {&CmdGST, &cmdReport}});

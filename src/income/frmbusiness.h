@@ -86,14 +86,14 @@ class frmbusiness : public Screen {
     label lbltotalP{*this, "lbltotalP", "0.00", LabelLook::Amount};
 
     PartnerDeductions partners{*this};
-    label lblafter{*this, "lblafter", "Income after Interest && Remuneration :"};
+    label lblafter{*this, "lblafter", "Income after Interest & Remuneration :"};
     label lblinc{*this, "lblinc", "0.00", LabelLook::Amount};
     label lblincP{*this, "lblincP", "0.00", LabelLook::Amount};
 
     label Label10{*this, "Label10", "S/off ag. P. Year losses :"};
     label lblloss{*this, "lblloss", "0.00", LabelLook::Amount};
     label lbllossP{*this, "lbllossP", "0.00", LabelLook::Amount};
-    label Label11{*this, "Label11", "Profits && Gains from Business or Profession :"};
+    label Label11{*this, "Label11", "Profits & Gains from Business or Profession :"};
     label lbllast{*this, "lbllast", "0.00", LabelLook::Amount};
     label lbllastP{*this, "lbllastP", "0.00", LabelLook::Amount};
 

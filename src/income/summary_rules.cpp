@@ -19,7 +19,7 @@ bool SummaryRules::GstIsOpen() const { return year >= (IsCompany(status) ? 2019 
 
 std::string_view SummaryRules::GstCaption() const
 {
-    return year >= 2019 ? "GST Return Details" : "GST Details (Only for ITR - 4 && 6)";
+    return year >= 2019 ? "GST Return Details" : "GST Details (Only for ITR - 4 & 6)";
 }
 
 std::string_view SummaryRules::Caption44AD() const

@@ -53,6 +53,6 @@ TEST(SummaryRules, TurnOnYearAndStatus)
         EXPECT_EQ(rules.ExemptsShares(), row.exempt) << what;
         EXPECT_EQ(rules.GstIsOpen(), row.gst) << what;
     }
-    EXPECT_EQ((SummaryRules{2018, "01"}.GstCaption()), "GST Details (Only for ITR - 4 && 6)");
+    EXPECT_EQ((SummaryRules{2018, "01"}.GstCaption()), "GST Details (Only for ITR - 4 & 6)");
     EXPECT_EQ((SummaryRules{2019, "01"}.GstCaption()), "GST Return Details");
 }

@@ -1,0 +1,168 @@
+#include "drive/interpreter.h"
+
+#include "controls/buttons.h"
+#include "controls/date_control.h"
+#include "controls/frame.h"
+#include "controls/grid.h"
+#include "controls/lists.h"
+#include "drive/key_script.h"
+#include "support/empty_practice.h"
+
+#include <gtest/gtest.h>
+
+using namespace pgbp;
+
+namespace {
+
+/// Every kind of control that a script can act on.
+class Board : public Screen {
+  public:
+    explicit Board(Run& itsRun) : Screen(itsRun, "Board", "A & B")
+    {
+        framain.Lay({.columns = {LayoutColumn::Field},
+                     .rows = {{{&txtname}}, {{&amount}}, {{&sold}}, {{&status}}, {{&titles}}, {{&lines}}, {{&ask}}}});
+        status.SetItems({"Individual", "Firm"});
+        titles.SetItems({"one", "two"});
+        lines.SetRows({{"a", "1.00"}, {"b", "2.00"}});
+        amount.onChange = [this] { sum = Val(amount) > 100 ? "large" : "small"; };
+        ask.onClick = [this] {
+            const bool yes = boxes().Show({"Line one\nline two", "Vorn - Deletion", Icon::Question, Buttons::YesNo,
+                                           Answer::No}) == Answer::Yes;
+            sum = yes ? "yes" : "no";
+        };
+        lines.onDoubleClick = [this](int row) { sum = lines.Cell(row, 0); };
+        titles.onDoubleClick = [this](int entry) { sum = "entry " + std::to_string(entry); };
+        secret.visible = false;
+        frozen.enabled = false;
+    }
+    frame framain{*this, "framain", "", FramePlace::Main};
+    txt txtname{*this, "txtname"};
+    txtn amount{*this, "TxtNetAd(0)"};
+    txtdate sold{*this, "sold"};
+    combo status{*this, "status"};
+    list titles{*this, "titles"};
+    grid lines{*this, "lines", {{"Name", GridColumnKind::Text}, {"Amount", GridColumnKind::Amount}}};
+    cmd ask{*this, "ask", "&Ask"};
+    label sum{*this, "sum"};
+    cmd secret{*this, "secret", "Secret"};
+    cmd frozen{*this, "frozen", "Frozen"};
+};
+
+class Driver : public testing::Test {
+  protected:
+    Driver()
+    {
+        run.screens.Register("Board", [](pgbp::Run& its) { return std::make_unique<Board>(its); });
+        run.screens.Show("Board");
+    }
+
+    /// What the script printed, or its error behind "error: ".
+    std::string Play(const std::string& text)
+    {
+        std::istringstream script(text);
+        std::ostringstream out;
+        try {
+            Interpreter(run, boxes, files, transcript).ExecuteScript(script, out);
+        } catch (const DriveError& error) {
+            return out.str() + "error: " + error.what();
+        }
+        return out.str();
+    }
+
+    EmptyPractice practice;
+    std::ostringstream transcript;
+    DrivenBoxes boxes{transcript};
+    DrivenFiles files;
+    pgbp::Run run{{boxes, files, practice.processes, practice.folder.path()}};
+};
+
+} // namespace
+
+TEST_F(Driver, DoesWhatAPersonDoes)
+{
+    EXPECT_EQ(Play("show\n"
+                   "get Board.caption\n"
+                   "set Board.txtname O'Brien & Sons, 100%; \"best\"\n"
+                   "get Board.txtname\n"
+                   "set Board.TxtNetAd(0) 12x5.678\n" // the filter drops the letter and the third place
+                   "get Board.TxtNetAd(0)\n"
+                   "keys Board.TxtNetAd(0) {SELECTALL}-7{ENTER}\n"
+                   "get Board.TxtNetAd(0)\n"
+                   "get Board.sum\n"
+                   "set Board.TxtNetAd(0)\n"
+                   "get Board.TxtNetAd(0)\n"
+                   "set Board.sold 31032024\n"
+                   "get Board.sold\n"
+                   "select Board.status \"Firm\"\n"
+                   "get Board.status\n"
+                   "dblclick Board.titles 0\n"
+                   "get Board.sum\n"
+                   "rows Board.lines\n"
+                   "cell Board.lines 0 1\n"
+                   "cell Board.lines 2 1\n"
+                   "dblclick Board.lines 2\n"
+                   "get Board.sum\n"),
+              "Board A & B\nA & B\nO'Brien & Sons, 100%; \"best\"\n125.67\n-7\nsmall\n\n31-03-2024\nFirm\nentry "
+              "0\n2\nAmount\n2.00\nb\n");
+}
+
+TEST_F(Driver, AnswersBoxesAndPrintsThem)
+{
+    const std::string box = "message | Vorn - Deletion | Yes, No | Line one\\nline two\n";
+    EXPECT_EQ(Play("click Board.ask\nget Board.sum\n"), box + "no\n") << "the default button";
+    EXPECT_EQ(Play("answer Yes\nkeys Board {ALT+A}\nget Board.sum\n"), box + "yes\n");
+    EXPECT_EQ(Play("answer OK\nclick Board.ask\n"),
+              box + "error: line 2: the box has no button OK: Line one\nline two");
+    EXPECT_EQ(Play("answer Yes\n"), "error: an answer was left over: its box never came");
+}
+
+TEST_F(Driver, RefusesWhatAPersonCouldNotDo)
+{
+    const std::pair<const char*, const char*> rows[] = {
+        {"fly", "there is no command fly"},
+        {"get Nowhere.txt", "there is no form Nowhere now"},
+        {"get Board.nothing", "the form Board has no control nothing"},
+        {"get Board.sum.colour", "there is no property colour"},
+        {"click Board.secret", "Board.secret is hidden"},
+        {"click Board.frozen", "Board.frozen is disabled"},
+        {"click Board.txtname", "txtname is no button"},
+        {"set Board.ask 5", "ask is no text field"},
+        {"cell Board.txtname 0 0", "txtname is no grid"},
+        {"cell Board.lines one 0", "a number is wanted, not \"one\""},
+        {"dblclick Board.lines 3", "Board.lines has no row 3"},
+        {"select Board.status \"Trust\"", "Board.status has no entry \"Trust\""},
+        {"keys Board.txtname {F99}", "there is no key {F99}"},
+        {"keys Board.txtname {ENTER", "a brace is not closed"},
+        {"keys Board {ALT+Z}", "no button in front has the letter Z"},
+        {"answer Maybe", "an answer is Yes, No or OK, not \"Maybe\""},
+        {"sql nowhere select 1", "there is no data file nowhere"},
+    };
+    for (const auto& [command, complaint] : rows)
+        EXPECT_EQ(Play(std::string("\n") + command + '\n'), std::string("error: line 2: ") + complaint);
+}
+
+TEST_F(Driver, ReadsHiddenAndDisabledControls)
+{
+    EXPECT_EQ(Play("get Board.secret.visible\nget Board.frozen.enabled\nget Board.secret.caption\n"),
+              "false\nfalse\nSecret\n");
+    const std::string dump = Play("dump Board\n");
+    EXPECT_NE(dump.find("secret = Secret (hidden)\nfrozen = Frozen (disabled)\n"), std::string::npos) << dump;
+}
+
+TEST_F(Driver, HoldsTheScriptToItsExpectations)
+{
+    EXPECT_EQ(Play("get Board.status\n>\nshow\n> Board A & B\n"), "\nBoard A & B\n");
+    EXPECT_EQ(Play("show\n> Board\n"),
+              "Board A & B\nerror: line 2: expected \"Board\", but \"Board A & B\" was printed");
+    EXPECT_EQ(Play("# nothing\n> more\n"), "error: line 2: expected \"more\", but nothing more was printed");
+    EXPECT_EQ(Play("dump Board\n> framain =\nshow\n"),
+              Play("dump Board\n") + "error: line 3: also printed: \"txtname =\"");
+}
+
+TEST(KeyScript, ReadsCharactersAndNames)
+{
+    EXPECT_EQ(ReadKeys("a{{b{ENTER}\xE0\xA4\x95").size(), 5U);
+    EXPECT_EQ(std::get<Key>(ReadKeys("{backtab}")[0]), Key::BackTab);
+    EXPECT_EQ(std::get<char32_t>(ReadKeys("{{")[0]), U'{');
+    EXPECT_EQ(std::get<AltKey>(ReadKeys("{ALT+r}")[0]).letter, U'R');
+}

@@ -1,0 +1,158 @@
+// Each file of tests/scenarios is a run on a fresh practice with the demonstration clients. Its lines "#! handover CODE
+// COLUMN=VALUE ..." and "#! sql FILE STATEMENT" make the practice ready, "#! start" starts a run (a second one starts
+// the module again); the others are commands of the driver.
+
+#include "drive/interpreter.h"
+#include "module/module.h"
+#include "startup/sub_main.h"
+#include "suite/assessee_years.h"
+#include "suite/hand_over_row.h"
+#include "suite/practice.h"
+#include "support/empty_practice.h"
+#include "support/temporary_folder.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iostream>
+
+using namespace pgbp;
+
+namespace {
+
+/// Made once; each scenario works on a copy.
+const std::filesystem::path& DemonstrationPractice()
+{
+    static const TemporaryFolder folder;
+    static const std::filesystem::path practice = [] {
+        const auto path = folder.path() / "practice";
+        CreatePractice(path, PGBP_DATA);
+        return path;
+    }();
+    return practice;
+}
+
+class Stage {
+  public:
+    Stage()
+    {
+        std::filesystem::copy(DemonstrationPractice(), root_, std::filesystem::copy_options::recursive);
+        temporary_.Write("practice/Drive.txt", (root_ / "handover").string());
+    }
+
+    /// Plays a scenario: what stands between two directives goes to the driver in one piece.
+    void Play(const std::filesystem::path& file)
+    {
+        std::ifstream scenario(file);
+        std::string commands;
+        int skipped = 0;
+        int number = 0;
+        for (std::string line; std::getline(scenario, line);) {
+            ++number;
+            if (!line.starts_with("#!")) {
+                commands += line + '\n';
+                continue;
+            }
+            RunCommands(commands, skipped);
+            skipped = number;
+            Direct(line.substr(2));
+        }
+        RunCommands(commands, skipped);
+    }
+
+  private:
+    void Direct(const std::string& directive)
+    {
+        std::istringstream words(directive);
+        std::string word;
+        words >> word;
+        if (word == "handover")
+            HandOverTo(words);
+        else if (word == "sql")
+            RunSql(words);
+        else if (word == "start")
+            Start();
+        else
+            throw DriveError("unknown directive " + word);
+    }
+
+    void HandOverTo(std::istringstream& words)
+    {
+        const Practice practice(root_);
+        std::string word;
+        words >> word;
+        HandOver record = PrepareHandOver(practice, FindAssesseeYear(practice, word));
+        while (words >> word)
+            SetColumn(record, word);
+        WriteHandOverFile(practice, record);
+    }
+
+    void RunSql(std::istringstream& words) const
+    {
+        std::string file;
+        std::string statement;
+        words >> file;
+        std::getline(words, statement);
+        OpenFile({root_ / "server" / (file + ".mdb"), {}}).Execute(statement);
+    }
+
+    void Start()
+    {
+        interpreter_.reset();
+        run_ = std::make_unique<Run>(
+            Host{boxes_, files_, processes_, root_, [] { return DateTime{2023, 7, 15, 10, 30, 0}; }});
+        RegisterScreens(*run_);
+        std::string why;
+        ASSERT_TRUE(SubMain(*run_, why)) << why;
+        interpreter_ = std::make_unique<Interpreter>(*run_, boxes_, files_, transcript_);
+    }
+
+    /// Blank lines stand for those before, so that an error names the line of the file.
+    void RunCommands(std::string& commands, int skipped)
+    {
+        if (commands.find_first_not_of(" \n") != std::string::npos && interpreter_) {
+            std::istringstream script(std::string(static_cast<std::size_t>(skipped), '\n') + commands);
+            std::ostringstream unused;
+            interpreter_->ExecuteScript(script, unused);
+        }
+        commands.clear();
+    }
+
+    TemporaryFolder temporary_;
+    const std::filesystem::path root_ = temporary_.path() / "practice";
+    std::ostringstream transcript_;
+    DrivenBoxes boxes_{transcript_};
+    DrivenFiles files_;
+    TestProcesses processes_;
+    std::unique_ptr<Run> run_;
+    std::unique_ptr<Interpreter> interpreter_;
+};
+
+std::vector<std::filesystem::path> ScenarioFiles()
+{
+    std::vector<std::filesystem::path> files;
+    for (const auto& entry : std::filesystem::directory_iterator(PGBP_SCENARIOS))
+        files.push_back(entry.path());
+    std::sort(files.begin(), files.end());
+    return files;
+}
+
+class Scenario : public testing::TestWithParam<std::filesystem::path> {};
+
+} // namespace
+
+TEST_P(Scenario, Plays)
+{
+    Stage stage;
+    try {
+        stage.Play(GetParam());
+    } catch (const std::exception& error) {
+        FAIL() << GetParam().filename().string() << ", " << error.what();
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, Scenario, testing::ValuesIn(ScenarioFiles()), [](const auto& scenario) {
+    std::string name = scenario.param.stem().string();
+    std::replace(name.begin(), name.end(), '-', '_');
+    return name;
+});
