@@ -165,7 +165,7 @@ std::string AddYear(const Practice& practice, double client, std::string_view ye
         Refuse("The assessee has the year " + std::string(year) + " already: " + existing.Text() + ".");
     const Row assessee = assessees.First();
     AddAssesseeYear(practice.company, client, assessee["comp_name"], assessee["pan"], year, false);
-    const std::string code = CodeOf(client, year);
+    std::string code = CodeOf(client, year);
     SetReturnForm(practice, code, itr != 0 ? itr : UsualReturnForm(assessee["status"].Text()));
     transaction.Commit();
     return code;

@@ -28,7 +28,7 @@ std::string TakeOption(std::vector<std::string>& words, const std::string& optio
         return otherwise;
     if (found + 1 == words.end())
         throw std::runtime_error(option + " wants a value. \"pgbp-suite --help\" tells more.");
-    const std::string value = *(found + 1);
+    std::string value = *(found + 1);
     words.erase(found, found + 2);
     return value;
 }
