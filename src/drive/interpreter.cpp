@@ -54,6 +54,12 @@ std::string CaptionOf(const Control& control)
     throw DriveError(control.name() + " has no caption");
 }
 
+bool IsBlankOrComment(const std::string& line)
+{
+    const std::string text = Trim(line);
+    return text.empty() || text.front() == '#';
+}
+
 /// What a script expects of the lines that were printed last.
 class Expectations {
   public:
@@ -212,8 +218,6 @@ TextBox& Interpreter::Focus(const Target& target) const
 void Interpreter::Execute(const std::string& line)
 {
     const auto [word, arguments] = FirstWord(line);
-    if (word.empty() || word.front() == '#')
-        return;
     const auto& commands = Commands();
     const auto command =
         std::find_if(commands.begin(), commands.end(),
@@ -235,10 +239,10 @@ void Interpreter::ExecuteScript(std::istream& script, std::ostream& out)
             expectations.Print(std::exchange(out_, std::ostringstream()).str());
             if (line.starts_with('>')) {
                 expectations.Expect(Trim(line.substr(1)));
-                continue;
+            } else if (!IsBlankOrComment(line)) {
+                expectations.Finish();
+                Execute(line);
             }
-            expectations.Finish();
-            Execute(line);
         } catch (const std::exception& error) {
             expectations.Print(std::exchange(out_, std::ostringstream()).str());
             throw DriveError("line " + std::to_string(number) + ": " + error.what());

@@ -151,7 +151,7 @@ TEST_F(Driver, ReadsHiddenAndDisabledControls)
 
 TEST_F(Driver, HoldsTheScriptToItsExpectations)
 {
-    EXPECT_EQ(Play("get Board.status\n>\nshow\n> Board A & B\n"), "\nBoard A & B\n");
+    EXPECT_EQ(Play("get Board.status\n\n# empty\n>\nshow\n> Board A & B\n"), "\nBoard A & B\n");
     EXPECT_EQ(Play("show\n> Board\n"),
               "Board A & B\nerror: line 2: expected \"Board\", but \"Board A & B\" was printed");
     EXPECT_EQ(Play("# nothing\n> more\n"), "error: line 2: expected \"more\", but nothing more was printed");
