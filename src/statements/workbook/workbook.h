@@ -86,7 +86,7 @@ struct Workbook {
 /// The longest text of a cell, in UTF-16 units.
 inline constexpr std::size_t kLongestText = 32767;
 
-/// The largest file that is read, in bytes; a full annual statement takes some 50 thousand.
+/// The largest file that is read, in bytes; a full annual statement takes some 40 thousand.
 inline constexpr std::size_t kLargestFile = 32u << 20;
 
 /// The cell's value; empty for a cell that is not there.
