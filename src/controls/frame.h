@@ -12,7 +12,13 @@ enum class FramePlace {
     Group ///< part of the frame it is laid out in
 };
 
-enum class LayoutColumn { Button, Caption, Field, Amount };
+enum class LayoutColumn {
+    Button,
+    Caption,
+    Field,
+    Amount,
+    Previous ///< amounts of the preceding year
+};
 
 enum class RowStyle { Plain, Heading, Total, Final };
 

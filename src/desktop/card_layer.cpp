@@ -10,6 +10,11 @@
 #include <algorithm>
 
 namespace pgbp {
+namespace {
+
+constexpr QSize kAround(4 * kUnit, 4 * kUnit);
+
+} // namespace
 
 CardLayer::CardLayer(QWidget* pages) : QWidget(pages) { pages->installEventFilter(this); }
 
@@ -29,10 +34,18 @@ void CardLayer::Arrange()
         }
 }
 
+QSize CardLayer::sizeHint() const
+{
+    QSize room;
+    for (const FrameView* card : cards_)
+        room = room.expandedTo(card->widget()->sizeHint() + kAround);
+    return room;
+}
+
 /// As large as its rows ask; a list or a grid takes three quarters of the room.
 QRect CardLayer::PlaceOf(const FrameView& card) const
 {
-    const QSize room = size() - QSize(4 * kUnit, 4 * kUnit);
+    const QSize room = size() - kAround;
     const QSize asked = card.widget()->sizeHint();
     const QSize wanted = card.TakesHeight() ? asked.expandedTo(room * 3 / 4) : asked;
     QRect place(QPoint(), wanted.boundedTo(room));

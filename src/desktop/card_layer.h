@@ -17,6 +17,8 @@ class CardLayer : public QWidget {
     void Add(FrameView& card);
     /// Shows itself while a card is up and puts the cards in their place.
     void Arrange();
+    /// Room for every card, shown or not.
+    QSize sizeHint() const override;
 
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;

@@ -17,9 +17,9 @@ ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
     box_->setMinimumWidth(40 * kUnit);
     box_->setEditable(combo_.editable);
     box_->setInsertPolicy(QComboBox::NoInsert);
-    box_->setCompleter(nullptr);
     box_->setFocusPolicy(Qt::TabFocus);
     if (combo_.editable) {
+        box_->setCompleter(nullptr);
         box_->lineEdit()->setFocusPolicy(Qt::TabFocus);
         typing_ = std::make_unique<TextSync>(combo_, form, MakeEditor(*box_->lineEdit()));
         form.Watch(box_->lineEdit(), *this);

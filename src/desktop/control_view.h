@@ -20,6 +20,8 @@ struct Place {
     LayoutColumn column = LayoutColumn::Button;
     RowStyle style = RowStyle::Plain;
     bool inRow = true; ///< in a row of its frame; else in the row of buttons
+
+    bool OfAmounts() const { return column == LayoutColumn::Amount || column == LayoutColumn::Previous; }
 };
 
 /// Draws one control: keeps its widget like the control, and brings to the control what the preparer does. One class

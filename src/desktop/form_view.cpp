@@ -174,7 +174,7 @@ void FormView::MoveFocus()
     if (keyboard->hasFocus())
         return;
     keyboard->setFocus(Qt::OtherFocusReason);
-    if (view)
+    if (view && isVisible())
         ShowFocused(*view);
 }
 
@@ -222,6 +222,10 @@ void FormView::keyPressEvent(QKeyEvent* event)
         QWidget::keyPressEvent(event);
 }
 
-QSize FormView::sizeHint() const { return QWidget::sizeHint().expandedTo({90 * kUnit, 40 * kUnit}); }
+QSize FormView::sizeHint() const
+{
+    const QSize around = QWidget::sizeHint() - pages_->sizeHint();
+    return QWidget::sizeHint().expandedTo(cards_->sizeHint() + QSize(0, around.height()));
+}
 
 } // namespace pgbp

@@ -26,23 +26,23 @@ class Page : public QScrollArea {
     QSize minimumSizeHint() const override { return {60 * kUnit, 20 * kUnit}; }
 };
 
-/// How much of the width that is left over a column takes.
-int Stretch(LayoutColumn column, const std::vector<LayoutColumn>& columns)
+/// A control that stands alone takes the whole row; a button or a field stays in its column.
+bool IsWhole(const LayoutRow& row)
 {
-    const bool hasFields = std::find(columns.begin(), columns.end(), LayoutColumn::Field) != columns.end();
-    return column == (hasFields ? LayoutColumn::Field : LayoutColumn::Caption) ? 1 : 0;
+    if (row.cells.size() != 1 || !row.cells.front())
+        return false;
+    const auto* box = dynamic_cast<const TextBox*>(row.cells.front());
+    return box ? box->multiLine : !dynamic_cast<const cmd*>(row.cells.front());
 }
 
-/// A button or a field stays in its column even where it stands alone.
-bool TakesWholeRow(const Control& control)
+bool IsShown(const LayoutRow& row)
 {
-    const auto* box = dynamic_cast<const TextBox*>(&control);
-    return box ? box->multiLine : !dynamic_cast<const cmd*>(&control);
+    return std::any_of(row.cells.begin(), row.cells.end(), [](const Control* cell) { return cell && cell->visible; });
 }
 
 Qt::Alignment SideOf(const Control& control, LayoutColumn column)
 {
-    if (column == LayoutColumn::Amount)
+    if (column == LayoutColumn::Amount || column == LayoutColumn::Previous)
         return Qt::AlignRight | Qt::AlignVCenter;
     const auto* box = dynamic_cast<const TextBox*>(&control);
     const bool isWide = box || dynamic_cast<const cmd*>(&control) || dynamic_cast<const label*>(&control);
@@ -94,30 +94,40 @@ void FrameView::Build(QWidget* parent)
 QWidget* FrameView::Rows(QWidget* parent)
 {
     auto* page = new QWidget(parent);
-    auto* rows = new QGridLayout(page);
-    rows->setContentsMargins(0, 0, 0, 0);
-    rows->setHorizontalSpacing(3 * kUnit);
-    rows->setVerticalSpacing(kUnit);
-    const auto& columns = frame_.layout().columns;
-    for (int i = 0; i < Columns(); ++i)
-        rows->setColumnStretch(i, Stretch(columns[static_cast<std::size_t>(i)], columns));
+    rows_ = new QGridLayout(page);
+    rows_->setContentsMargins(0, 0, 0, 0);
+    rows_->setHorizontalSpacing(3 * kUnit);
+    rows_->setVerticalSpacing(kUnit);
     for (const LayoutRow& row : frame_.layout().rows)
-        AddRow(*rows, row);
-    if (!takesHeight_)
-        rows->setRowStretch(rows->rowCount(), 1);
+        AddRow(row);
+    takesHeight_ ? FillWidth() : KeepTogether();
     return page;
 }
 
-void FrameView::AddRow(QGridLayout& rows, const LayoutRow& row)
+void FrameView::FillWidth()
+{
+    for (int i = 0; i < ColumnCount(); ++i)
+        if (frame_.layout().columns[static_cast<std::size_t>(i)] == LayoutColumn::Field)
+            rows_->setColumnStretch(i, 1);
+}
+
+/// Rows stand together at the upper left, so that the eye finds the way from a caption to its amount.
+void FrameView::KeepTogether()
+{
+    rows_->setColumnStretch(ColumnCount(), 1);
+    rows_->setRowStretch(rows_->rowCount(), 1);
+}
+
+void FrameView::AddRow(const LayoutRow& row)
 {
     if (row.style == RowStyle::Total || row.style == RowStyle::Final)
-        AddRule(rows, row);
-    const int line = rows.rowCount();
+        AddRule(row);
+    const int line = rows_->rowCount();
     LabelView* caption = nullptr;
     for (std::size_t i = 0; i < row.cells.size(); ++i) {
         if (!row.cells[i])
             continue;
-        ControlView& view = AddCell(rows, row, i, line);
+        ControlView& view = AddCell(row, i, line);
         auto* text = dynamic_cast<LabelView*>(&view);
         if (text && frame_.layout().columns[i] == LayoutColumn::Caption)
             caption = text;
@@ -126,36 +136,67 @@ void FrameView::AddRow(QGridLayout& rows, const LayoutRow& row)
     }
 }
 
-ControlView& FrameView::AddCell(QGridLayout& rows, const LayoutRow& row, std::size_t column, int line)
+ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int line)
 {
     Control& cell = *row.cells[column];
-    const bool whole = row.cells.size() == 1 && TakesWholeRow(cell);
+    const bool whole = IsWhole(row);
     const LayoutColumn kind = whole ? LayoutColumn::Field : frame_.layout().columns.at(column);
-    ControlView& view = form.Add(cell, {rows.parentWidget(), kind, row.style});
+    ControlView& view = form.Add(cell, {rows_->parentWidget(), kind, row.style});
     if (view.TakesHeight()) {
-        rows.setRowStretch(line, 1);
+        rows_->setRowStretch(line, 1);
         takesHeight_ = true;
     }
-    if (whole)
-        rows.addWidget(view.widget(), line, 0, 1, Columns());
-    else
-        rows.addWidget(view.widget(), line, static_cast<int>(column), SideOf(cell, kind));
+    if (whole) {
+        rows_->addWidget(view.widget(), line, 0);
+        wide_.push_back({view.widget(), line});
+    } else {
+        rows_->addWidget(view.widget(), line, static_cast<int>(column), SideOf(cell, kind));
+    }
     return view;
 }
 
-/// Under the columns of captions and figures, not under the buttons at the left.
-void FrameView::AddRule(QGridLayout& rows, const LayoutRow& row)
+void FrameView::AddRule(const LayoutRow& row)
 {
-    auto* rule = new QFrame(rows.parentWidget());
+    auto* rule = new QFrame(rows_->parentWidget());
     const bool isFinal = row.style == RowStyle::Final;
     rule->setProperty("rule", isFinal ? "double" : "single");
     rule->setFixedHeight(isFinal ? kUnit : 1);
-    const auto& columns = frame_.layout().columns;
-    const auto isButton = [](LayoutColumn column) { return column == LayoutColumn::Button; };
-    const auto first = std::find_if_not(columns.begin(), columns.end(), isButton) - columns.begin();
-    const auto last = columns.rend() - std::find_if_not(columns.rbegin(), columns.rend(), isButton);
-    rows.addWidget(rule, rows.rowCount(), static_cast<int>(first), 1, static_cast<int>(last - first));
-    rules_.push_back({rule, &row});
+    const int line = rows_->rowCount();
+    rows_->addWidget(rule, line, 0);
+    wide_.push_back({rule, line, &row});
+}
+
+bool FrameView::IsSeen(std::size_t column) const
+{
+    const auto& rows = frame_.layout().rows;
+    return std::any_of(rows.begin(), rows.end(), [&](const LayoutRow& row) {
+        return column < row.cells.size() && row.cells[column] && row.cells[column]->visible && !IsWhole(row);
+    });
+}
+
+FrameView::Columns FrameView::Seen(bool withButtons) const
+{
+    int first = -1;
+    int last = -1;
+    for (int i = 0; i < ColumnCount(); ++i) {
+        const auto column = static_cast<std::size_t>(i);
+        const bool counts = withButtons || frame_.layout().columns[column] != LayoutColumn::Button;
+        if (!counts || !IsSeen(column))
+            continue;
+        first = first < 0 ? i : first;
+        last = i;
+    }
+    return first < 0 ? Columns{} : Columns{first, last - first + 1};
+}
+
+/// A hidden column under it would still take the space between columns.
+void FrameView::Spread(Wide& wide, Columns over)
+{
+    if (wide.over == over)
+        return;
+    rows_->removeWidget(wide.widget);
+    rows_->addWidget(wide.widget, wide.line, over.first, 1, over.count);
+    wide.over = over;
 }
 
 void FrameView::AddOwnButtons(QVBoxLayout& box)
@@ -191,9 +232,13 @@ void FrameView::FromModel()
     heading_->setVisible(!frame_.caption.get().empty());
     heading_->setText(PlainCaption(frame_.caption));
     widget()->setAccessibleName(heading_->text());
-    for (const Rule& rule : rules_)
-        rule.line->setVisible(std::any_of(rule.row->cells.begin(), rule.row->cells.end(),
-                                          [](const Control* cell) { return cell && cell->visible; }));
+    const Columns texts = Seen(false);
+    const Columns all = Seen(true);
+    for (Wide& wide : wide_) {
+        if (wide.totalBelow)
+            wide.widget->setVisible(IsShown(*wide.totalBelow));
+        Spread(wide, wide.totalBelow ? texts : all);
+    }
 }
 
 } // namespace pgbp

@@ -30,22 +30,37 @@ class FrameView : public ControlView {
     void AddButtons(QHBoxLayout& left, QHBoxLayout& right);
 
   private:
-    struct Rule {
-        QWidget* line;
-        const LayoutRow* row;
+    struct Columns {
+        int first = 0;
+        int count = 1;
+        bool operator==(const Columns&) const = default;
+    };
+    /// What lies over several columns: the line above a total, or a control that takes a whole row.
+    struct Wide {
+        QWidget* widget;
+        int line; ///< its row in the grid of rows
+        const LayoutRow* totalBelow = nullptr;
+        Columns over = {};
     };
 
     void Build(QWidget* parent);
     QWidget* Rows(QWidget* parent);
-    void AddRow(QGridLayout& rows, const LayoutRow& row);
-    void AddRule(QGridLayout& rows, const LayoutRow& row);
-    ControlView& AddCell(QGridLayout& rows, const LayoutRow& row, std::size_t column, int line);
+    void FillWidth();
+    void KeepTogether();
+    void AddRow(const LayoutRow& row);
+    void AddRule(const LayoutRow& row);
+    ControlView& AddCell(const LayoutRow& row, std::size_t column, int line);
     void AddOwnButtons(QVBoxLayout& box);
-    int Columns() const { return static_cast<int>(frame_.layout().columns.size()); }
+    void Spread(Wide& wide, Columns over);
+    /// The columns from the first to the last one that is seen.
+    Columns Seen(bool withButtons) const;
+    bool IsSeen(std::size_t column) const;
+    int ColumnCount() const { return static_cast<int>(frame_.layout().columns.size()); }
 
     frame& frame_;
     QLabel* heading_ = nullptr;
-    std::vector<Rule> rules_;
+    QGridLayout* rows_ = nullptr;
+    std::vector<Wide> wide_;
     bool takesHeight_ = false;
 };
 

@@ -1,6 +1,7 @@
 #include "desktop/grid_view.h"
 
 #include "desktop/captions.h"
+#include "desktop/cell_delegate.h"
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
 #include "services/format.h"
@@ -11,8 +12,6 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
-#include <QPainter>
-#include <QStyledItemDelegate>
 #include <QTableView>
 
 #include <algorithm>
@@ -83,33 +82,7 @@ class GridModel : public QAbstractTableModel {
 
 namespace {
 
-constexpr int kMargin = 8;
 constexpr int kLeastText = 120;
-
-/// Draws cells as the ledger has them: a hairline below each row, the current row marked at its left edge.
-class CellDelegate : public QStyledItemDelegate {
-  public:
-    CellDelegate(QTableView& table, int firstColumn) : QStyledItemDelegate(&table), table_(table), first_(firstColumn)
-    {
-    }
-
-    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override
-    {
-        const bool isSelected = option.state & QStyle::State_Selected;
-        painter->fillRect(option.rect, isSelected ? Theme().accentSoft : Theme().panel);
-        painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Theme().line);
-        if (index.column() == first_ && index.row() == table_.currentIndex().row())
-            painter->fillRect(QRect(option.rect.topLeft(), QSize(3, option.rect.height())), Theme().accent);
-        const QRect inner = option.rect.adjusted(kMargin, 0, -kMargin, 0);
-        const QString text = option.fontMetrics.elidedText(index.data().toString(), Qt::ElideRight, inner.width());
-        painter->setPen(index.data(Qt::ForegroundRole).value<QColor>());
-        painter->drawText(inner, index.data(Qt::TextAlignmentRole).toInt(), text);
-    }
-
-  private:
-    const QTableView& table_;
-    const int first_;
-};
 
 } // namespace
 
@@ -210,12 +183,12 @@ void GridView::ShareWidth()
 
 int GridView::FixedWidth(const GridColumn& column) const
 {
-    const auto heading = table_->fontMetrics().horizontalAdvance(Text(column.heading)) + 3 * kMargin;
+    const auto heading = table_->fontMetrics().horizontalAdvance(Text(column.heading)) + 3 * CellDelegate::kMargin;
     switch (column.kind) {
     case GridColumnKind::Amount:
         return std::max(AmountWidth(), heading);
     case GridColumnKind::Serial:
-        return std::max(table_->fontMetrics().horizontalAdvance("0000") + 2 * kMargin, heading);
+        return std::max(table_->fontMetrics().horizontalAdvance("0000") + 2 * CellDelegate::kMargin, heading);
     default:
         return 0;
     }

@@ -1,16 +1,19 @@
 #include "desktop/label_view.h"
 
 #include "desktop/captions.h"
+#include "desktop/elided_label.h"
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
 #include "services/format.h"
 
-#include <QLabel>
 #include <QStyle>
 #include <QVariant>
 
 namespace pgbp {
 namespace {
+
+constexpr int kAmountMargin = 2 * kUnit;
+constexpr int kLeastCaption = 50 * kUnit; ///< narrower, and the page scrolls
 
 Type TypeOf(const label& label, const Place& place)
 {
@@ -41,22 +44,23 @@ void MarkSign(QWidget& widget, const std::string& amount)
 }
 
 LabelView::LabelView(label& itsLabel, FormView& itsForm, const Place& place)
-    : ControlView(itsLabel, itsForm), label_(itsLabel), text_(new QLabel(place.parent))
+    : ControlView(itsLabel, itsForm), label_(itsLabel), text_(new ElidedLabel(place.parent))
 {
-    const bool isAmount = label_.look == LabelLook::Amount;
     text_->setFont(FontOf(TypeOf(label_, place)));
-    text_->setTextFormat(Qt::PlainText);
     text_->setMinimumHeight(RowHeight());
-    if (place.column == LayoutColumn::Amount) {
-        text_->setFixedWidth(AmountWidth());
+    text_->setProperty("previous", place.column == LayoutColumn::Previous);
+    if (place.OfAmounts()) {
+        text_->setMinimumWidth(AmountWidth());
         text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        if (!isAmount)
-            text_->setContentsMargins(0, 0, 8, 0);
     }
-    if (isAmount)
+    if (label_.look == LabelLook::Amount)
         text_->setProperty("look", "amount");
     else if (label_.look == LabelLook::Hint || place.style == RowStyle::Heading)
         text_->setProperty("look", "hint");
+    if (place.OfAmounts() || label_.look == LabelLook::Amount)
+        text_->SetMargin(kAmountMargin); // an amount is never cut: its column grows
+    else
+        text_->GiveWay(kLeastCaption);
     Shows(text_);
 }
 
@@ -64,10 +68,8 @@ void LabelView::FromModel()
 {
     ControlView::FromModel();
     const QString plain = PlainCaption(label_.text());
-    QWidget* field = text_->buddy();
-    // with a buddy the toolkit would read "&" as a short-cut of its own
-    text_->setText(field ? QString(plain).replace('&', "&&") : plain);
-    if (field)
+    text_->Show(plain, Text(label_.toolTip));
+    if (QWidget* field = text_->buddy())
         field->setAccessibleName(plain);
     if (label_.look == LabelLook::Amount)
         MarkSign(*text_, label_.text());

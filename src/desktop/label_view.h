@@ -3,9 +3,9 @@
 #include "controls/text_controls.h"
 #include "desktop/control_view.h"
 
-class QLabel;
-
 namespace pgbp {
+
+class ElidedLabel;
 
 /// A caption, a hint, a heading or a computed amount.
 class LabelView : public ControlView {
@@ -18,7 +18,7 @@ class LabelView : public ControlView {
 
   private:
     label& label_;
-    QLabel* text_;
+    ElidedLabel* text_;
 };
 
 /// Draws the text of an amount as positive, negative or no amount at all ("Not Allowed").

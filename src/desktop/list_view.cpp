@@ -1,6 +1,7 @@
 #include "desktop/list_view.h"
 
 #include "desktop/captions.h"
+#include "desktop/cell_delegate.h"
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
 
@@ -13,8 +14,8 @@ ListView::ListView(list& itsList, FormView& itsForm, const Place& place)
     : ControlView(itsList, itsForm), list_(itsList), rows_(new QListWidget(place.parent))
 {
     rows_->setFocusPolicy(Qt::TabFocus);
+    rows_->setItemDelegate(new CellDelegate(*rows_, 0));
     rows_->setUniformItemSizes(true);
-    rows_->setTextElideMode(Qt::ElideRight);
     rows_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     rows_->setMinimumSize(80 * kUnit, 6 * GridRowHeight());
     form.Watch(rows_, *this);

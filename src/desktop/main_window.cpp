@@ -53,20 +53,24 @@ class ScreenDialog : public QDialog {
     Actions& actions_;
 };
 
+// a long name gives way to the rest
+constexpr int kLeastTitle = 40 * kUnit;
+constexpr int kWidestName = 140 * kUnit;
+
+/// What stands behind the client's name.
 QString StatusLine(const Run& run)
 {
-    QStringList parts;
-    const auto add = [&](const QString& part) {
-        if (!part.isEmpty())
-            parts << part;
+    QString line;
+    const auto add = [&](bool when, const QString& part) {
+        if (when)
+            line += "   \u00B7   " + part;
     };
-    add(Text(run.clientName));
-    add(run.Glyear.empty() ? QString() : "A.Y. " + Text(run.Glyear));
-    add(Text(StatusInWords(run.Glstatus)));
-    add(run.GlITR == 0 ? QString() : "ITR-" + QString::number(run.GlITR));
-    add(run.GLlock == 0 ? "" : "Locked");
-    add(run.IsSqlStore ? "Store: database server" : "Store: files");
-    return parts.join("   \u00B7   ");
+    add(!run.Glyear.empty(), "A.Y. " + Text(run.Glyear));
+    add(true, Text(StatusInWords(run.Glstatus)));
+    add(run.GlITR != 0, "ITR-" + QString::number(run.GlITR));
+    add(run.GLlock != 0, "Locked");
+    add(true, run.IsSqlStore ? "Store: database server" : "Store: files");
+    return line;
 }
 
 } // namespace
@@ -102,10 +106,15 @@ QWidget* MainWindow::BuildHeader()
     row->setSpacing(2 * kPadding);
     title_ = new ElidedLabel(header);
     title_->setFont(FontOf(Type::Title));
+    title_->GiveWay(kLeastTitle);
+    row->addWidget(title_);
+    row->addStretch(1);
     client_ = new ElidedLabel(header);
-    client_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    row->addWidget(title_, 1);
+    client_->GiveWay(0);
+    client_->setMaximumWidth(kWidestName);
     row->addWidget(client_);
+    year_ = new ElidedLabel(header);
+    row->addWidget(year_);
     return header;
 }
 
@@ -115,9 +124,15 @@ QWidget* MainWindow::BuildStatusLine()
     line->setProperty("statusline", true);
     auto* row = new QHBoxLayout(line);
     row->setContentsMargins(kPadding, kUnit, kPadding, kUnit);
-    status_ = new ElidedLabel(line);
-    status_->setProperty("look", "status");
-    row->addWidget(status_);
+    row->setSpacing(0);
+    for (ElidedLabel** label : {&statusClient_, &status_}) {
+        *label = new ElidedLabel(line);
+        (*label)->setProperty("look", "status");
+        (*label)->GiveWay(0);
+        row->addWidget(*label);
+    }
+    statusClient_->setMaximumWidth(kWidestName);
+    row->addStretch(1);
     return line;
 }
 
@@ -172,8 +187,11 @@ void MainWindow::ShowTexts(const Screen& page)
 {
     if (const Screen* window = run_.screens.Find("frmmdi"))
         setWindowTitle(Text(window->caption));
+    const QString client = Text(run_.clientName);
     title_->Show(Text(page.caption));
-    client_->Show(Text(run_.clientName) + "   " + Text(run_.Glyear) + "   " + Text(StatusInWords(run_.Glstatus)));
+    client_->Show(client);
+    year_->Show(Text(run_.Glyear) + "   " + Text(StatusInWords(run_.Glstatus)));
+    statusClient_->Show(client);
     status_->Show(StatusLine(run_));
 }
 

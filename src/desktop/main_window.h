@@ -56,6 +56,8 @@ class MainWindow : public QWidget {
     QStackedLayout* pages_ = nullptr;
     ElidedLabel* title_ = nullptr;
     ElidedLabel* client_ = nullptr;
+    ElidedLabel* year_ = nullptr;
+    ElidedLabel* statusClient_ = nullptr;
     ElidedLabel* status_ = nullptr;
 };
 

@@ -60,6 +60,7 @@ QPixmap Picture(QWidget& window)
         place.moveCenter(window.rect().center());
         const QRect strip(place.left(), place.top() - pgbp::RowHeight(), place.width(), pgbp::RowHeight());
         painter.fillRect(strip, pgbp::Theme().line);
+        painter.setPen(pgbp::Theme().text);
         painter.drawText(strip.adjusted(pgbp::kPadding, 0, 0, 0), Qt::AlignVCenter, top->windowTitle());
         painter.drawPixmap(place.topLeft(), const_cast<QWidget*>(top)->grab());
         painter.setPen(pgbp::Theme().edge);
@@ -86,7 +87,7 @@ int Shoot(const Options& options)
         std::ifstream script(options.script);
         if (!script)
             throw std::runtime_error("the script " + options.script + " can not be read");
-        pgbp::Interpreter(run, boxes, files, messages).ExecuteScript(script);
+        pgbp::Interpreter(run, boxes, files, messages).ExecuteScript(script, std::cout);
     }
     window.CatchUp();
     QApplication::processEvents();

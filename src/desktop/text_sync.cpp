@@ -67,7 +67,8 @@ class PageEditor : public Editor {
     {
         if (!page_.hasFocus())
             return page_.setPlainText(Text().replace(span.start, span.length, with));
-        CursorOver(span).insertText(with);
+        Select(span); // another cursor's change would leave the page's own one in its old column
+        page_.insertPlainText(with);
     }
 
     Span Selection() const override
@@ -160,7 +161,8 @@ void TextSync::FromModel()
     const QString text = ModelText();
     if (const Difference change = Compare(editor_->Text(), text); change.Any())
         editor_->Replace(change.span, change.with);
-    if (form_.form.focused() == &box_) {
+    // a selection says that the next key replaces the text
+    if (form_.form.focused() == &box_ && !box_.locked) {
         const int start = UnitsBefore(text, box_.selStart());
         const Span span{start, UnitsBefore(text, box_.selStart() + box_.selLength()) - start};
         if (editor_->Selection() != span)

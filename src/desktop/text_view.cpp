@@ -9,10 +9,14 @@
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
+#include <algorithm>
+
 namespace pgbp {
 namespace {
 
-constexpr int kShort = 24; ///< up to so many characters a field is as wide as its text; longer ones share the row
+// characters by which a field is drawn wide
+constexpr int kShortest = 8;
+constexpr int kLongest = 48;
 
 } // namespace
 
@@ -28,15 +32,14 @@ void TextView::MakeLine(const Place& place)
     line_ = new QLineEdit(place.parent);
     line_->setAcceptDrops(false);
     line_->setFixedHeight(RowHeight());
-    const bool isAmount = place.column == LayoutColumn::Amount || dynamic_cast<NumberBox*>(&box_);
-    if (isAmount)
+    if (place.OfAmounts() || dynamic_cast<NumberBox*>(&box_)) {
         line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    if (isAmount && place.inRow)
+        line_->setProperty("figures", true);
         line_->setFixedWidth(AmountWidth());
-    else if (box_.maxLength > 0 && box_.maxLength <= kShort)
-        line_->setFixedWidth(line_->fontMetrics().horizontalAdvance(QString(box_.maxLength, 'W')) + 4 * kUnit);
-    else
-        line_->setMinimumWidth(60 * kUnit);
+    } else {
+        const int characters = box_.maxLength > 0 ? std::clamp(box_.maxLength, kShortest, kLongest) : kLongest;
+        line_->setMinimumWidth(line_->fontMetrics().averageCharWidth() * characters + 4 * kUnit);
+    }
     sync_ = std::make_unique<TextSync>(box_, form, MakeEditor(*line_));
     Shows(line_);
 }

@@ -86,7 +86,8 @@ QFrame[rule="double"] { border-top: 1px solid @text; border-bottom: 1px solid @t
 QFrame[rule="hair"] { background: @line; }
 QScrollArea, QScrollArea > QWidget > QWidget[page="true"] { background: transparent; border: none; }
 
-QLabel[look="amount"] { background: @computed; border-radius: 3px; padding: 0 8px; }
+QLabel[look="amount"] { background: @computed; border-radius: 3px; }
+QLabel[previous="true"] { color: @muted; }
 QLabel[sign="negative"] { color: @negative; }
 QLabel[sign="words"], QLabel[look="hint"], QLabel[look="status"] { color: @muted; }
 
@@ -94,6 +95,10 @@ QLineEdit, QPlainTextEdit, QComboBox {
     background: @panel; border: 1px solid @edge; border-radius: 3px; padding: 0 5px;
     selection-background-color: @accent; selection-color: @panel; }
 QLineEdit:focus, QPlainTextEdit:focus, QComboBox:focus { border: 2px solid @accent; padding: 0 4px; }
+QLineEdit[figures="true"] { padding-right: 3px; }
+QLineEdit[figures="true"]:focus { padding-right: 2px; }
+QPlainTextEdit { padding: 3px; }
+QPlainTextEdit:focus { padding: 2px; }
 QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QPlainTextEdit:read-only, QComboBox:disabled {
     background: @computed; border-color: @computed; color: @text; }
 QLineEdit:read-only:focus, QPlainTextEdit:read-only:focus { border-color: @accent; }
@@ -120,12 +125,20 @@ QToolButton[help="true"]:hover { background: @accent-soft; }
 QCheckBox, QRadioButton { border: 2px solid transparent; border-radius: 3px; padding: 0 2px; }
 QCheckBox:focus, QRadioButton:focus { border-color: @accent; }
 
+QAbstractScrollArea::corner { background: transparent; border: none; }
+QScrollBar { background: transparent; border: none; margin: 0; }
+QScrollBar:vertical { width: 12px; }
+QScrollBar:horizontal { height: 12px; }
+QScrollBar::handle { background: @edge; border-radius: 4px; margin: 2px; }
+QScrollBar::handle:vertical { min-height: 24px; }
+QScrollBar::handle:horizontal { min-width: 24px; }
+QScrollBar::handle:hover { background: @muted; }
+QScrollBar::add-line, QScrollBar::sub-line, QScrollBar::add-page, QScrollBar::sub-page {
+    background: none; border: none; width: 0; height: 0; }
+
 QTableView, QListView {
-    background: @panel; border: 1px solid @edge; border-radius: 3px; gridline-color: @line; outline: none;
-    selection-background-color: @accent-soft; selection-color: @text; }
-QTableView:focus, QListView:focus { border: 2px solid @accent; }
-QListView::item { padding: 0 8px; }
-QListView::item:selected { background: @accent-soft; color: @text; border-left: 3px solid @accent; }
+    background: @panel; border: 1px solid @edge; border-radius: 3px; padding: 1px; outline: none; }
+QTableView:focus, QListView:focus { border: 2px solid @accent; padding: 0; }
 QHeaderView { background: @computed; border: none; }
 QHeaderView::section {
     background: @computed; color: @muted; border: none; border-bottom: 1px solid @edge; padding: 0 8px; }
@@ -189,6 +202,6 @@ int RowHeight() { return std::max(24, TextHeight() + 2 * kUnit); }
 
 int GridRowHeight() { return std::max(22, TextHeight() + kUnit); }
 
-int AmountWidth() { return QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(16, '0')) + 4 * kUnit; }
+int AmountWidth() { return QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')) + 4 * kUnit; }
 
 } // namespace pgbp

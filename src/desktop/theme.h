@@ -38,6 +38,6 @@ inline constexpr int kUnit = 4;
 inline constexpr int kPadding = 16;
 int RowHeight();     ///< of a field, a caption, a button
 int GridRowHeight(); ///< of a row in a grid or list
-int AmountWidth();   ///< of an amount column: sixteen digits
+int AmountWidth();   ///< of an amount column: fifteen digits of the final figure
 
 } // namespace pgbp

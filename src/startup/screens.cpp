@@ -13,6 +13,14 @@ Screen::Screen(Run& itsRun, std::string name, std::string captionText)
 
 void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
 
+std::vector<std::string> Screens::Names() const
+{
+    std::vector<std::string> names;
+    for (const auto& [name, factory] : factories_)
+        names.push_back(name);
+    return names;
+}
+
 void Screens::Show(std::string_view name, const Opening& opening) { Display(name, opening, false); }
 
 void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, true); }

@@ -46,6 +46,8 @@ class Screens {
     Event<> changed; ///< another screen is on display, or the run has ended
 
     void Register(std::string name, Factory factory);
+    /// The screens that there are.
+    std::vector<std::string> Names() const;
 
     /// Hides the screen on display and shows this one. A message tells when the screen does not exist yet.
     void Show(std::string_view name, const Opening& opening = {});

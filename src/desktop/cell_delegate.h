@@ -1,0 +1,24 @@
+#pragma once
+
+#include <QStyledItemDelegate>
+
+class QAbstractItemView;
+
+namespace pgbp {
+
+/// Draws the rows of grids and lists as a ledger has them: a hairline below each, the selected ones tinted, the current
+/// one marked at its left edge; a text that does not fit ends in dots.
+class CellDelegate : public QStyledItemDelegate {
+  public:
+    static constexpr int kMargin = 8; ///< beside the text
+
+    CellDelegate(QAbstractItemView& view, int firstColumn);
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
+
+  private:
+    const QAbstractItemView& view_;
+    const int first_;
+};
+
+} // namespace pgbp

@@ -1,0 +1,150 @@
+#include "desktop/sample_form.h"
+
+#include <QCalendarWidget>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+
+using namespace pgbp;
+
+namespace {
+
+class Fields : public ShownForm {
+  protected:
+    void ExpectBoth(const TextBox& box, const char* text)
+    {
+        EXPECT_EQ(box.text(), text);
+        EXPECT_EQ(WidgetOf<QLineEdit>(box).text().toStdString(), text);
+    }
+};
+
+} // namespace
+
+TEST_F(Fields, PassTypedCharactersThroughTheKeyFilter)
+{
+    struct Case {
+        TextBox& box;
+        const char* before;
+        const char* keys;
+        const char* after;
+    };
+    form.name.onKeyPress = DropQuotes;
+    const Case cases[] = {
+        {form.amount, "9.99", "12.3456", "12.34"}, // the first key replaces the old text, the third place is refused
+        {form.amount, "", "7a,b5", "75"},          {form.amount, "125.50", "3-", "-3"},
+        {form.fixed, "", "1.2.3", "1.23"},         {form.name, "old", "D'Souza \"& Co\"", "DSouza & Co"},
+        {form.day, "", "1/4.24", "14.24"},
+    };
+    for (const Case& each : cases) {
+        each.box = each.before;
+        form.SetFocus(form.cmdopen);
+        boxes.shown.clear();
+        Focus(each.box);
+        Type(each.keys);
+        ExpectBoth(each.box, each.after);
+        form.day = "";
+    }
+}
+
+TEST_F(Fields, EditInTheMiddleOfTextBeyondTheBasicPlane)
+{
+    Focus(form.name);
+    view.Act([&] { form.name.Set("a\xF0\x9D\x94\xB8z"); }); // one character, two units of the toolkit
+    Press(Qt::Key_End);
+    Press(Qt::Key_Left);
+    EXPECT_EQ(form.name.selStart(), 2);
+    Type("\xC3\xA9");
+    ExpectBoth(form.name, "a\xF0\x9D\x94\xB8\xC3\xA9z");
+    Press(Qt::Key_Backspace);
+    Press(Qt::Key_Backspace);
+    ExpectBoth(form.name, "az");
+}
+
+TEST_F(Fields, FilterWhatIsPastedAndWhatAnInputMethodCommits)
+{
+    Focus(form.amount);
+    QGuiApplication::clipboard()->setText("Rs 12,50,000.759\n");
+    Press(Qt::Key_V, Qt::ControlModifier);
+    ExpectBoth(form.amount, "1250000.75");
+
+    Focus(form.name);
+    form.name.maxLength = 3;
+    QInputMethodEvent commit;
+    commit.setCommitString(QString::fromUtf8("\u00E4\u00F6\u20AC\u00FC"));
+    QApplication::sendEvent(KeyboardOf(form.name), &commit);
+    ExpectBoth(form.name, "\u00E4\u00F6\u20AC");
+}
+
+TEST_F(Fields, UndoGivesBackWhatWasTyped)
+{
+    form.name = "Mehta";
+    Focus(form.name);
+    Type("X");
+    ExpectBoth(form.name, "X");
+    Press(Qt::Key_Z, Qt::ControlModifier);
+    ExpectBoth(form.name, "Mehta");
+}
+
+TEST_F(Fields, ShowTheWholeTextSelectedOnEveryArrival)
+{
+    form.amount = "100.00";
+    Focus(form.amount);
+    EXPECT_EQ(WidgetOf<QLineEdit>(form.amount).selectedText(), "100.00");
+    Press(Qt::Key_End);
+    EXPECT_EQ(form.amount.selLength(), 0);
+    Press(Qt::Key_Tab);
+    EXPECT_NE(form.focused(), &form.amount);
+    QTest::mouseClick(KeyboardOf(form.amount), Qt::LeftButton);
+    EXPECT_EQ(form.focused(), &form.amount);
+    EXPECT_EQ(WidgetOf<QLineEdit>(form.amount).selectedText(), "100.00");
+}
+
+TEST_F(Fields, StayWhereADateIsRefused)
+{
+    Focus(form.day);
+    Type("31-2-24");
+    Press(Qt::Key_Tab);
+    EXPECT_EQ(boxes.Take().text, "Invalid month days");
+    EXPECT_EQ(view.focusWidget(), KeyboardOf(form.day));
+    QTest::mouseClick(KeyboardOf(form.name), Qt::LeftButton);
+    EXPECT_EQ(boxes.Take().text, "Invalid month days");
+    QTest::mouseClick(KeyboardOf(form.CmdBack), Qt::LeftButton);
+    EXPECT_EQ(boxes.Take().text, "Invalid month days");
+    EXPECT_EQ(view.focusWidget(), KeyboardOf(form.day));
+}
+
+TEST_F(Fields, DropDownAMonthToChooseFrom)
+{
+    form.day = "15-08-2023";
+    Focus(form.day);
+    QTest::mouseDClick(KeyboardOf(form.day), Qt::LeftButton);
+    auto* calendar = view.findChild<QCalendarWidget*>();
+    ASSERT_TRUE(calendar && calendar->isVisible());
+    EXPECT_EQ(calendar->selectedDate(), QDate(2023, 8, 15));
+    emit calendar->clicked(QDate(2023, 9, 1));
+    ExpectBoth(form.day, "01-09-2023");
+    EXPECT_FALSE(calendar->isVisible());
+    Press(Qt::Key_Down, Qt::AltModifier);
+    EXPECT_TRUE(calendar->isVisible());
+    Press(Qt::Key_Tab);
+    Settle();
+    EXPECT_FALSE(calendar->isVisible());
+}
+
+TEST_F(Fields, WriteLinesOnAPage)
+{
+    Focus(form.note);
+    Type("one");
+    Press(Qt::Key_Return);
+    Type("two");
+    Settle(); // lines are where they were last painted
+    Press(Qt::Key_Up);
+    Type("!");
+    EXPECT_EQ(form.note.text(), "one!\ntwo");
+    EXPECT_EQ(WidgetOf<QPlainTextEdit>(form.note).toPlainText(), "one!\ntwo");
+    view.Act([&] { form.note.locked = true; });
+    Type("x");
+    EXPECT_EQ(form.note.text(), "one!\ntwo");
+}

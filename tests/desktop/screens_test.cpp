@@ -1,0 +1,121 @@
+#include "desktop/captions.h"
+#include "desktop/form_view.h"
+#include "desktop/main_window.h"
+#include "support/empty_practice.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QTest>
+
+using namespace pgbp;
+
+namespace {
+
+class Windows : public testing::Test {
+  protected:
+    /// What the window shows on top.
+    const FormView& Top()
+    {
+        QApplication::processEvents();
+        return *window->Find(run->screens.OnDisplay());
+    }
+
+    void Start()
+    {
+        practice.handOver.GlLarge = true;
+        run = &practice.Start();
+        window = std::make_unique<MainWindow>(*run);
+        window->onEnd = [this] { ended = true; };
+        window->resize(1366, 768);
+        window->show();
+        QApplication::processEvents();
+    }
+
+    EmptyPractice practice;
+    pgbp::Run* run = nullptr;
+    std::unique_ptr<MainWindow> window;
+    bool ended = false;
+};
+
+void ExpectSameAsModel(const FormView& view)
+{
+    for (const Control* control : view.form.controls()) {
+        const ControlView* drawn = view.Find(control);
+        if (!drawn)
+            continue;
+        EXPECT_EQ(drawn->widget()->isVisible(), control->Shown()) << control->name();
+        const auto* push = dynamic_cast<const PushControl*>(control);
+        const auto* button = qobject_cast<const QAbstractButton*>(drawn->widget());
+        if (!push || !button || push->caption.get().empty())
+            continue;
+        EXPECT_EQ(PlainCaption(button->text().toStdString()), PlainCaption(push->caption)) << control->name();
+        EXPECT_EQ(button->isEnabled() && button->isVisible(), control->Reachable()) << control->name();
+    }
+}
+
+void ExpectTabOrderOfModel(const FormView& view)
+{
+    const auto stops = view.form.Stops();
+    for (std::size_t i = 0; i < stops.size(); ++i) {
+        const QWidget* before = view.Find(view.form.focused())->keyboard();
+        EXPECT_EQ(view.focusWidget(), before);
+        QTest::keyClick(view.focusWidget(), Qt::Key_Tab);
+    }
+}
+
+} // namespace
+
+TEST_F(Windows, ShowEveryScreenAsItsModelIs)
+{
+    Start();
+    for (const std::string& name : run->screens.Names()) {
+        if (name == "frmmdi")
+            continue;
+        SCOPED_TRACE(name);
+        if (!run->screens.Find(name))
+            run->screens.ShowModal(name);
+        const FormView& view = Top();
+        EXPECT_TRUE(view.isVisible());
+        ExpectSameAsModel(view);
+        ExpectTabOrderOfModel(view);
+        if (name != "frmbusiness")
+            run->screens.Return();
+        QApplication::processEvents();
+    }
+}
+
+TEST_F(Windows, FollowTheScreensOfTheRun)
+{
+    Start();
+    const Screen* summary = run->screens.OnDisplay();
+    const FormView* page = &Top();
+    run->screens.ShowModal("frmReminder");
+    const FormView* reminder = &Top();
+    EXPECT_NE(page, reminder);
+    EXPECT_TRUE(page->isVisible());
+    EXPECT_EQ(reminder->window()->windowTitle(), "Reminder   -   (Alt + R)");
+    reminder->window()->close();
+    QApplication::processEvents();
+    EXPECT_EQ(run->screens.OnDisplay(), summary);
+    EXPECT_EQ(&Top(), page);
+    EXPECT_FALSE(ended);
+}
+
+TEST_F(Windows, EndTheRunWhenTheSummaryIsLeft)
+{
+    Start();
+    const FormView& page = Top();
+    QTest::keyClick(page.focusWidget(), Qt::Key_B, Qt::AltModifier);
+    QApplication::processEvents();
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 1);
+}
+
+TEST_F(Windows, EndTheRunWithoutTheHeadOfIncomeWhenTheWindowIsClosed)
+{
+    Start();
+    window->close();
+    QApplication::processEvents();
+    EXPECT_TRUE(ended);
+    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 0);
+}

@@ -1,0 +1,146 @@
+#include "desktop/sample_form.h"
+
+#include <QCheckBox>
+#include <QClipboard>
+#include <QComboBox>
+#include <QHeaderView>
+#include <QListWidget>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+
+using namespace pgbp;
+
+using Selectors = ShownForm;
+
+TEST_F(Selectors, PressButtonsByMouseSpaceEnterAndLetter)
+{
+    int pressed = 0;
+    form.cmdopen.onClick = [&] { ++pressed; };
+    QTest::mouseClick(KeyboardOf(form.cmdopen), Qt::LeftButton);
+    EXPECT_EQ(view.focusWidget(), KeyboardOf(form.cmdopen));
+    Press(Qt::Key_Space);
+    Press(Qt::Key_Return);
+    Focus(form.amount);
+    Press(Qt::Key_N, Qt::AltModifier);
+    EXPECT_EQ(pressed, 4);
+    EXPECT_EQ(form.amount.text(), "");
+    EXPECT_EQ(WidgetOf<QPushButton>(form.cmdopen).text(), "&Normal Business");
+}
+
+TEST_F(Selectors, PressLettersOfButtonsThatAreNotLaidOut)
+{
+    bool pressed = false;
+    form.notLaidOut.onClick = [&] { pressed = true; };
+    Press(Qt::Key_H, Qt::AltModifier);
+    EXPECT_TRUE(pressed);
+}
+
+TEST_F(Selectors, KeepTheMainFrameFromUseBehindACard)
+{
+    view.Act([&] {
+        form.side.visible = true;
+        form.SetFocus(form.sidetext);
+    });
+    int pressed = 0;
+    form.cmdopen.onClick = form.cmddetails.onClick = [&] { ++pressed; };
+    Press(Qt::Key_D, Qt::AltModifier);
+    QTest::mouseClick(KeyboardOf(form.cmddetails), Qt::LeftButton);
+    const QPoint place = KeyboardOf(form.cmdopen)->mapTo(&view, QPoint(5, 5));
+    QTest::mouseClick(view.childAt(place), Qt::LeftButton);
+    EXPECT_EQ(pressed, 0);
+    EXPECT_TRUE(KeyboardOf(form.CmdBack)->isEnabled());
+    Press(Qt::Key_Escape);
+    EXPECT_FALSE(form.side.visible);
+    EXPECT_FALSE(view.Find(&form.side)->widget()->isVisible());
+}
+
+TEST_F(Selectors, TickAndChoose)
+{
+    QTest::mouseClick(KeyboardOf(form.tick), Qt::LeftButton);
+    Focus(form.second);
+    Press(Qt::Key_Space);
+    EXPECT_TRUE(form.tick.value && form.second.value);
+    view.Act([&] { form.first.Click(); });
+    EXPECT_TRUE(WidgetOf<QCheckBox>(form.tick).isChecked());
+    EXPECT_TRUE(WidgetOf<QRadioButton>(form.first).isChecked());
+    EXPECT_FALSE(WidgetOf<QRadioButton>(form.second).isChecked());
+}
+
+TEST_F(Selectors, ChooseFromAListThatDropsDown)
+{
+    int chosen = 0;
+    form.kinds.onClick = [&] { ++chosen; };
+    Focus(form.kinds);
+    Press(Qt::Key_Down);
+    Type("c");
+    auto& box = WidgetOf<QComboBox>(form.kinds);
+    EXPECT_EQ(box.currentText(), "Company");
+    emit box.activated(1);
+    EXPECT_EQ(form.kinds.text(), "Firm");
+    EXPECT_EQ(chosen, 3);
+    view.Act([&] { form.kinds.SetItems({"Trust"}); });
+    EXPECT_EQ(box.count(), 1);
+    EXPECT_EQ(box.currentIndex(), -1);
+}
+
+TEST_F(Selectors, WalkAGridByKeysAndOpenItsRows)
+{
+    int opened = 0;
+    form.lines.onDoubleClick = [&](int row) { opened = row; };
+    auto& table = WidgetOf<QTableView>(form.lines);
+    Focus(form.lines);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(table.currentIndex().row(), 1);
+    Press(Qt::Key_End);
+    Press(Qt::Key_Return);
+    EXPECT_EQ(opened, 3);
+    const QPoint firstRow(80, table.rowViewportPosition(0) + 5);
+    QTest::mouseClick(table.viewport(), Qt::LeftButton, {}, firstRow);
+    EXPECT_EQ(form.lines.currentRow(), 1);
+    QTest::mouseDClick(table.viewport(), Qt::LeftButton, {}, firstRow);
+    EXPECT_EQ(opened, 1);
+    view.Act([&] { form.lines.SetRows({{"1", "Only", "7.00", ""}}); });
+    EXPECT_EQ(table.model()->rowCount(), 1);
+    EXPECT_EQ(table.model()->index(0, 1).data().toString(), "Only");
+    view.Act([&] { form.lines.Clear(); });
+    Press(Qt::Key_Return);
+    EXPECT_EQ(opened, 1);
+}
+
+TEST_F(Selectors, CopyRowsOfAGridForASpreadsheet)
+{
+    Focus(form.lines);
+    auto& table = WidgetOf<QTableView>(form.lines);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "1\tShop\t-1250.50\n");
+    table.selectAll();
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "1\tShop\t-1250.50\n2\tMill\t300.00\n3\tFarm\t0.00\n");
+}
+
+TEST_F(Selectors, NeverScrollAnAmountOutOfAGrid)
+{
+    auto& table = WidgetOf<QTableView>(form.lines);
+    for (const int width : {1100, 700}) {
+        view.resize(width, 760);
+        Settle();
+        EXPECT_EQ(table.horizontalHeader()->length(), table.viewport()->width()) << width;
+    }
+    EXPECT_TRUE(table.isColumnHidden(3));
+}
+
+TEST_F(Selectors, OpenTheEmptySpotOfAList)
+{
+    int clicked = -1;
+    int opened = -1;
+    form.titles.onClick = [&](int entry) { clicked = entry; };
+    form.titles.onDoubleClick = [&](int entry) { opened = entry; };
+    auto& rows = WidgetOf<QListWidget>(form.titles);
+    QTest::mouseClick(rows.viewport(), Qt::LeftButton, {}, rows.visualItemRect(rows.item(1)).center());
+    EXPECT_EQ(clicked, 2);
+    QTest::mouseDClick(rows.viewport(), Qt::LeftButton, {}, QPoint(20, rows.viewport()->height() - 4));
+    EXPECT_EQ(opened, 0);
+    Press(Qt::Key_Down);
+    EXPECT_EQ(rows.currentRow(), 0);
+}
