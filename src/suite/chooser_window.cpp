@@ -1,6 +1,7 @@
 #include "suite/chooser_window.h"
 
 #include "desktop/captions.h"
+#include "desktop/cell_delegate.h"
 #include "desktop/theme.h"
 #include "services/format.h"
 #include "services/year.h"
@@ -54,8 +55,6 @@ ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const s
     search_->setFocus();
 }
 
-ChooserWindow::~ChooserWindow() { process_.disconnect(); }
-
 void ChooserWindow::BuildTop()
 {
     auto* title = new QLabel("Assessee-years");
@@ -88,7 +87,7 @@ void ChooserWindow::BuildTable()
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setShowGrid(false);
-    table_->setStyleSheet("QTableView::item { padding: 0 8px; }");
+    table_->setItemDelegate(new CellDelegate(*table_, AssesseeYearModel::Client));
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
     table_->verticalHeader()->hide();
@@ -155,6 +154,7 @@ void ChooserWindow::Connect()
         Choose(0);
     });
     connect(search_, &QLineEdit::returnPressed, this, [this] { Open(); });
+    module_.ended = [this](const QString& failure, const QString& said) { ModuleEnded(failure, said); };
     search_->installEventFilter(this);
     table_->installEventFilter(this);
     connect(table_, &QTableView::doubleClicked, this, [this] { Open(); });
@@ -213,8 +213,7 @@ void ChooserWindow::ShowMinors()
         for (const double minor : MinorsOf(practice_, chosen->code))
             whose_->addItem(QString("minor %1").arg(minor), minor);
     whose_->setEnabled(whose_->count() > 1);
-    const bool isIdle = process_.state() == QProcess::NotRunning;
-    open_->setEnabled(chosen && isIdle);
+    open_->setEnabled(chosen && !module_.IsRunning());
     addYear_->setEnabled(chosen);
 }
 
@@ -230,40 +229,27 @@ HandOver ChooserWindow::HandOverOfChosen(const AssesseeYear& chosen) const
 void ChooserWindow::Open()
 {
     const AssesseeYear* chosen = Chosen();
-    if (!chosen || process_.state() != QProcess::NotRunning)
+    if (!chosen || module_.IsRunning())
         return;
     Guarded([&] {
         WriteHandOverFile(practice_, HandOverOfChosen(*chosen));
-        auto environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("PGBP_PROGRAM_FOLDER", Text(practice_.folders.program.string()));
-        process_.setProcessEnvironment(environment);
-        process_.disconnect();
-        const std::string code = chosen->code;
-        connect(&process_, &QProcess::finished, this,
-                [this, code](int exitCode, QProcess::ExitStatus how) { Ended(code, exitCode, how); });
-        connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-            if (error == QProcess::FailedToStart)
-                Tell("The program " + Text(module_.string()) + " could not be started.", true);
-            ShowMinors();
-        });
-        process_.start(Text(module_.string()), QStringList());
+        openCode_ = chosen->code;
+        writtenBefore_ = practice_.HeadWritten();
         Tell(Text(chosen->name + ", " + chosen->year + " is open in the module."));
+        module_.Start(practice_.folders.program);
         ShowMinors();
     });
 }
 
-void ChooserWindow::Ended(const std::string& code, int exitCode, QProcess::ExitStatus how)
+void ChooserWindow::ModuleEnded(const QString& failure, const QString& said)
 {
     Guarded([&] {
-        Reload(code);
-        const QString reason = QString::fromUtf8(process_.readAllStandardError()).trimmed();
-        const AssesseeYear year = FindAssesseeYear(practice_, code);
-        if (how == QProcess::CrashExit || exitCode != 0)
-            Tell("The module ended with a failure; the head of income stays as it was. " + reason, true);
-        else if (!reason.isEmpty())
-            Tell("The module ended: " + reason, true);
-        else if (!year.headOfIncome)
-            Tell("The module ended without writing the head of income of " + Text(code) + ".");
+        Reload(openCode_);
+        const AssesseeYear year = FindAssesseeYear(practice_, openCode_);
+        if (!failure.isEmpty())
+            Tell(failure + ' ' + said, true);
+        else if (!year.headOfIncome || practice_.HeadWritten() == writtenBefore_)
+            Tell("The module ended without writing the head of income of " + Text(openCode_) + ". " + said, true);
         else
             Tell(QString("Profits & gains of %1, %2: %3")
                      .arg(Text(year.name), Text(year.year),

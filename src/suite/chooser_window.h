@@ -2,8 +2,8 @@
 
 #include "suite/chooser_model.h"
 #include "suite/hand_over_row.h"
+#include "suite/module_process.h"
 
-#include <QProcess>
 #include <QWidget>
 
 #include <functional>
@@ -23,7 +23,6 @@ class ChooserWindow : public QWidget {
   public:
     /// Throws std::runtime_error when no practice stands in the folder.
     ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module);
-    ~ChooserWindow() override;
 
     /// Shows only what holds the text, as typing it does.
     void Search(const QString& text);
@@ -44,7 +43,7 @@ class ChooserWindow : public QWidget {
     void AddAssessee();
     void AddYear(double client, const std::string& name, const std::string& year);
     void AddYearOfChosen();
-    void Ended(const std::string& code, int exitCode, QProcess::ExitStatus how);
+    void ModuleEnded(const QString& failure, const QString& said);
     void Tell(const QString& text, bool isFailure = false);
     void Guarded(const std::function<void()>& work);
     HandOver HandOverOfChosen(const AssesseeYear& chosen) const;
@@ -52,10 +51,11 @@ class ChooserWindow : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
     Practice practice_;
-    std::filesystem::path module_;
+    ModuleProcess module_;
+    std::string openCode_;                          ///< of the assessee-year that the module has open, or had last
+    std::filesystem::file_time_type writtenBefore_; ///< the head of income, before the module was started
     AssesseeYearModel years_;
     SearchModel found_;
-    QProcess process_;
 
     QLineEdit* search_ = nullptr;
     QTableView* table_ = nullptr;

@@ -102,9 +102,23 @@ void Show(Suite& suite, Words words)
     suite.out << (lines ? InWords(*lines) : "The head of income has not been written yet.\n");
 }
 
+/// Starts the module on the practice and waits until it ends.
+void RunModule(const Suite& suite)
+{
+    setenv("PGBP_PROGRAM_FOLDER", std::filesystem::absolute(suite.programFolder).c_str(), 1);
+    if (const int status = suite.processes.RunAndWait(suite.module); status != 0)
+        throw std::runtime_error("The module ended with the exit status " + std::to_string(status) +
+                                 "; the head of income stays as it was.");
+}
+
 void RunAndShow(Suite& suite, Words words)
 {
-    RunModule(suite, words[0], words.subspan(1));
+    HandOverCommand(suite, words);
+    const Practice practice(suite.programFolder);
+    const auto before = practice.HeadWritten();
+    RunModule(suite);
+    if (practice.HeadWritten() == before)
+        suite.out << "The module ended without writing the head of income.\n";
     Show(suite, words.first(1));
 }
 
@@ -169,17 +183,6 @@ void RunCommand(Suite& suite, std::span<const std::string> words)
     if (arguments.size() < command.least || arguments.size() > command.most)
         throw std::runtime_error("How it is used: " + Usage(command));
     command.run(suite, arguments);
-}
-
-void RunModule(Suite& suite, const std::string& code, std::span<const std::string> columns)
-{
-    std::vector<std::string> words{code};
-    words.insert(words.end(), columns.begin(), columns.end());
-    HandOverCommand(suite, words);
-    setenv("PGBP_PROGRAM_FOLDER", std::filesystem::absolute(suite.programFolder).c_str(), 1);
-    if (const int status = suite.processes.RunAndWait(suite.module); status != 0)
-        throw std::runtime_error("The module ended with the exit status " + std::to_string(status) +
-                                 "; the head of income stays as it was.");
 }
 
 } // namespace pgbp

@@ -22,8 +22,4 @@ struct Suite {
 /// user when it fails.
 void RunCommand(Suite& suite, std::span<const std::string> words);
 
-/// Hands the assessee-year over with the columns given, starts the module and waits until it ends. Throws
-/// std::runtime_error when it cannot be started or ends with a failure.
-void RunModule(Suite& suite, const std::string& code, std::span<const std::string> columns);
-
 } // namespace pgbp

@@ -68,7 +68,7 @@ TEST_F(Chooser, FindsByTypingAndWalksWithTheArrows)
 
 TEST_F(Chooser, EnterStartsTheModuleOnTheRowAndStaysAlive)
 {
-    Write("sleep 0.3; echo \"$PGBP_PROGRAM_FOLDER\" > \"$0.seen\"");
+    Write("sleep 0.3; touch \"$PGBP_PROGRAM_FOLDER/server/balance.mdb\"; echo \"$PGBP_PROGRAM_FOLDER\" > \"$0.seen\"");
     window.Search("1006r2022");
     QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Return);
     WaitFor("is open in the module");
@@ -85,7 +85,7 @@ TEST_F(Chooser, TellsWhyTheModuleEnded)
     };
     constexpr Case kCases[] = {
         {"exit 0", "ended without writing the head of income of 1001r2023-24"},
-        {"echo Login failed >&2", "The module ended: Login failed"},
+        {"echo Login failed >&2", "of 1001r2023-24. Login failed"},
         {"exit 1", "ended with a failure"},
         {"kill -9 $$", "ended with a failure"},
     };
