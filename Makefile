@@ -34,3 +34,6 @@ lint: build
 	clang-format --dry-run -Werror $(SOURCES)
 	python3 tools/check-layers.py
 	tools/tidy.sh build/dev $(JOBS)
+
+screenshots: build
+	@tools/screenshots.sh build/dev/bin docs/screens
