@@ -8,6 +8,7 @@ run: build
 	@tools/run.sh build/dev/bin practice
 
 test: build
+	@tools/fuzz.sh 10
 	ctest --test-dir build/dev --output-on-failure -j $(JOBS)
 
 setup:
@@ -17,7 +18,8 @@ build: setup
 	@cmake --preset dev > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset dev -j $(JOBS)
 
-bench: setup
+bench:
+	@tools/setup.sh libreoffice-calc-nogui
 	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset release -j $(JOBS)
 	@python3 tools/bench.py build/release/bin
@@ -26,6 +28,9 @@ asan: setup
 	@cmake --preset asan > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset asan -j $(JOBS)
 	ASAN_OPTIONS=detect_leaks=0 ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+
+fuzz: setup
+	@tools/fuzz.sh 120
 
 format: setup
 	clang-format -i $(SOURCES)

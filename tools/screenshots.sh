@@ -1,11 +1,12 @@
 #!/bin/sh
 # Makes the pictures of the documentation anew, from the demonstration clients, without a display.
 set -eu
-programs=$1
-pictures=$2
+programs=$(realpath "$1")
+pictures=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-practice=$folder/practice
+cd "$folder" # the chooser shows where the practice is
+practice=practice
 suite="$programs/pgbp-suite --program-folder $practice"
 export QT_QPA_PLATFORM=offscreen
 
@@ -15,9 +16,9 @@ $suite new "$practice" >/dev/null
 shot() {
     name=$1
     shift
-    cat >"$folder/script"
+    cat >script
     $suite handover "$@" >/dev/null
-    "$programs/pgbp-shot" --program-folder "$practice" "$pictures/$name.png" "$folder/script"
+    "$programs/pgbp-shot" --program-folder "$practice" "$pictures/$name.png" script
 }
 
 shot summary-individual 1001r2023-24 </dev/null

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Installs the Debian packages that are missing, without asking. Does nothing where all are there.
+# Installs the Debian packages that are missing, without asking: those of the project and those named. Does nothing where
+# all are there.
 set -eu
 
 packages="
@@ -14,7 +15,7 @@ packages="
 
 mkdir -p build
 missing=""
-for package in $packages; do
+for package in $packages "$@"; do
     dpkg-query -W -f='${Status}' "$package" 2>/dev/null | grep -q 'ok installed' || missing="$missing $package"
 done
 [ -n "$missing" ] || exit 0
