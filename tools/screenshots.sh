@@ -5,7 +5,7 @@ programs=$(realpath "$1")
 pictures=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
-cd "$folder" # the chooser shows where the practice is
+cd "$folder"
 practice=practice
 suite="$programs/pgbp-suite --program-folder $practice"
 export QT_QPA_PLATFORM=offscreen

@@ -59,7 +59,8 @@ void ChooserWindow::BuildTop()
 {
     auto* title = new QLabel("Assessee-years");
     title->setFont(FontOf(Type::Title));
-    auto* place = new QLabel(Text(practice_.folders.program.string()));
+    auto* place = new QLabel(Text(practice_.folders.program.filename().string()));
+    place->setToolTip(Text(practice_.folders.program.string()));
     place->setProperty("look", "hint");
     search_ = new QLineEdit;
     search_->setMinimumHeight(RowHeight());
