@@ -1,39 +1,52 @@
 #include "desktop/elided_label.h"
 
+#include "desktop/theme.h"
+
+#include <QEvent>
 #include <QPainter>
-#include <QStyle>
-#include <QStyleOption>
 
 #include <algorithm>
 
 namespace pgbp {
 
-ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) { setTextFormat(Qt::PlainText); }
+ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent), color_(Theme().text) {}
 
 void ElidedLabel::Show(const QString& whole, const QString& tip)
 {
     tip_ = tip;
+    if (whole == whole_)
+        return;
     whole_ = whole;
-    ShowTip();
-    // for screen readers; with a buddy the toolkit would take "&" for a short-cut of its own
-    setText(buddy() ? QString(whole).replace('&', "&&") : whole);
+    width_ = -1;
+    setAccessibleName(whole); // not the text: the toolkit would take "&" for a short-cut of its own
+    updateGeometry();
+    update();
 }
 
-/// The whole text where it is cut and the tip is nothing else.
-void ElidedLabel::ShowTip() { setToolTip(tip_.isEmpty() && Fitting() != whole_ ? whole_ : tip_); }
-
-void ElidedLabel::resizeEvent(QResizeEvent* event)
+/// A text that is cut shows whole in its tip, where it has no other one.
+bool ElidedLabel::event(QEvent* event)
 {
-    QLabel::resizeEvent(event);
-    ShowTip();
+    if (event->type() == QEvent::ToolTip)
+        setToolTip(tip_.isEmpty() && Fitting() != whole_ ? whole_ : tip_);
+    return QLabel::event(event);
 }
 
-void ElidedLabel::SetMargin(int margin) { margin_ = margin; }
-
-QSize ElidedLabel::sizeHint() const
+void ElidedLabel::SetColor(const QColor& text)
 {
-    return {fontMetrics().horizontalAdvance(whole_) + 2 * margin_ + 1, fontMetrics().height()};
+    if (color_ == text)
+        return;
+    color_ = text;
+    update();
 }
+
+int ElidedLabel::TextWidth() const
+{
+    if (width_ < 0)
+        width_ = fontMetrics().horizontalAdvance(whole_) + 1;
+    return width_;
+}
+
+QSize ElidedLabel::sizeHint() const { return {TextWidth() + 2 * margin_, fontMetrics().height()}; }
 
 QSize ElidedLabel::minimumSizeHint() const
 {
@@ -41,15 +54,29 @@ QSize ElidedLabel::minimumSizeHint() const
     return least_ < 0 ? whole : QSize(std::min(least_, whole.width()), whole.height());
 }
 
-QString ElidedLabel::Fitting() const { return fontMetrics().elidedText(whole_, Qt::ElideRight, width() - 2 * margin_); }
+QString ElidedLabel::Fitting() const
+{
+    const int room = width() - 2 * margin_;
+    return TextWidth() <= room ? whole_ : fontMetrics().elidedText(whole_, Qt::ElideRight, room);
+}
+
+void ElidedLabel::changeEvent(QEvent* event)
+{
+    QLabel::changeEvent(event);
+    if (event->type() == QEvent::FontChange)
+        width_ = -1;
+}
 
 void ElidedLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    QStyleOption option;
-    option.initFrom(this);
-    style()->drawPrimitive(QStyle::PE_Widget, &option, &painter, this);
-    painter.setPen(palette().color(foregroundRole()));
+    if (background_.isValid()) {
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(background_);
+        painter.drawRoundedRect(rect(), 3, 3);
+    }
+    painter.setPen(color_);
     painter.drawText(rect().adjusted(margin_, 0, -margin_, 0), static_cast<int>(alignment()), Fitting());
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QColor>
 #include <QLabel>
 
 namespace pgbp {
@@ -10,8 +11,11 @@ class ElidedLabel : public QLabel {
     explicit ElidedLabel(QWidget* parent);
 
     void Show(const QString& whole, const QString& tip = {});
-    /// Blank space at both sides.
-    void SetMargin(int margin);
+    /// Blank space at both sides of the text.
+    void SetMargin(int margin) { margin_ = margin; }
+    /// Draws itself: a style sheet would match each of the many labels against all its rules.
+    void SetColor(const QColor& text);
+    void SetBackground(const QColor& background) { background_ = background; }
     /// Lets the text be cut down to this width.
     void GiveWay(int least) { least_ = least; }
 
@@ -19,15 +23,19 @@ class ElidedLabel : public QLabel {
     QSize minimumSizeHint() const override;
 
   protected:
+    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
 
   private:
-    void ShowTip();
     QString Fitting() const;
+    int TextWidth() const;
 
     QString whole_;
     QString tip_;
+    QColor color_;
+    QColor background_;
+    mutable int width_ = -1; ///< of the whole text; less than 0: not measured yet
     int margin_ = 0;
     int least_ = -1; ///< less than 0: never cut
 };

@@ -3,13 +3,13 @@
 #include "desktop/actions.h"
 #include "desktop/card_layer.h"
 #include "desktop/frame_view.h"
+#include "desktop/page.h"
 #include "desktop/theme.h"
 
 #include <QApplication>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <utility>
@@ -40,32 +40,42 @@ void FormView::Build()
     auto* pages = new QVBoxLayout(pages_);
     pages->setContentsMargins(0, 0, 0, 0);
     cards_ = new CardLayer(pages_);
-    auto* bottom = new QWidget(this);
-    auto* buttons = new QHBoxLayout(bottom);
-    auto* right = new QHBoxLayout;
-    buttons->setContentsMargins(0, 0, 0, 0);
-    buttons->setSpacing(2 * kUnit);
-    right->setSpacing(2 * kUnit);
     box->addWidget(pages_, 1);
-    box->addWidget(bottom);
-
-    // over a copy: views of the frames add more views
-    for (Control* control : std::vector(form.controls()))
+    const ButtonRow buttons = AddButtonRow(*box);
+    for (Control* control : form.controls())
         if (auto* top = dynamic_cast<frame*>(control); top && top->place == FramePlace::Main)
-            AddMain(*top, *buttons, *right);
+            AddMain(*top, buttons);
         else if (top && top->place == FramePlace::Card)
-            cards_->Add(static_cast<FrameView&>(Add(*top, {.parent = cards_})));
+            notShownYet_.push_back(top);
     for (PushControl* button : form.bar)
-        right->addWidget(Add(*button, {.parent = bottom, .inRow = false}).widget());
-    buttons->addStretch(1);
-    buttons->addLayout(right);
+        buttons.right->addWidget(Add(*button, {.parent = this, .inRow = false}).widget());
 }
 
-void FormView::AddMain(frame& main, QHBoxLayout& left, QHBoxLayout& right)
+void FormView::AddMain(frame& main, const ButtonRow& buttons)
 {
-    auto& view = static_cast<FrameView&>(Add(main, {.parent = pages_}));
-    pages_->layout()->addWidget(MakePage(view.widget(), pages_));
-    view.AddButtons(left, right);
+    auto* page = new Page(pages_);
+    pages_->layout()->addWidget(page);
+    auto& view = static_cast<FrameView&>(Add(main, {.parent = page->viewport()}));
+    page->setWidget(view.widget());
+    view.AddButtons(buttons);
+}
+
+/// A side frame is drawn when it is first up.
+void FormView::AddCards(bool all)
+{
+    std::erase_if(notShownYet_, [&](frame* card) {
+        const bool now = all || card->visible;
+        if (now)
+            cards_->Add(static_cast<FrameView&>(Add(*card, {.parent = cards_})));
+        return now;
+    });
+}
+
+QSize FormView::SizeWithCards()
+{
+    AddCards(true);
+    const QSize around = sizeHint() - pages_->sizeHint();
+    return sizeHint().expandedTo(cards_->sizeHint() + QSize(0, around.height()));
 }
 
 ControlView& FormView::Add(Control& control, const Place& place)
@@ -74,6 +84,7 @@ ControlView& FormView::Add(Control& control, const Place& place)
     const auto at = views_.size() - 1;
     views_[at] = MakeView(control, *this, place);
     byControl_[&control] = views_[at].get();
+    views_[at]->FromModel(); // a hidden one is hidden before its frame is laid out
     return *views_[at];
 }
 
@@ -145,6 +156,7 @@ std::optional<Key> FormView::KeyOf(const QKeyEvent& event)
 
 void FormView::Refresh()
 {
+    AddCards(false);
     mnemonics_ = form.Mnemonics();
     for (const auto& view : views_)
         view->FromModel();
@@ -182,7 +194,7 @@ void FormView::MoveFocus()
 void FormView::ShowFocused(const ControlView& view)
 {
     for (QWidget* around = view.widget()->parentWidget(); around && around != this; around = around->parentWidget())
-        if (auto* page = qobject_cast<QScrollArea*>(around))
+        if (auto* page = dynamic_cast<Page*>(around))
             page->ensureWidgetVisible(view.widget(), kPadding, kPadding);
 }
 
@@ -220,12 +232,6 @@ void FormView::keyPressEvent(QKeyEvent* event)
         Press(*key);
     else
         QWidget::keyPressEvent(event);
-}
-
-QSize FormView::sizeHint() const
-{
-    const QSize around = QWidget::sizeHint() - pages_->sizeHint();
-    return QWidget::sizeHint().expandedTo(cards_->sizeHint() + QSize(0, around.height()));
 }
 
 } // namespace pgbp

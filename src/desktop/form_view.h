@@ -12,12 +12,11 @@
 #include <unordered_map>
 #include <vector>
 
-class QHBoxLayout;
-
 namespace pgbp {
 
 class Actions;
 class CardLayer;
+struct ButtonRow;
 
 /// Draws any form: its main frames as pages, its side frames as cards over them, and one row of buttons below. The form
 /// is the authority: everything the preparer does goes to it, and the widgets are made like it afterwards.
@@ -48,7 +47,8 @@ class FormView : public QWidget {
     /// The model's key; none for a character, or when Ctrl is held.
     static std::optional<Key> KeyOf(const QKeyEvent& event);
 
-    QSize sizeHint() const override;
+    /// The size at which every side frame has room, too.
+    QSize SizeWithCards();
 
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -57,7 +57,8 @@ class FormView : public QWidget {
 
   private:
     void Build();
-    void AddMain(frame& main, QHBoxLayout& left, QHBoxLayout& right);
+    void AddMain(frame& main, const ButtonRow& buttons);
+    void AddCards(bool all);
     void RefreshSoon();
     void MoveFocus();
     void ShowFocused(const ControlView& view);
@@ -70,6 +71,7 @@ class FormView : public QWidget {
     std::unordered_map<const Control*, ControlView*> byControl_;
     std::unordered_map<const QObject*, ControlView*> watched_;
     std::map<const PushControl*, char> mnemonics_;
+    std::vector<frame*> notShownYet_;
     QWidget* pages_ = nullptr;
     CardLayer* cards_ = nullptr;
     bool refreshQueued_ = false;

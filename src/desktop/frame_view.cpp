@@ -5,26 +5,19 @@
 #include "desktop/captions.h"
 #include "desktop/form_view.h"
 #include "desktop/label_view.h"
+#include "desktop/page.h"
 #include "desktop/theme.h"
 
 #include <QFrame>
 #include <QGridLayout>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QScrollArea>
 #include <QVBoxLayout>
 
 #include <algorithm>
 
 namespace pgbp {
 namespace {
-
-class Page : public QScrollArea {
-  public:
-    using QScrollArea::QScrollArea;
-    QSize sizeHint() const override { return widget()->sizeHint(); }
-    QSize minimumSizeHint() const override { return {60 * kUnit, 20 * kUnit}; }
-};
 
 /// A control that stands alone takes the whole row; a button or a field stays in its column.
 bool IsWhole(const LayoutRow& row)
@@ -51,18 +44,6 @@ Qt::Alignment SideOf(const Control& control, LayoutColumn column)
 
 } // namespace
 
-QScrollArea* MakePage(QWidget* content, QWidget* parent)
-{
-    auto* page = new Page(parent);
-    page->setWidgetResizable(true);
-    page->setFrameShape(QFrame::NoFrame);
-    page->setFocusPolicy(Qt::NoFocus);
-    page->setWidget(content);
-    page->viewport()->setAutoFillBackground(false);
-    content->setAutoFillBackground(false);
-    return page;
-}
-
 FrameView::FrameView(frame& itsFrame, FormView& itsForm, const Place& place)
     : ControlView(itsFrame, itsForm), frame_(itsFrame)
 {
@@ -84,11 +65,19 @@ void FrameView::Build(QWidget* parent)
     heading_->setFont(FontOf(Type::Heading));
     heading_->setTextFormat(Qt::PlainText);
     box->addWidget(heading_);
-    QWidget* rows = Rows(panel);
-    const bool scrolls = frame_.place == FramePlace::Card;
-    box->addWidget(scrolls ? MakePage(rows, panel) : rows, 1);
-    if (frame_.place != FramePlace::Main)
-        AddOwnButtons(*box);
+    if (frame_.place == FramePlace::Card) {
+        auto* page = new Page(panel);
+        box->addWidget(page, 1);
+        page->setWidget(Rows(page->viewport()));
+        page->widget()->setAutoFillBackground(false);
+    } else {
+        box->addWidget(Rows(panel), 1);
+    }
+    const bool hasButtons = !frame_.layout().buttonsLeft.empty() || !frame_.layout().buttonsRight.empty();
+    if (frame_.place != FramePlace::Main && hasButtons) {
+        box->addSpacing(kUnit);
+        AddButtons(AddButtonRow(*box));
+    }
 }
 
 QWidget* FrameView::Rows(QWidget* parent)
@@ -199,31 +188,14 @@ void FrameView::Spread(Wide& wide, Columns over)
     wide.over = over;
 }
 
-void FrameView::AddOwnButtons(QVBoxLayout& box)
+void FrameView::AddButtons(const ButtonRow& row)
 {
-    const Layout& layout = frame_.layout();
-    if (layout.buttonsLeft.empty() && layout.buttonsRight.empty())
-        return;
-    auto* row = new QHBoxLayout;
-    auto* right = new QHBoxLayout;
-    row->setSpacing(2 * kUnit);
-    right->setSpacing(2 * kUnit);
-    box.addSpacing(kUnit);
-    box.addLayout(row);
-    AddButtons(*row, *right);
-    row->addStretch(1);
-    row->addLayout(right);
-}
-
-void FrameView::AddButtons(QHBoxLayout& left, QHBoxLayout& right)
-{
-    const auto add = [this](QHBoxLayout& to, const std::vector<Control*>& buttons) {
-        QWidget* parent = to.parentWidget() ? to.parentWidget() : widget();
+    const auto add = [this](QHBoxLayout& side, const std::vector<Control*>& buttons) {
         for (Control* button : buttons)
-            to.addWidget(form.Add(*button, {.parent = parent, .inRow = false}).widget());
+            side.addWidget(form.Add(*button, {.parent = side.parentWidget(), .inRow = false}).widget());
     };
-    add(left, frame_.layout().buttonsLeft);
-    add(right, frame_.layout().buttonsRight);
+    add(*row.left, frame_.layout().buttonsLeft);
+    add(*row.right, frame_.layout().buttonsRight);
 }
 
 void FrameView::FromModel()

@@ -8,14 +8,12 @@
 #include <vector>
 
 class QGridLayout;
-class QHBoxLayout;
 class QLabel;
-class QScrollArea;
-class QVBoxLayout;
 
 namespace pgbp {
 
 class LabelView;
+struct ButtonRow;
 
 /// A frame with its heading and its rows in columns. A main frame scrolls as a page, its buttons stand apart in the
 /// row that the form keeps at the bottom; a card has its own row of buttons; a group stands in a row of another frame.
@@ -26,8 +24,7 @@ class FrameView : public ControlView {
     void FromModel() override;
     bool TakesHeight() const override { return takesHeight_; }
 
-    /// Adds the buttons of the frame to two rows.
-    void AddButtons(QHBoxLayout& left, QHBoxLayout& right);
+    void AddButtons(const ButtonRow& row);
 
   private:
     struct Columns {
@@ -50,7 +47,6 @@ class FrameView : public ControlView {
     void AddRow(const LayoutRow& row);
     void AddRule(const LayoutRow& row);
     ControlView& AddCell(const LayoutRow& row, std::size_t column, int line);
-    void AddOwnButtons(QVBoxLayout& box);
     void Spread(Wide& wide, Columns over);
     /// The columns from the first to the last one that is seen.
     Columns Seen(bool withButtons) const;
@@ -63,8 +59,5 @@ class FrameView : public ControlView {
     std::vector<Wide> wide_;
     bool takesHeight_ = false;
 };
-
-/// A page that scrolls when the window is smaller, as wide as its content asks otherwise.
-QScrollArea* MakePage(QWidget* content, QWidget* parent);
 
 } // namespace pgbp

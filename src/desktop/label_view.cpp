@@ -4,10 +4,6 @@
 #include "desktop/elided_label.h"
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
-#include "services/format.h"
-
-#include <QStyle>
-#include <QVariant>
 
 namespace pgbp {
 namespace {
@@ -24,39 +20,24 @@ Type TypeOf(const label& label, const Place& place)
     return Type::Base;
 }
 
-QString Sign(const std::string& amount)
-{
-    if (Val(amount) < 0)
-        return "negative";
-    const bool isNumber = amount.find_first_not_of("0123456789.,- ") == std::string::npos;
-    return isNumber ? "" : "words";
-}
+bool IsNumber(const std::string& text) { return text.find_first_not_of("0123456789.,- ") == std::string::npos; }
 
 } // namespace
-
-void MarkSign(QWidget& widget, const std::string& amount)
-{
-    const QString sign = Sign(amount);
-    if (widget.property("sign").toString() == sign)
-        return;
-    widget.setProperty("sign", sign);
-    widget.style()->polish(&widget);
-}
 
 LabelView::LabelView(label& itsLabel, FormView& itsForm, const Place& place)
     : ControlView(itsLabel, itsForm), label_(itsLabel), text_(new ElidedLabel(place.parent))
 {
-    text_->setFont(FontOf(TypeOf(label_, place)));
+    if (const Type type = TypeOf(label_, place); type != Type::Base)
+        text_->setFont(FontOf(type));
     text_->setMinimumHeight(RowHeight());
-    text_->setProperty("previous", place.column == LayoutColumn::Previous);
     if (place.OfAmounts()) {
         text_->setMinimumWidth(AmountWidth());
         text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     if (label_.look == LabelLook::Amount)
-        text_->setProperty("look", "amount");
-    else if (label_.look == LabelLook::Hint || place.style == RowStyle::Heading)
-        text_->setProperty("look", "hint");
+        text_->SetBackground(Theme().computed);
+    isMuted_ =
+        place.column == LayoutColumn::Previous || place.style == RowStyle::Heading || label_.look == LabelLook::Hint;
     if (place.OfAmounts() || label_.look == LabelLook::Amount)
         text_->SetMargin(kAmountMargin); // an amount is never cut: its column grows
     else
@@ -71,8 +52,16 @@ void LabelView::FromModel()
     text_->Show(plain, Text(label_.toolTip));
     if (QWidget* field = text_->buddy())
         field->setAccessibleName(plain);
-    if (label_.look == LabelLook::Amount)
-        MarkSign(*text_, label_.text());
+    text_->SetColor(Color());
+}
+
+/// Amounts below zero stand out; what stands in an amount's place without being one ("Not Allowed") steps back.
+QColor LabelView::Color() const
+{
+    const bool isAmount = label_.look == LabelLook::Amount;
+    if (isAmount && Val(label_) < 0)
+        return Theme().negative;
+    return isMuted_ || (isAmount && !IsNumber(label_.text())) ? Theme().muted : Theme().text;
 }
 
 void LabelView::SetBuddy(QWidget* field) { text_->setBuddy(field); }

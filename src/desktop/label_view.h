@@ -3,6 +3,8 @@
 #include "controls/text_controls.h"
 #include "desktop/control_view.h"
 
+#include <QColor>
+
 namespace pgbp {
 
 class ElidedLabel;
@@ -17,11 +19,11 @@ class LabelView : public ControlView {
     void SetBuddy(QWidget* field);
 
   private:
+    QColor Color() const;
+
     label& label_;
     ElidedLabel* text_;
+    bool isMuted_ = false;
 };
-
-/// Draws the text of an amount as positive, negative or no amount at all ("Not Allowed").
-void MarkSign(QWidget& widget, const std::string& amount);
 
 } // namespace pgbp

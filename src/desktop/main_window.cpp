@@ -8,7 +8,6 @@
 
 #include <QCloseEvent>
 #include <QDialog>
-#include <QFrame>
 #include <QHBoxLayout>
 #include <QStackedLayout>
 #include <QVBoxLayout>
@@ -29,7 +28,8 @@ class ScreenDialog : public QDialog {
         box->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
         view = new FormView(screen, actions, this);
         box->addWidget(view);
-        resize(sizeHint().boundedTo(parent->window()->size()));
+        const QSize around(2 * kPadding, 2 * kPadding);
+        resize((view->SizeWithCards() + around).boundedTo(parent->window()->size()));
     }
 
     FormView* view;
@@ -120,14 +120,13 @@ QWidget* MainWindow::BuildHeader()
 
 QWidget* MainWindow::BuildStatusLine()
 {
-    auto* line = new QFrame(this);
-    line->setProperty("statusline", true);
+    auto* line = new QWidget(this);
     auto* row = new QHBoxLayout(line);
     row->setContentsMargins(kPadding, kUnit, kPadding, kUnit);
     row->setSpacing(0);
     for (ElidedLabel** label : {&statusClient_, &status_}) {
         *label = new ElidedLabel(line);
-        (*label)->setProperty("look", "status");
+        (*label)->SetColor(Theme().muted);
         (*label)->GiveWay(0);
         row->addWidget(*label);
     }
@@ -155,7 +154,7 @@ MainWindow::Shown& MainWindow::ShownFor(Screen& screen, bool modal)
         fresh.view = dialog->view;
         fresh.top = std::move(dialog);
     } else {
-        auto view = std::make_unique<FormView>(screen, actions_);
+        auto view = std::make_unique<FormView>(screen, actions_, pages_->parentWidget());
         fresh.view = view.get();
         pages_->addWidget(view.get());
         fresh.top = std::move(view);

@@ -1,13 +1,14 @@
 #include "desktop/text_view.h"
 
 #include "desktop/form_view.h"
-#include "desktop/label_view.h"
 #include "desktop/theme.h"
 
 #include <QFontMetrics>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
+#include <QStyle>
+#include <QVariant>
 
 #include <algorithm>
 
@@ -62,9 +63,18 @@ void TextView::FromModel()
     } else {
         line_->setReadOnly(box_.locked);
         if (line_->alignment() & Qt::AlignRight)
-            MarkSign(*line_, box_.text());
+            ShowSign();
     }
     sync_->FromModel();
+}
+
+void TextView::ShowSign()
+{
+    const bool isNegative = Val(box_) < 0;
+    if (line_->property("negative").toBool() == isNegative)
+        return;
+    line_->setProperty("negative", isNegative);
+    line_->style()->polish(line_);
 }
 
 bool TextView::KeyPressed(const QKeyEvent& event) { return sync_->KeyPressed(event) || ControlView::KeyPressed(event); }

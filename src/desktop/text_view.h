@@ -22,6 +22,7 @@ class TextView : public ControlView {
   private:
     void MakeLine(const Place& place);
     void MakePage(const Place& place);
+    void ShowSign();
 
     TextBox& box_;
     QLineEdit* line_ = nullptr;

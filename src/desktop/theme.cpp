@@ -83,13 +83,7 @@ constexpr const char* kSheet = R"(
 QFrame[panel="true"] { background: @panel; border: 1px solid @line; border-radius: 6px; }
 QFrame[rule="single"] { background: @edge; }
 QFrame[rule="double"] { border-top: 1px solid @text; border-bottom: 1px solid @text; }
-QFrame[rule="hair"] { background: @line; }
 QScrollArea, QScrollArea > QWidget > QWidget[page="true"] { background: transparent; border: none; }
-
-QLabel[look="amount"] { background: @computed; border-radius: 3px; }
-QLabel[previous="true"] { color: @muted; }
-QLabel[sign="negative"] { color: @negative; }
-QLabel[sign="words"], QLabel[look="hint"], QLabel[look="status"] { color: @muted; }
 
 QLineEdit, QPlainTextEdit, QComboBox {
     background: @panel; border: 1px solid @edge; border-radius: 3px; padding: 0 5px;
@@ -102,7 +96,7 @@ QPlainTextEdit:focus { padding: 2px; }
 QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QPlainTextEdit:read-only, QComboBox:disabled {
     background: @computed; border-color: @computed; color: @text; }
 QLineEdit:read-only:focus, QPlainTextEdit:read-only:focus { border-color: @accent; }
-QLineEdit[sign="negative"], QLineEdit[sign="negative"]:disabled { color: @negative; }
+QLineEdit[negative="true"], QLineEdit[negative="true"]:disabled { color: @negative; }
 QComboBox QAbstractItemView {
     background: @panel; border: 1px solid @edge; selection-background-color: @accent-soft; selection-color: @text; }
 
@@ -198,10 +192,22 @@ QFont FontOf(Type type)
     return font;
 }
 
-int RowHeight() { return std::max(24, TextHeight() + 2 * kUnit); }
+int RowHeight()
+{
+    static const int height = std::max(24, TextHeight() + 2 * kUnit);
+    return height;
+}
 
-int GridRowHeight() { return std::max(22, TextHeight() + kUnit); }
+int GridRowHeight()
+{
+    static const int height = std::max(22, TextHeight() + kUnit);
+    return height;
+}
 
-int AmountWidth() { return QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')) + 4 * kUnit; }
+int AmountWidth()
+{
+    static const int width = QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')) + 4 * kUnit;
+    return width;
+}
 
 } // namespace pgbp
