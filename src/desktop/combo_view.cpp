@@ -7,11 +7,29 @@
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QPainter>
 
 namespace pgbp {
+namespace {
+
+/// The style sheet takes the style's own arrow away.
+class DropBox : public QComboBox {
+  public:
+    using QComboBox::QComboBox;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QComboBox::paintEvent(event);
+        QPainter painter(this);
+        PaintArrow(painter, QRect(width() - 22, 0, 16, height()));
+    }
+};
+
+} // namespace
 
 ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
-    : ControlView(itsCombo, itsForm), combo_(itsCombo), box_(new QComboBox(place.parent))
+    : ControlView(itsCombo, itsForm), combo_(itsCombo), box_(new DropBox(place.parent))
 {
     box_->setFixedHeight(RowHeight());
     box_->setMinimumWidth(40 * kUnit);

@@ -11,6 +11,10 @@
 #include <QLineEdit>
 #include <QPainter>
 #include <QPixmap>
+#include <QTextCharFormat>
+#include <QToolButton>
+
+#include <algorithm>
 
 namespace pgbp {
 namespace {
@@ -22,10 +26,7 @@ QIcon Arrow(qreal ratio)
     picture.setDevicePixelRatio(ratio);
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(Theme().muted, 1.5));
-    const QPointF arrow[] = {{4, 6.5}, {8, 10.5}, {12, 6.5}};
-    painter.drawPolyline(arrow, 3);
+    PaintArrow(painter, QRectF(0, 0, size, size));
     return QIcon(picture);
 }
 
@@ -76,25 +77,44 @@ bool DateView::Noticed(QEvent& event)
 
 void DateView::DropDown()
 {
-    if (!calendar_) {
-        calendar_ = new QCalendarWidget(&form);
-        calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
-        calendar_->setAutoFillBackground(true);
-        QObject::connect(calendar_, &QCalendarWidget::clicked, &connections,
-                         [this](QDate day) { form.Act([&] { date_.Choose(day.day(), day.month(), day.year()); }); });
-    }
+    if (!calendar_)
+        MakeCalendar();
     if (calendar_->isVisible())
         return;
     if (const DateReading reading = ReadDate(date_.text()); !reading.date.empty())
         calendar_->setSelectedDate(QDate::fromString(Text(reading.date), "dd-MM-yyyy"));
-    calendar_->adjustSize();
-    const QPoint below = line()->mapTo(&form, QPoint(0, line()->height() + 1));
-    const int lowest = form.height() - calendar_->height();
-    calendar_->move(std::min(below.x(), form.width() - calendar_->width()),
-                    below.y() <= lowest ? below.y()
-                                        : std::max(0, below.y() - line()->height() - 2 - calendar_->height()));
+    calendar_->move(PlaceOfCalendar());
     calendar_->show();
     calendar_->raise();
+}
+
+void DateView::MakeCalendar()
+{
+    calendar_ = new QCalendarWidget(&form);
+    calendar_->setFocusPolicy(Qt::NoFocus);
+    calendar_->setVerticalHeaderFormat(QCalendarWidget::NoVerticalHeader);
+    calendar_->setAutoFillBackground(true);
+    QTextCharFormat plain;
+    plain.setForeground(Theme().text);
+    calendar_->setWeekdayTextFormat(Qt::Saturday, plain);
+    calendar_->setWeekdayTextFormat(Qt::Sunday, plain);
+    for (const auto& [name, sign] : {std::pair("qt_calendar_prevmonth", "\u2039"), {"qt_calendar_nextmonth", "\u203A"}})
+        if (auto* button = calendar_->findChild<QToolButton*>(name)) {
+            button->setIcon({});
+            button->setText(QString::fromUtf8(sign));
+        }
+    calendar_->resize(calendar_->sizeHint() + QSize(0, RowHeight()));
+    QObject::connect(calendar_, &QCalendarWidget::clicked, &connections,
+                     [this](QDate day) { form.Act([&] { date_.Choose(day.day(), day.month(), day.year()); }); });
+}
+
+/// Below the field, above it where the window ends.
+QPoint DateView::PlaceOfCalendar() const
+{
+    const QRect field(line()->mapTo(&form, QPoint(0, 0)), line()->size());
+    const bool fits = field.bottom() + calendar_->height() < form.height();
+    return {std::min(field.left(), form.width() - calendar_->width()),
+            fits ? field.bottom() + 2 : std::max(0, field.top() - 1 - calendar_->height())};
 }
 
 } // namespace pgbp

@@ -4,6 +4,7 @@
 #include "desktop/text_view.h"
 
 class QCalendarWidget;
+class QPoint;
 
 namespace pgbp {
 
@@ -19,6 +20,8 @@ class DateView : public TextView {
   private:
     void Toggle();
     void DropDown();
+    void MakeCalendar();
+    QPoint PlaceOfCalendar() const;
 
     txtdate& date_;
     QCalendarWidget* calendar_ = nullptr; ///< made when first needed

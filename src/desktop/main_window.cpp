@@ -81,6 +81,7 @@ MainWindow::MainWindow(Run& run) : run_(run)
     actions_.settled = [this] { Settled(); };
     changedListener_ = run_.screens.changed.Add([this] { actions_.Settle(); });
     CatchUp();
+    actions_.Settle(); // the run may have ended before there was a window
 }
 
 MainWindow::~MainWindow() { run_.screens.changed.Remove(changedListener_); }

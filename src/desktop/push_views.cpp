@@ -6,6 +6,7 @@
 
 #include <QCheckBox>
 #include <QKeySequence>
+#include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QToolButton>
@@ -63,6 +64,9 @@ TickView<Kind, Button>::TickView(Kind& itsTick, FormView& itsForm, const Place& 
 {
     button()->setAutoExclusive(false);
     button()->setMinimumHeight(RowHeight());
+    QPalette palette = button()->palette();
+    palette.setColor(QPalette::Window, Theme().edge.lighter(140)); // the style draws the tick box darker than this
+    button()->setPalette(palette);
 }
 
 template <typename Kind, typename Button>

@@ -17,7 +17,7 @@ namespace {
 
 // characters by which a field is drawn wide
 constexpr int kShortest = 8;
-constexpr int kLongest = 48;
+constexpr int kLongest = 40;
 
 } // namespace
 

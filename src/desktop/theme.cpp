@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QPainter>
 #include <QPalette>
 #include <QStyleFactory>
 
@@ -97,6 +98,7 @@ QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QPlainTextEdit
     background: @computed; border-color: @computed; color: @text; }
 QLineEdit:read-only:focus, QPlainTextEdit:read-only:focus { border-color: @accent; }
 QLineEdit[negative="true"], QLineEdit[negative="true"]:disabled { color: @negative; }
+QComboBox::drop-down { border: none; width: 20px; }
 QComboBox QAbstractItemView {
     background: @panel; border: 1px solid @edge; selection-background-color: @accent-soft; selection-color: @text; }
 
@@ -112,6 +114,8 @@ QPushButton[main="true"]:hover { background: @accent; }
 QPushButton[main="true"]:focus { border: 2px solid @text; }
 QPushButton:disabled, QPushButton[main="true"]:disabled {
     background: transparent; color: @muted; border-color: @line; }
+QDialogButtonBox QPushButton { min-width: 60px; min-height: 26px; }
+QCalendarWidget QToolButton { color: @panel; }
 QToolButton[help="true"] {
     background: transparent; color: @accent; border: 1px solid @accent; border-radius: 9px; }
 QToolButton[help="true"]:hover { background: @accent-soft; }
@@ -208,6 +212,15 @@ int AmountWidth()
 {
     static const int width = QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')) + 4 * kUnit;
     return width;
+}
+
+void PaintArrow(QPainter& painter, const QRectF& box)
+{
+    const QPointF middle = box.center();
+    const QPointF arrow[] = {middle + QPointF(-4, -2), middle + QPointF(0, 2), middle + QPointF(4, -2)};
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(QPen(Theme().muted, 1.5));
+    painter.drawPolyline(arrow, 3);
 }
 
 } // namespace pgbp

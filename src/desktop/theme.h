@@ -4,7 +4,8 @@
 #include <QFont>
 
 class QApplication;
-class QPalette;
+class QPainter;
+class QRectF;
 
 namespace pgbp {
 
@@ -39,5 +40,8 @@ inline constexpr int kPadding = 16;
 int RowHeight();     ///< of a field, a caption, a button
 int GridRowHeight(); ///< of a row in a grid or list
 int AmountWidth();   ///< of an amount column: fifteen digits of the final figure
+
+/// The arrow of a field that drops something down, in the middle of the box.
+void PaintArrow(QPainter& painter, const QRectF& box);
 
 } // namespace pgbp
