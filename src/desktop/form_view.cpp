@@ -103,7 +103,7 @@ ControlView* FormView::Find(const Control* control) const
 char FormView::Mnemonic(const PushControl& button) const
 {
     const auto found = mnemonics_.find(&button);
-    return found == mnemonics_.end() ? 0 : found->second;
+    return found == mnemonics_.end() ? '\0' : found->second;
 }
 
 void FormView::Act(const std::function<void()>& action)

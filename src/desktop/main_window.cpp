@@ -20,8 +20,7 @@ namespace {
 /// A modal screen: its cross and the Escape key are the screen's own way to close.
 class ScreenDialog : public QDialog {
   public:
-    ScreenDialog(Screen& screen, Actions& actions, QWidget* parent)
-        : QDialog(parent), screen_(screen), actions_(actions)
+    ScreenDialog(Screen& screen, Actions& actions, QWidget* parent) : QDialog(parent), screen_(screen)
     {
         setWindowModality(Qt::WindowModal);
         auto* box = new QVBoxLayout(this);
@@ -50,7 +49,6 @@ class ScreenDialog : public QDialog {
 
   private:
     Screen& screen_;
-    Actions& actions_;
 };
 
 // a long name gives way to the rest
@@ -84,7 +82,11 @@ MainWindow::MainWindow(Run& run) : run_(run)
     actions_.Settle(); // the run may have ended before there was a window
 }
 
-MainWindow::~MainWindow() { run_.screens.changed.Remove(changedListener_); }
+MainWindow::~MainWindow()
+{
+    run_.screens.changed.Remove(changedListener_);
+    Drop([](const Shown&) { return true; });
+}
 
 void MainWindow::Build()
 {
@@ -198,16 +200,19 @@ void MainWindow::ShowTexts(const Screen& page)
 /// Between two actions: no handler of a screen runs, so what was left can go, the widgets first.
 void MainWindow::Settled()
 {
-    DropLeftScreens();
+    Drop([this](const Shown& shown) { return run_.screens.Find(shown.name) != shown.screen; });
     CatchUp();
     run_.screens.Sweep();
     if (run_.screens.Ended() && onEnd)
         onEnd();
 }
 
-void MainWindow::DropLeftScreens()
+/// From the last one back: a dialog is the parent of those over it.
+void MainWindow::Drop(const std::function<bool(const Shown&)>& unwanted)
 {
-    std::erase_if(shown_, [this](const Shown& shown) { return run_.screens.Find(shown.name) != shown.screen; });
+    for (auto i = shown_.size(); i-- > 0;)
+        if (unwanted(shown_[i]))
+            shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(i));
 }
 
 void MainWindow::closeEvent(QCloseEvent* event)

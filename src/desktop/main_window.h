@@ -45,7 +45,7 @@ class MainWindow : public QWidget {
     QWidget* BuildHeader();
     QWidget* BuildStatusLine();
     Shown& ShownFor(Screen& screen, bool modal);
-    void DropLeftScreens();
+    void Drop(const std::function<bool(const Shown&)>& unwanted);
     void ShowTexts(const Screen& page);
     void Settled();
 

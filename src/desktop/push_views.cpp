@@ -26,12 +26,14 @@ PushView::PushView(PushControl& itsControl, FormView& itsForm, QAbstractButton* 
 void PushView::FromModel()
 {
     ControlView::FromModel();
-    const QString caption = MarkedCaption(push_.caption, form.Mnemonic(push_));
+    const QString caption = Caption();
     if (button_->text() == caption)
         return;
     button_->setText(caption);
     button_->setShortcut({}); // the letter belongs to the form, which knows what lies in front
 }
+
+QString PushView::Caption() const { return MarkedCaption(push_.caption, form.Mnemonic(push_)); }
 
 ButtonView::ButtonView(cmd& itsButton, FormView& itsForm, const Place& place)
     : PushView(itsButton, itsForm, new QPushButton(place.parent))
@@ -53,8 +55,7 @@ ImageView::ImageView(image& itsImage, FormView& itsForm, const Place& place)
 
 void ImageView::FromModel()
 {
-    ControlView::FromModel();
-    button()->setText("?");
+    PushView::FromModel();
     button()->setAccessibleName(Text(control.toolTip));
 }
 

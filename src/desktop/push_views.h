@@ -3,7 +3,11 @@
 #include "controls/buttons.h"
 #include "desktop/control_view.h"
 
+#include <QString>
+
 class QAbstractButton;
+class QCheckBox;
+class QRadioButton;
 
 namespace pgbp {
 
@@ -17,6 +21,7 @@ class PushView : public ControlView {
 
   protected:
     bool Wants(Key) const override { return true; }
+    virtual QString Caption() const;
     QAbstractButton* button() const { return button_; }
 
   private:
@@ -33,6 +38,9 @@ class ImageView : public PushView {
   public:
     ImageView(image& itsImage, FormView& itsForm, const Place& place);
     void FromModel() override;
+
+  protected:
+    QString Caption() const override { return "?"; }
 };
 
 /// A check box or an option: ticked as the control is, whatever the widget made of the click.
@@ -46,12 +54,7 @@ class TickView : public PushView {
     Kind& tick_;
 };
 
-} // namespace pgbp
-
-class QCheckBox;
-class QRadioButton;
-
-namespace pgbp {
 using CheckView = TickView<check, QCheckBox>;
 using OptionView = TickView<option, QRadioButton>;
+
 } // namespace pgbp

@@ -5,6 +5,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QDialog>
 #include <QTest>
 
 using namespace pgbp;
@@ -99,6 +100,19 @@ TEST_F(Windows, FollowTheScreensOfTheRun)
     EXPECT_EQ(run->screens.OnDisplay(), summary);
     EXPECT_EQ(&Top(), page);
     EXPECT_FALSE(ended);
+}
+
+TEST_F(Windows, TakeDownScreensThatStandOverEachOther)
+{
+    Start();
+    run->screens.ShowModal("frmReminder");
+    Top();
+    run->screens.ShowModal("FrmHelp");
+    EXPECT_EQ(Top().window()->parentWidget(), window->Find(run->screens.Find("frmReminder"))->window());
+    run->screens.End();
+    QApplication::processEvents();
+    EXPECT_TRUE(ended);
+    EXPECT_TRUE(window->findChildren<QDialog*>().empty());
 }
 
 TEST_F(Windows, EndTheRunWhenTheSummaryIsLeft)
