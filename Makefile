@@ -21,7 +21,7 @@ build: setup
 bench:
 	@tools/setup.sh libreoffice-calc-nogui
 	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
-	cmake --build --preset release -j $(JOBS)
+	cmake --build --preset release --target benchmarks -j $(JOBS)
 	@python3 tools/bench.py build/release/bin
 
 asan: setup

@@ -8,6 +8,7 @@ import statistics
 import subprocess
 import sys
 import tempfile
+import time
 
 STARTS = 15
 
@@ -43,7 +44,8 @@ def flatness(times):
 
 
 def start_once(program, practice, *arguments):
-    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "PGBP_PROGRAM_FOLDER": str(practice)}
+    environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen", "PGBP_PROGRAM_FOLDER": str(practice),
+                   "PGBP_STARTED_AT": str(time.monotonic_ns())}
     out = subprocess.run([program, *arguments], check=True, capture_output=True, text=True, env=environment).stdout
     return [float(number) for number in out.split()]
 
