@@ -129,6 +129,14 @@ bool FormView::PressMnemonic(const QKeyEvent& event)
     return found;
 }
 
+bool FormView::HasKeyboard(const QWidget& widget)
+{
+    const QWidget* taker = &widget;
+    while (taker->focusProxy())
+        taker = taker->focusProxy();
+    return widget.window()->focusWidget() == taker;
+}
+
 std::optional<Key> FormView::KeyOf(const QKeyEvent& event)
 {
     static constexpr std::pair<Qt::Key, Key> kKeys[] = {
@@ -183,7 +191,7 @@ void FormView::MoveFocus()
         return;
     const ControlView* view = Find(form.focused());
     QWidget* keyboard = view ? view->keyboard() : this;
-    if (keyboard->hasFocus())
+    if (HasKeyboard(*keyboard))
         return;
     keyboard->setFocus(Qt::OtherFocusReason);
     if (view && isVisible())

@@ -44,6 +44,8 @@ class FormView : public QWidget {
     /// Makes all widgets like the form.
     void Refresh();
 
+    /// Keys come to the widget while its window is in front.
+    static bool HasKeyboard(const QWidget& widget);
     /// The model's key; none for a character, or when Ctrl is held.
     static std::optional<Key> KeyOf(const QKeyEvent& event);
 

@@ -29,7 +29,7 @@ class LineEditor : public Editor {
 
     void Replace(Span span, const QString& with) override
     {
-        if (!line_.hasFocus()) // the program's own change is no step of undo
+        if (!FormView::HasKeyboard(line_)) // the program's own change is no step of undo
             return line_.setText(Text().replace(span.start, span.length, with));
         Select(span);
         line_.insert(with);
@@ -65,7 +65,7 @@ class PageEditor : public Editor {
 
     void Replace(Span span, const QString& with) override
     {
-        if (!page_.hasFocus())
+        if (!FormView::HasKeyboard(page_))
             return page_.setPlainText(Text().replace(span.start, span.length, with));
         Select(span); // another cursor's change would leave the page's own one in its old column
         page_.insertPlainText(with);

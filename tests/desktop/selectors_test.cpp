@@ -4,6 +4,7 @@
 #include <QClipboard>
 #include <QComboBox>
 #include <QHeaderView>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
@@ -82,6 +83,20 @@ TEST_F(Selectors, ChooseFromAListThatDropsDown)
     view.Act([&] { form.kinds.SetItems({"Trust"}); });
     EXPECT_EQ(box.count(), 1);
     EXPECT_EQ(box.currentIndex(), -1);
+}
+
+TEST_F(Selectors, TypeWhatIsNotInTheListWhereThatIsAllowed)
+{
+    Focus(form.place);
+    Type("Nasik");
+    Press(Qt::Key_Backspace);
+    auto& line = WidgetOf<QLineEdit>(form.place);
+    EXPECT_EQ(form.place.text(), "Nasi");
+    EXPECT_EQ(line.text(), "Nasi");
+    Press(Qt::Key_Down);
+    EXPECT_EQ(line.text(), "Pune");
+    Press(Qt::Key_Return);
+    EXPECT_NE(form.focused(), &form.place);
 }
 
 TEST_F(Selectors, WalkAGridByKeysAndOpenItsRows)
