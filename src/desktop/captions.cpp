@@ -28,8 +28,8 @@ QString PlainCaption(const std::string& caption) { return Read(caption).plain; }
 QString MarkedCaption(const std::string& caption, char letter)
 {
     const auto [plain, marked] = Read(caption);
-    const qsizetype at =
-        marked >= 0 || letter == 0 ? marked : plain.indexOf(QLatin1Char(letter), 0, Qt::CaseInsensitive);
+    const qsizetype found = marked >= 0 ? marked : plain.indexOf(QLatin1Char(letter), 0, Qt::CaseInsensitive);
+    const qsizetype at = letter == 0 ? -1 : found;
     QString shown;
     for (qsizetype i = 0; i < plain.size(); ++i) {
         if (i == at || plain[i] == '&')
