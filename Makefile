@@ -36,7 +36,7 @@ format: setup
 	clang-format -i $(SOURCES)
 
 lint: build
-	clang-format --dry-run -Werror $(SOURCES)
+	@clang-format --dry-run -Werror $(SOURCES)
 	python3 tools/check-layers.py
 	tools/tidy.sh build/dev $(JOBS)
 
