@@ -28,7 +28,7 @@ int MonthNumber(const std::string& text)
 {
     const double number = Val(text);
     if (number != 0)
-        return number == static_cast<int>(number) ? static_cast<int>(number) : 0;
+        return number >= 1 && number <= 12 && number == static_cast<int>(number) ? static_cast<int>(number) : 0;
     const auto found = std::find(kMonths.begin(), kMonths.end(), Trim(Upper(text)));
     return found == kMonths.end() ? 0 : static_cast<int>(found - kMonths.begin()) + 1;
 }

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cctype>
+#include <utility>
 
 namespace pgbp {
 namespace {
@@ -68,6 +69,17 @@ frame* Form::Card() const
     return top;
 }
 
+/// The side frame on top, else the main frame.
+frame* Form::Front() const
+{
+    if (frame* card = Card())
+        return card;
+    for (Control* control : controls_)
+        if (auto* main = dynamic_cast<frame*>(control); main && main->place == FramePlace::Main && main->visible)
+            return main;
+    return nullptr;
+}
+
 std::vector<Control*> Form::Stops() const
 {
     std::vector<Control*> stops;
@@ -81,16 +93,38 @@ std::vector<Control*> Form::Stops() const
 
 bool Form::SetFocus(Control& control)
 {
+    if (!control.TakesFocus() || !control.Reachable())
+        return &control == focused_;
+    if (leaving_) { // the field's own handler moves the focus: that decides
+        wanted_ = &control;
+        return true;
+    }
     if (&control == focused_)
         return true;
-    if (!control.TakesFocus() || !control.Reachable())
+    if (!LeaveFocused())
         return false;
-    if (focused_ && focused_->Reachable() && !focused_->Leave())
+    Control& target = wanted_ ? *std::exchange(wanted_, nullptr) : control;
+    if (&target == focused_)
         return false;
-    focused_ = &control;
+    focused_ = &target;
     focusMoved();
-    control.Enter();
-    return true;
+    target.Enter();
+    return &target == &control;
+}
+
+/// Runs the focused field's handler of leaving; true when it lets go. Its handler may ask for another field meanwhile.
+bool Form::LeaveFocused()
+{
+    struct Leaving {
+        bool& flag;
+        explicit Leaving(bool& itsFlag) : flag(itsFlag) { flag = true; }
+        ~Leaving() { flag = false; }
+    };
+    wanted_ = nullptr;
+    if (!focused_ || !focused_->Reachable())
+        return true;
+    const Leaving leaving(leaving_);
+    return focused_->Leave();
 }
 
 void Form::FocusNext() { Step(1); }
@@ -129,6 +163,8 @@ void Form::Do(const std::function<void()>& action)
         KeepFocusReachable();
     } catch (const std::exception& error) {
         boxes_.Show({error.what(), title_, Icon::Critical});
+        if (focused_ && !focused_->Reachable())
+            focused_ = nullptr;
     }
     acting_ = false;
 }
@@ -147,9 +183,9 @@ void Form::DefaultKey(Key key)
         FocusNext();
     if (key == Key::BackTab || key == Key::Up)
         FocusPrevious();
-    const frame* card = Card();
-    if (key == Key::Escape && card && card->escape)
-        Click(*card->escape);
+    const frame* front = Front();
+    if (key == Key::Escape && front && front->onEscape)
+        front->onEscape();
 }
 
 void Form::Type(char32_t character)
@@ -165,7 +201,7 @@ void Form::Click(PushControl& control)
     Do([&] {
         const auto stops = Stops();
         const bool isStop = std::find(stops.begin(), stops.end(), &control) != stops.end();
-        if (control.Reachable() && (!isStop || SetFocus(control)))
+        if (control.Reachable() && (isStop ? SetFocus(control) : LeaveFocused()))
             control.Click();
     });
 }

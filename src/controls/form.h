@@ -66,6 +66,8 @@ class Form {
 
   private:
     friend class Control;
+    bool LeaveFocused();
+    frame* Front() const;
     void KeepFocusReachable();
     void Step(int direction);
     void DefaultKey(Key key);
@@ -75,6 +77,8 @@ class Form {
     MessageBoxes& boxes_;
     std::vector<Control*> controls_;
     Control* focused_ = nullptr;
+    Control* wanted_ = nullptr; ///< where a handler moved the focus while the old field was being left
+    bool leaving_ = false;
     bool acting_ = false;
 };
 

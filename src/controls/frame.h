@@ -44,7 +44,7 @@ class frame : public Control {
 
     Property<std::string> caption;
     const FramePlace place;
-    class cmd* escape = nullptr; ///< the button that the Escape key presses while the frame is up
+    std::function<void()> onEscape; ///< the Escape key while the frame is up
 
     /// Lays the controls out and makes the frame their container.
     void Lay(Layout layout);

@@ -1,6 +1,7 @@
 #include "controls/grid.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 namespace pgbp {
 
@@ -18,6 +19,8 @@ void grid::SetHeading(int column, std::string heading)
 const std::string& grid::Cell(int row, int column) const
 {
     const auto at = static_cast<std::size_t>(column);
+    if (row < 0 || row > Rows() || column < 0 || at >= columns_.size())
+        throw std::out_of_range(name() + " has no cell " + std::to_string(row) + ' ' + std::to_string(column));
     return row == 0 ? columns_.at(at).heading : rows_.at(static_cast<std::size_t>(row) - 1).at(at);
 }
 

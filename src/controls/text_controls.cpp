@@ -51,7 +51,10 @@ Verdict TextBox::KeyPress(char32_t& character)
 
 void TextBox::Enter()
 {
-    SelectAll();
+    if (multiLine) // a key must not replace a whole note
+        Select(CharacterCount(text()), 0);
+    else
+        SelectAll();
     Control::Enter();
 }
 
@@ -81,6 +84,8 @@ bool TextBox::KeyDown(Key key)
 {
     if (multiLine && key == Key::Enter)
         return Type(U'\n');
+    if (walks_ == Walks::No && (key == Key::Up || key == Key::Down))
+        return true;
     if (walks_ == Walks::Yes && (key == Key::Down || key == Key::Enter)) {
         form().FocusNext();
         return true;
@@ -142,7 +147,7 @@ Verdict NumberBox::Filter(char32_t character)
     }
     if (character < U'0' || character > U'9')
         return Verdict::Swallow;
-    return DecimalsAreFull() ? Verdict::Swallow : Verdict::Pass;
+    return DecimalsAreFull() || DigitsAreFull() ? Verdict::Swallow : Verdict::Pass;
 }
 
 void NumberBox::TurnSign()
@@ -164,6 +169,14 @@ bool NumberBox::DecimalsAreFull() const
     const auto point = text().find('.');
     return point != std::string::npos && selLength() == 0 && selStart() > static_cast<int>(point) &&
            static_cast<int>(text().size() - point) - 1 >= deci;
+}
+
+/// A double holds fifteen digits; a sixteenth would change the others.
+bool NumberBox::DigitsAreFull() const
+{
+    constexpr int kDigits = 15;
+    return selLength() == 0 &&
+           std::count_if(text().begin(), text().end(), [](char c) { return c >= '0' && c <= '9'; }) >= kDigits;
 }
 
 bool Txtn1::KeyDown(Key key)

@@ -118,6 +118,7 @@ class NumberBox : public TextBox {
   private:
     void TurnSign();
     bool DecimalsAreFull() const;
+    bool DigitsAreFull() const;
 };
 
 /// An amount; Up, Down and Enter walk through the fields.

@@ -34,7 +34,8 @@ std::string Unquoted(const std::string& text)
 
 int Number(const std::string& text)
 {
-    if (text.empty() || text.find_first_not_of("0123456789") != std::string::npos)
+    constexpr std::size_t kDigits = 9;
+    if (text.empty() || text.size() > kDigits || text.find_first_not_of("0123456789") != std::string::npos)
         throw DriveError("a number is wanted, not \"" + text + "\"");
     return static_cast<int>(Val(text));
 }

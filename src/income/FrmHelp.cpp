@@ -30,7 +30,7 @@ FrmHelp::FrmHelp(Run& itsRun) : Screen(itsRun, "FrmHelp", "Vorn Help")
     txtDesc.multiLine = true;
     txtDesc.locked = true;
     framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&LblCaption}}, {{&txtDesc}}}});
-    framain.escape = &CmdBack;
+    framain.onEscape = [this] { Close(); };
     CmdBack.isDefault = true;
     CmdBack.onClick = [this] { Close(); };
     bar = {&CmdBack};

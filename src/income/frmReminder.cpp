@@ -11,12 +11,12 @@ frmReminder::frmReminder(Run& itsRun) : Screen(itsRun, "frmReminder", "Reminder 
     txthead.maxLength = ColumnWidth("balance", "misc_items", "name1");
     txthead.onKeyPress = DropQuotes;
     framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&LV}}, {{&lblhint}}}});
-    framain.escape = &cmdhide;
+    framain.onEscape = [this] { HideOrClose(); };
     Frame1.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field},
                 .rows = {{{&lblhead, &txthead}}, {{&txtmmo}}, {{nullptr, &lbldate}}},
                 .buttonsLeft = {&mnudel},
                 .buttonsRight = {&cmdsave, &cmdX}});
-    Frame1.escape = &mnudel;
+    Frame1.onEscape = [this] { LeaveFrame(); };
     cmdX.toolTip = "Save and close";
     cmdsave.isDefault = true;
     bar = {&cmdhide};
@@ -82,12 +82,21 @@ void frmReminder::Save()
     const std::string title = Trim(txthead.text());
     if (title.empty())
         return LeaveFrame();
-    if (!EqualsIgnoringCase(title, opened_) && TitleExists(title)) {
+    if (!Store(title)) {
         run.Inform("Item Title already exists......");
         SetFocus(txthead);
         return;
     }
+    ShowTitles();
+    LeaveFrame();
+}
+
+/// False when another note has the title.
+bool frmReminder::Store(const std::string& title)
+{
     Transaction transaction({run.balance});
+    if (!EqualsIgnoringCase(title, opened_) && TitleExists(title))
+        return false;
     const long updated =
         opened_.empty() ? 0
                         : run.balance.Execute("update {misc_items} set add1 = ?, name1 = ?, date1 = ? where code = ? "
@@ -100,8 +109,7 @@ void frmReminder::Save()
                                           {"name1", title},
                                           {"date1", run.host.now()}});
     transaction.Commit();
-    ShowTitles();
-    LeaveFrame();
+    return true;
 }
 
 void frmReminder::DeleteOrCancel()

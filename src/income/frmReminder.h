@@ -34,6 +34,7 @@ class frmReminder : public Screen {
     void NewNote();
     void OpenNote(int entry);
     void Save();
+    bool Store(const std::string& title);
     void DeleteOrCancel();
     void HideOrClose();
     void LeaveFrame();

@@ -180,6 +180,10 @@ void frmbusiness::OpenCommission()
 
 void frmbusiness::StoreIncomeUnderSection11()
 {
+    const Recordset stored =
+        run.balance.Query("select amt1 from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
+    if (stored.Size() == 1 && stored.First().At(0).Number() == Val(TxtSec11))
+        return;
     Transaction transaction({run.balance});
     run.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
     run.balance.Insert("qelgeneral", {{"code", run.Code()}, {"Type", "SEC(11)4"}, {"amt1", Val(TxtSec11)}});
@@ -190,11 +194,11 @@ void frmbusiness::Back()
 {
     if (lines.fra1.visible)
         return lines.Leave();
+    if (!recomputed_) // figures of a recompute that failed must not become the head of income
+        Activate();
     StoreHeadOfIncome();
     run.screens.End();
 }
-
-void frmbusiness::Close() { run.screens.End(); }
 
 /// The head of income as the suite's computation and return programs read it.
 void frmbusiness::StoreHeadOfIncome() const

@@ -19,8 +19,6 @@ class frmbusiness : public Screen {
 
     /// Recomputes everything from the stored rows.
     void Activate() override;
-    /// Closing the window ends the run without the summary row.
-    void Close() override;
     /// Writes the "BUSI" row, the head of income in fourteen amounts.
     void StoreHeadOfIncome() const;
 
@@ -110,6 +108,8 @@ class frmbusiness : public Screen {
     double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
 
   private:
+    bool recomputed_ = false; ///< the figures are those of the stored rows; a recompute that failed leaves it off
+
     SummaryRules Rules() const { return {run.Year(), run.Glstatus}; }
 
     void LayOut();

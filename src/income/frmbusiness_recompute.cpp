@@ -25,7 +25,7 @@ class LineSums {
   public:
     explicit LineSums(const Run& run)
         : rows_(QueryOfMinor(run,
-                             "select [Type], sum(net) as [net], sum(net44) as [net44], sum(loss) as [loss] from "
+                             "select [Type], sum(net) as [total], sum(net44) as [deemed], sum(loss) as [setoff] from "
                              "{business} where code = ?",
                              {run.Glcode}, " group by [Type]"))
     {
@@ -53,6 +53,7 @@ void ShowSum(TextControl& line, const std::optional<double>& sum)
 
 void frmbusiness::Activate()
 {
+    recomputed_ = false;
     OpenGst();
     DeleteOrphanCells(run);
     NoteWhetherBusinessExists();
@@ -75,6 +76,7 @@ void frmbusiness::Activate()
         partners.TakeInterestFromPartners();
     partners.RefreshRemuneration();
     ShowPreviousYear();
+    recomputed_ = true;
 }
 
 void frmbusiness::OpenGst()
@@ -107,7 +109,8 @@ void frmbusiness::DeleteRetailLines()
         run.company.Delete("from {business} where code = ? and [Type] = '5'", run.Glcode);
     if (Rules().HasSpecified())
         Label5 = "Specified Business u/s 35AD";
-    cmd5.visible = !Rules().HasSpecified();
+    cmd5.visible = lbl5.visible = !Rules().HasSpecified();
+    lbl5P.visible = run.GlLarge && lbl5.visible;
     CmdSp.visible = LblSp.visible = Rules().HasSpecified();
 }
 

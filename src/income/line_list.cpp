@@ -42,7 +42,7 @@ LineList::LineList(frmbusiness& summary)
               .rows = {{{&DBGrid1}}, {{&lblchoose}}},
               .buttonsLeft = {&CmdAdd},
               .buttonsRight = {&cmdback1}});
-    fra1.escape = &cmdback1;
+    fra1.onEscape = [this] { Leave(); };
     DBGrid1.onDoubleClick = [this](int row) { Choose(row); };
     CmdAdd.onClick = [this] { Add(); };
     cmdback1.onClick = [this] { Leave(); };

@@ -97,9 +97,9 @@ void PartnerDeductions::CalculateMaximum()
     if (Val(txtlesspart2) > paid)
         txtlesspart2 = Amount(RoundOff(paid, 0));
 
-    const Recordset stored =
-        run_.company.Query("select amt1 from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
-    if (stored.Size() == 1 && stored.First().At(0).Number() == Val(txtlesspart2))
+    const Recordset stored = run_.company.Query(
+        "select amt1, name1, minor from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
+    if (IsTheRow(stored, remuneration_) && stored.First()["minor"].IsNull())
         return;
     Transaction transaction({run_.company});
     run_.company.Delete("from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
@@ -114,7 +114,7 @@ void PartnerDeductions::Leave(const Deduction& deduction) const
 {
     if (deduction.field.text().empty())
         deduction.field = "0.00";
-    if (!IsStored(deduction, Val(deduction.field)))
+    if (!IsStored(deduction))
         Store(deduction);
 }
 
@@ -128,14 +128,20 @@ std::string PartnerDeductions::OwnRows(const Deduction& deduction) const
            std::string(deduction.zeroMinorIsOwn ? words.noMinorOrZero : words.noMinor);
 }
 
+/// True when one row stands, with the amount and the name that would be written.
+bool PartnerDeductions::IsTheRow(const Recordset& rows, const Deduction& deduction)
+{
+    return rows.Size() == 1 && rows.First()["amt1"].Number() == Val(deduction.field) &&
+           rows.First()["name1"].Text() == deduction.name;
+}
+
 /// The rows are written only when they would differ: walking through the field costs the store nothing.
-bool PartnerDeductions::IsStored(const Deduction& deduction, double rupees) const
+bool PartnerDeductions::IsStored(const Deduction& deduction) const
 {
     std::vector<Value> values{run_.Glcode, deduction.type};
     if (run_.GLminor != 0)
         values.emplace_back(run_.GLminor);
-    const Recordset rows = run_.company.QueryBound("select amt1 " + OwnRows(deduction), values);
-    return rows.Size() == 1 && rows.First().At(0).Number() == rupees;
+    return IsTheRow(run_.company.QueryBound("select amt1, name1 " + OwnRows(deduction), values), deduction);
 }
 
 void PartnerDeductions::Store(const Deduction& deduction) const

@@ -41,7 +41,8 @@ class PartnerDeductions {
     void CalculateMaximum();
     void Leave(const Deduction& deduction) const;
     void Store(const Deduction& deduction) const;
-    bool IsStored(const Deduction& deduction, double rupees) const;
+    bool IsStored(const Deduction& deduction) const;
+    static bool IsTheRow(const Recordset& rows, const Deduction& deduction);
     std::string OwnRows(const Deduction& deduction) const;
 
     Run& run_;

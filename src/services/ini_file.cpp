@@ -17,6 +17,8 @@ constexpr std::size_t kBuffer = 4096; // one byte of it ends the text
 std::string ReadAll(const std::filesystem::path& path)
 {
     std::ifstream file(path, std::ios::binary);
+    if (!file && FileExists(path))
+        throw std::runtime_error("The settings file " + path.string() + " can not be read.");
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();

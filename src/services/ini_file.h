@@ -20,7 +20,8 @@ class clsIniFile {
   public:
     std::filesystem::path File;
 
-    /// The value, or empty when the file, the section or the key is missing.
+    /// The value, or empty when the file, the section or the key is missing. Throws std::runtime_error, as all calls
+    /// do, for a file that is there and can not be read.
     std::string GetValue(std::string_view section, std::string_view key) const;
 
     /// Sets one key and leaves every other byte of the file as it was; makes the file, the section and the key where

@@ -1,5 +1,7 @@
 #include "startup/hand_over.h"
 
+#include <algorithm>
+
 namespace pgbp {
 namespace {
 
@@ -58,7 +60,10 @@ constexpr HandOverColumn kColumns[] = {
 void Take(std::string& variable, const Value& value) { variable = value.Text(); }
 void Take(double& variable, const Value& value) { variable = value.Number(); }
 void Take(bool& variable, const Value& value) { variable = value.Flag(); }
-void Take(int& variable, const Value& value) { variable = static_cast<int>(value.Number()); }
+void Take(int& variable, const Value& value)
+{
+    variable = value.Flag() ? static_cast<int>(std::clamp(value.Number(), -32768.0, 32767.0)) : 0;
+}
 
 } // namespace
 

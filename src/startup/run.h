@@ -39,7 +39,6 @@ class Run : public HandOver {
     bool FormCheckDone = false;           ///< the statements are in Ind AS
     int GlBusinessKind = 0;               ///< line of the summary opened last
     std::string GlHelpTopic;              ///< topic of the help screen
-    std::string helpFile;                 ///< the suite's help file
 
     Connection company;
     Connection balance;

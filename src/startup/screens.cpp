@@ -41,7 +41,10 @@ void Screens::Display(std::string_view name, const Opening& opening, bool modal)
     screen->Open(opening);
     Screen& opened = *screen;
     shown_.push_back({std::move(screen), modal});
-    opened.Do([&] { opened.Activate(); });
+    if (shown_.size() == 1) // an error of the frame window ends the start
+        opened.Activate();
+    else
+        opened.Do([&] { opened.Activate(); });
     changed();
 }
 

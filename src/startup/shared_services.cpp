@@ -24,8 +24,12 @@ void WriteHandOverFile(const Run& run)
     DataFile fresh = HandOverFile(run);
     const auto place = fresh.path;
     fresh.path += ".new";
-    std::filesystem::copy_file(run.host.programFolder / "VornTemp.mdb", fresh.path,
-                               std::filesystem::copy_options::overwrite_existing);
+    const auto empty = run.host.programFolder / "VornTemp.mdb";
+    std::error_code error;
+    std::filesystem::copy_file(empty, fresh.path, std::filesystem::copy_options::overwrite_existing, error);
+    if (error)
+        throw StoreError("The empty hand-over file " + empty.string() + " could not be copied to " +
+                         fresh.path.string() + ": " + error.message() + '.');
     WriteHandOver(OpenFile(fresh), run);
     std::filesystem::rename(fresh.path, place);
 }

@@ -2,6 +2,7 @@
 
 #include "services/format.h"
 #include "services/ini_file.h"
+#include "services/text.h"
 #include "startup/frmmdi.h"
 #include "startup/settings.h"
 
@@ -14,6 +15,7 @@ void ReadHandOverRecord(Run& run)
     if (!FileExists(file.path))
         return;
     const bool found = ReadHandOver(OpenFile(file), run);
+    run.Glcode = Trim(run.Glcode); // all tables hold it without blanks around it
     if (found && run.GlClient.empty())
         run.GlClient = run.host.programFolder.string();
 }
@@ -26,22 +28,26 @@ void ReadReturnForm(Run& run)
         run.GlITR = Val(file.GetValue("ITR", run.Glcode));
 }
 
+/// The working file has a session of its own: what is written there must not wait for the files of the practice.
 void OpenDataFiles(Run& run)
 {
+    if (run.GlServer.empty())
+        throw StoreError("The hand-over file " + HandOverFile(run).path.string() +
+                         " is missing or holds no record. Start the module from the suite, which writes it.");
     std::vector<std::pair<std::string, Connection*>> wanted;
     if (!run.IsSqlStore)
         wanted = {{"company", &run.company}, {"balance", &run.balance}};
-    wanted.insert(wanted.end(), {{"qeltemp", &run.qeltemp},
-                                 {"tax", &run.tax},
-                                 {"misc", &run.misc},
-                                 {"export1", &run.export1},
-                                 {"export2", &run.export2}});
+    wanted.insert(wanted.end(),
+                  {{"tax", &run.tax}, {"misc", &run.misc}, {"export1", &run.export1}, {"export2", &run.export2}});
     std::vector<DataFile> files;
     for (const auto& [name, connection] : wanted)
         files.push_back(DataFileNamed(run, name));
+    const DataFile working = DataFileNamed(run, "qeltemp");
+    KindOf(working.path);
     const auto opened = OpenFiles(files);
     for (std::size_t i = 0; i < opened.size(); ++i)
         *wanted[i].second = opened[i];
+    run.qeltemp = OpenFile(working);
 }
 
 void OpenRights(Run& run)
@@ -60,7 +66,7 @@ DataFile DataFileNamed(const Run& run, const std::string& name)
     const bool isWorkingFile = name == "qeltemp";
     const std::filesystem::path folder = isWorkingFile ? run.GlClient : run.GlServer;
     const auto path = (isWorkingFile ? folder / "data" : folder) / (name + ".mdb");
-    return {path, folder / (name + ".dsn"), !isWorkingFile};
+    return {path, folder / (name + ".dsn"), !isWorkingFile, folder};
 }
 
 bool SubMain(Run& run, std::string& why)
@@ -72,7 +78,6 @@ bool SubMain(Run& run, std::string& why)
     if (run.IsSqlStore && !OpenServerConnections(run, why))
         return false;
     ReadHandOverRecord(run);
-    run.helpFile = (run.host.programFolder / "vorn.hlp").string();
     ReadReturnForm(run);
     OpenDataFiles(run);
     OpenRights(run);

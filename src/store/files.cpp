@@ -71,8 +71,11 @@ std::vector<Connection> OpenFiles(std::span<const DataFile> files)
     std::vector<Connection> connections(files.size());
     std::vector<std::filesystem::path> embedded;
     std::vector<std::size_t> places;
+    std::vector<FileKind> kinds; // of all files before the first one is touched
+    for (const DataFile& file : files)
+        kinds.push_back(KindOf(file.path));
     for (std::size_t i = 0; i < files.size(); ++i) {
-        if (KindOf(files[i].path) == FileKind::Jet) {
+        if (kinds[i] == FileKind::Jet) {
             connections[i] = OpenJetFile(files[i]);
             continue;
         }

@@ -32,6 +32,8 @@ void CheckValues(const std::string& sql, std::span<const Value> values)
 StoreError StatementError(std::string_view words, const std::string& sql, std::span<const Value> values)
 {
     std::string text(words);
+    if (text.find("locked") != std::string::npos)
+        text = "Another program is writing to the data files. Nothing was changed; please try again.\n" + text;
     text += "\nStatement: " + sql;
     for (const Value& value : values)
         text += (&value == values.data() ? "\nValues: " : ", ") + Shown(value);

@@ -22,7 +22,7 @@ class Hub : public Form {
                      .rows = {{{&cmdopen, &txtone}}, {{nullptr, &txttwo}}},
                      .buttonsLeft = {&cmddetails}});
         side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&txtside}}}, .buttonsRight = {&cmdcancel}});
-        side.escape = &cmdcancel;
+        side.onEscape = [this] { side.visible = false; };
         bar = {&CmdBack};
         cmdopen.onClick = [this] {
             side.visible = true;
@@ -101,6 +101,18 @@ TEST_F(Forms, RunLostFocusBeforeAClick)
     form.SetFocus(form.txtone);
     form.Click(form.cmddetails);
     EXPECT_EQ(trace, "left clicked");
+}
+
+TEST_F(Forms, LetAHandlerOfLeavingDecideWhereTheFocusGoes)
+{
+    form.txtone.onLostFocus = [&] { form.SetFocus(form.cmddetails); };
+    form.SetFocus(form.txtone);
+    form.Press(Key::Enter);
+    EXPECT_EQ(form.focused(), &form.cmddetails);
+    form.txtone.onLostFocus = [&] { form.SetFocus(form.txtone); };
+    form.SetFocus(form.txtone);
+    form.Press(Key::Enter);
+    EXPECT_EQ(form.focused(), &form.txtone) << "a field may keep the focus";
 }
 
 TEST_F(Forms, ShowAnErrorOfAHandlerAndGoOn)

@@ -54,6 +54,7 @@ TEST_F(TextBoxes, FilterTheKeysOfAnAmount)
         {"places are full behind the point", "12.34", 5, "5", 2, "12.34"},
         {"digits before the point are free", "12.34", 1, "9", 2, "192.34"},
         {"three places", "", 0, "1.2345", 3, "1.234"},
+        {"fifteen digits", "", 0, "12345678901234567", 2, "123456789012345"},
         {"minus over a selection", "125.50", kWhole, "-", 2, "-"},
         {"minus in an empty field", "", 0, "-5", 2, "-5"},
         {"minus turns the sign", "125.50", 2, "-", 2, "-125.5"},

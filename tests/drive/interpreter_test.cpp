@@ -129,6 +129,8 @@ TEST_F(Driver, RefusesWhatAPersonCouldNotDo)
         {"set Board.ask 5", "ask is no text field"},
         {"cell Board.txtname 0 0", "txtname is no grid"},
         {"cell Board.lines one 0", "a number is wanted, not \"one\""},
+        {"cell Board.lines 1 9", "lines has no cell 1 9"},
+        {"dblclick Board.titles 99999999999", "a number is wanted, not \"99999999999\""},
         {"dblclick Board.lines 3", "Board.lines has no row 3"},
         {"select Board.status \"Trust\"", "Board.status has no entry \"Trust\""},
         {"keys Board.txtname {F99}", "there is no key {F99}"},

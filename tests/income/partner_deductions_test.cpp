@@ -104,6 +104,26 @@ TEST_F(Firm, StoresWhatIsTypedOnLeaving)
     EXPECT_EQ(form.partners.txtlesspart2.text(), "1000.00") << "the row without a minor counts";
 }
 
+TEST_F(Firm, CalculatingReplacesAChildsRowOfTheSameAmount)
+{
+    practice.Detail("PARTREMU", {{"amt1", 900000}});
+    practice.Detail("LESSREMU", {{"amt1", 390000}, {"name1", "Remuneration to partners"}, {"Minor", 3}});
+    auto& form = practice.Begin();
+    form.Click(form.partners.cmdmax);
+    EXPECT_EQ(Stored("LESSREMU"), Rows{"390000"});
+}
+
+TEST_F(Firm, OpeningTheReminderStoresWhatWasTyped)
+{
+    auto& form = practice.Begin();
+    form.Do([&] { form.SetFocus(form.partners.txtlesspart2); });
+    form.Type(U'5');
+    EXPECT_TRUE(form.Mnemonic(U'r'));
+    EXPECT_EQ(Stored("LESSREMU"), Rows{"5"});
+    practice.run->screens.Return();
+    EXPECT_EQ(form.partners.txtlesspart2.text(), "5.00");
+}
+
 TEST_F(Firm, StoresAnEmptiedFieldAsZero)
 {
     practice.Detail("LESSINTT", {{"amt1", 5}});
@@ -117,8 +137,8 @@ TEST_F(Firm, StoresAnEmptiedFieldAsZero)
 
 TEST_F(Firm, WalkingThroughTheFieldsWritesNothing)
 {
-    practice.Detail("LESSINTT", {{"amt1", 5}});
-    practice.Detail("LESSREMU", {{"amt1", 6}});
+    practice.Detail("LESSINTT", {{"amt1", 5}, {"name1", "Interest to partners"}});
+    practice.Detail("LESSREMU", {{"amt1", 6}, {"name1", "Remuneration to partners"}});
     auto& form = practice.Begin();
     practice.Company().Execute("create trigger fail before insert on business1 begin select raise(abort, 'no'); end");
     form.Do([&] { form.SetFocus(form.partners.txtlesspart1); });

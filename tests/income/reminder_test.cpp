@@ -91,6 +91,21 @@ TEST_F(Reminder, CancelsANewNoteAndLeavesAnEmptyTitleUnsaved)
     EXPECT_TRUE(form->LV.items().empty());
 }
 
+TEST_F(Reminder, EscapeLeavesANoteAsItIs)
+{
+    Write("TDS", "one\ntwo");
+    OpenFirst();
+    form->Type(U'!');
+    EXPECT_EQ(form->txtmmo.text(), "one\ntwo!") << "a key does not replace the whole note";
+    form->Press(Key::Escape);
+    EXPECT_FALSE(form->Frame1.visible);
+    OpenFirst();
+    EXPECT_EQ(form->txtmmo.text(), "one\ntwo");
+    form->Press(Key::Escape);
+    form->Press(Key::Escape);
+    EXPECT_EQ(practice.run->screens.OnDisplay(), &summary);
+}
+
 TEST_F(Reminder, ClosingClearsTheReminderAndReturns)
 {
     practice.run->GLrem = true;

@@ -215,6 +215,34 @@ TEST(Summary, KeepsTheOldHeadWhenTheStoreFails)
     EXPECT_EQ(practice.Balance().Scalar("select amt1 from {qelgeneral} where [Type] = 'BUSI'").Number(), -1);
 }
 
+TEST(Summary, DoesNotWriteTheFiguresOfARecomputeThatFailed)
+{
+    SummaryUnderTest practice;
+    practice.Line("1", {{"NET", 1000}});
+    practice.Company().Insert("misc_items", {{"code", "A0001r2023-24"}, {"Type", "Fast2018"}, {"name3", "0"}});
+    practice.Balance().Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "BUSI"}, {"amt14", 857800}});
+    practice.Company().Execute("create trigger fail before update on misc_items begin select raise(abort, 'no'); end");
+    auto& form = practice.Begin(2023, "01");
+    form.Click(form.CmdBack);
+    EXPECT_FALSE(practice.run->screens.Ended());
+    EXPECT_EQ(practice.Balance().Scalar("select amt14 from {qelgeneral} where [Type] = 'BUSI'").Number(), 857800);
+
+    practice.Company().Execute("drop trigger fail");
+    form.Click(form.CmdBack); // the next try recomputes first
+    EXPECT_TRUE(practice.run->screens.Ended());
+    EXPECT_EQ(practice.Balance().Scalar("select amt14 from {qelgeneral} where [Type] = 'BUSI'").Number(), 1000);
+}
+
+TEST(Summary, TakesTheCodeWithoutBlanks)
+{
+    SummaryUnderTest practice;
+    practice.Line("1", {{"NET", 1000}});
+    practice.handOver.Glcode = " A0001r2023-24 ";
+    practice.handOver.Glstatus = "01";
+    practice.Start();
+    EXPECT_EQ(static_cast<frmbusiness&>(*practice.run->screens.Find("frmbusiness")).lbl1.text(), "1000.00");
+}
+
 TEST(Summary, LockedLeavesOnlyTheWayBack)
 {
     SummaryUnderTest practice;

@@ -31,6 +31,24 @@ TEST(SubMain, TakesTheProgramFolderForAMissingClientFolder)
     EXPECT_EQ(practice.Start().GlClient, practice.folder.path().string());
 }
 
+TEST(SubMain, TouchesNoFileWhenAnotherOneIsMissing)
+{
+    EmptyPractice practice;
+    practice.Company().Execute("pragma user_version = 0");
+    std::filesystem::remove(practice.folder.path() / "server/export2.mdb");
+    EXPECT_THROW(practice.Start(), StoreError);
+    EXPECT_FALSE(std::filesystem::exists(practice.folder.path() / "server/company.mdb.v0.bak"));
+}
+
+TEST(SubMain, GivesTheWorkingFileItsOwnStrings)
+{
+    EmptyPractice practice;
+    const pgbp::Run& run = practice.Start();
+    const std::string text = JetConnectionString(DataFileNamed(run, "qeltemp"));
+    EXPECT_NE(text.find("client;Driver="), std::string::npos) << text;
+    EXPECT_EQ(text.find("PWD="), std::string::npos) << text;
+}
+
 TEST(SubMain, ChecksForIndASByYearAndStatus)
 {
     struct {
@@ -86,12 +104,24 @@ TEST(SubMain, NamesTheDataFileThatIsMissingOrDamagedAndCreatesNothing)
 TEST(SubMain, GoesOnWithEmptyValuesWithoutAHandOver)
 {
     EmptyPractice practice;
-    std::filesystem::remove(practice.folder.path() / "handover/VornTemp.mdb");
-    EXPECT_THROW(practice.StartWithFilesAsTheyAre(), StoreError) << "an empty folder name holds no data files";
-
+    const auto complaint = [](EmptyPractice& of) -> std::string {
+        try {
+            of.StartWithFilesAsTheyAre();
+        } catch (const StoreError& error) {
+            return error.what();
+        }
+        return "";
+    };
     EmptyPractice withoutRows;
-    EXPECT_THROW(withoutRows.StartWithFilesAsTheyAre(), StoreError);
-    EXPECT_EQ(withoutRows.run->Glcode, "");
+    for (EmptyPractice* each : {&practice, &withoutRows}) {
+        if (each == &practice)
+            std::filesystem::remove(practice.folder.path() / "handover/VornTemp.mdb");
+        const std::string words = complaint(*each);
+        EXPECT_NE(words.find("VornTemp.mdb is missing or holds no record. Start the module from the suite"),
+                  std::string::npos)
+            << words;
+        EXPECT_EQ(each->run->Glcode, "");
+    }
 }
 
 TEST(Settings, ChooseTheStore)
