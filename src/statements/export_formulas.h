@@ -1,0 +1,41 @@
+#pragma once
+
+#include "statements/statement_form.h"
+#include "statements/workbook/workbook.h"
+
+#include <map>
+#include <string_view>
+
+namespace pgbp {
+
+/// The generations of the exported statement: each has formulas for the totals of the forms it was made for.
+enum class ExportOperation {
+    excel_mod,
+    excel_mod_17_PL1,
+    excel_mod_17_PL4,
+    excel_mod_17_PL6,
+    excel_mod_21_PL1,
+    excel_mod_21_PL4,
+    excel_mod_21_PL6
+};
+
+/// The operation that exports a statement. It goes by the year and `GlITR` alone: from 2014 an individual's statement
+/// is exported as a firm's, whichever lines its own form has.
+ExportOperation ExportOperationFor(const StatementForm& form);
+
+struct ExportFormula {
+    std::string_view formula;       ///< over the amounts in column C, "=sum(C6:C7)"
+    std::string_view unlocked = {}; ///< cells that stay open when the sheet is protected, "C6:C7,C9", or none
+};
+
+/// Formulas of the totals by sheet row; row 1 is the heading, so line n of the form is row n + 1.
+using ExportFormulas = std::map<int, ExportFormula>;
+
+ExportFormulas ExportFormulasOf(ExportOperation operation);
+
+/// Puts the operation's formulas up to the sheet row `lastRow` in place of the amounts, shades these rows yellow up to
+/// the last column with a formula and opens the cells they unlock. The operations from 2021 add up the previous year
+/// (column F) as well and unlock nothing. A total without a formula keeps the figure that the sheet holds.
+void PutExportFormulas(xls::Sheet& sheet, ExportOperation operation, int lastRow);
+
+} // namespace pgbp
