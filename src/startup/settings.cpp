@@ -29,6 +29,20 @@ ServerLogin ReadServerLogin(const Run& run)
             Trim(file.GetValue("Login", "LogPwd")), run.UseNativeClient};
 }
 
+/// Where the accounts product's server is.
+ServerLogin ReadOVLogin(const Run& run)
+{
+    const auto serverFile = run.host.programFolder / "Server.ini";
+    const clsIniFile file{run.host.programFolder / "OVServer.ini"};
+    if (!FileExists(file.File)) {
+        file.WriteValue("OV3", "SERVER", FileExists(serverFile) ? FirstLine(serverFile) : ComputerName());
+        file.WriteValue("OV3", "USER", "SA");
+        file.WriteValue("OV3", "PASS", "");
+    }
+    return {file.GetValue("OV3", "SERVER"), Trim(file.GetValue("OV3", "USER")), Trim(file.GetValue("OV3", "PASS")),
+            run.UseNativeClient};
+}
+
 } // namespace
 
 void ReadSettings(Run& run)
@@ -50,6 +64,12 @@ bool OpenServerConnections(Run& run, std::string& why)
         return opened.has_value();
     };
     return open(run.company, "Qel_VornCompany") && open(run.balance, "Qel_VornBalance");
+}
+
+void CheckOVServer(Run& run)
+{
+    std::string unused;
+    run.OVServerAlive = OpenServerConnection(ReadOVLogin(run), "Qel_OV", unused).has_value();
 }
 
 } // namespace pgbp

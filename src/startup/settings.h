@@ -12,4 +12,9 @@ void ReadSettings(Run& run);
 /// server. False when either cannot be opened; `why` then holds the engine's words.
 bool OpenServerConnections(Run& run, std::string& why);
 
+/// Tries the database server of the accounts product: sets `OVServerAlive`. The server is this computer, unless the
+/// first line of `Server.ini` names another one or `OVServer.ini` does, which is made with its defaults where it is
+/// missing. No message is shown in any case.
+void CheckOVServer(Run& run);
+
 } // namespace pgbp

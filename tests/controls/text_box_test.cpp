@@ -97,7 +97,8 @@ TEST_F(TextBoxes, WalkWithTheirKeys)
         {form.walking, Key::Enter, form.amount}, {form.walking, Key::Down, form.amount},
         {form.amount, Key::Up, form.walking},    {form.amount, Key::Enter, form.plain},
         {form.amount, Key::Down, form.plain},    {form.walking, Key::Up, form.still}, // round
-        {form.still, Key::Enter, form.still},                                         // the still amount stays
+        {form.still, Key::Up, form.still},       {form.plain, Key::Down, form.plain},
+        {form.still, Key::Enter, form.still}, // the still amount stays
         {form.plain, Key::Tab, form.still},      {form.plain, Key::BackTab, form.amount},
     };
     for (const auto& row : rows) {

@@ -40,7 +40,7 @@ class SampleForm : public Form {
                               {{&note}}},
                      .buttonsLeft = {&cmddetails}});
         side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&sidetext}}}, .buttonsRight = {&cmdcancel}});
-        side.escape = &cmdcancel;
+        side.onEscape = [this] { cmdcancel.Click(); };
         bar = {&CmdBack};
         cmdcancel.onClick = [this] { side.visible = false; };
     }

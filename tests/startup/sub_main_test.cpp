@@ -149,6 +149,17 @@ TEST(Settings, ChooseTheStore)
     }
 }
 
+TEST(Settings, NoteWhereTheAccountsProductIs)
+{
+    EmptyPractice practice;
+    pgbp::Run& run = practice.Start();
+    practice.folder.Write("Server.ini", "127.0.0.1\r\nsecond line\r\n");
+    CheckOVServer(run); // nothing listens there
+    EXPECT_FALSE(run.OVServerAlive);
+    EXPECT_EQ(practice.folder.Read("OVServer.ini"), "[OV3]\nSERVER=127.0.0.1\nUSER=SA\nPASS=\n");
+    EXPECT_TRUE(practice.boxes.shown.empty());
+}
+
 TEST(Settings, EndTheRunSilentlyWithoutTheServer)
 {
     EmptyPractice practice;
