@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <limits>
-#include <span>
 
 namespace pgbp {
 namespace {
@@ -49,28 +48,41 @@ bool HasNegativePart(const AnnexureRow& row)
     return std::min({row.depreciation1, row.depreciation2, row.additional1, row.additional2}) < 0;
 }
 
+bool LacksGroup(const AnnexureRow& row)
+{
+    return !Trim(row.name).empty() && std::ranges::find(kAssetGroups, row.group) == kAssetGroups.end();
+}
+
 struct RowCheck {
     bool (*fails)(const AnnexureRow&, const AnnexureScreen&);
-    AnnexureRefusal refusal;
+    std::string_view message;
+    std::string_view titleTail;
+    std::string_view focus;
 };
 constexpr RowCheck kRowChecks[] = {
     {[](const AnnexureRow& row, const AnnexureScreen&) { return Trim(row.name).empty(); },
-     {"Name can not be left blank...", kInformation, "txtname"}},
+     "Name can not be left blank...", kInformation, "txtname"},
     {[](const AnnexureRow& row, const AnnexureScreen&) { return Trim(row.group).empty(); },
-     {"Group Name can not be left blank...", kInformation, "CBOGRP"}},
+     "Group Name can not be left blank...", kInformation, "CBOGRP"},
     {[](const AnnexureRow& row, const AnnexureScreen&) { return row.rate <= 0; },
-     {"Depreciation Rate can not be Zero...", kInformation, "txtdeprate"}},
+     "Depreciation Rate can not be Zero...", kInformation, "txtdeprate"},
     {[](const AnnexureRow& row, const AnnexureScreen& screen) { return screen.asksDateOfSale && !row.dateOfSale; },
-     {"Please fill date of sale...", kInformation, "txtdate1"}},
+     "Please fill date of sale...", kInformation, "txtdate1"},
     {[](const AnnexureRow& row, const AnnexureScreen& screen) { return screen.isCapitalGain && row.depreciation != 0; },
-     {"Only STCG on Depreciable Assets can be entered here...", "", ""}},
+     "Only STCG on Depreciable Assets can be entered here...", "", ""},
     {[](const AnnexureRow& row, const AnnexureScreen&) { return HasNegativePart(row); },
-     {"Depreciation can not be in negative..", kInformation, ""}},
+     "Depreciation can not be in negative..", kInformation, ""},
     {[](const AnnexureRow& row, const AnnexureScreen&) { return row.purchases2 == 0 && row.sales2 > 0; },
-     {"You have entered sales ag. 2nd Half purchase but there is no 2nd half Purchase.", kInformation, "TxtSales2"}},
+     "You have entered sales ag. 2nd Half purchase but there is no 2nd half Purchase.", kInformation, "TxtSales2"},
 };
 
 } // namespace
+
+std::optional<std::string_view> RateNotice(int year)
+{
+    constexpr std::string_view notice = "Dep. Rate on Computer has  been changed to 40% from AY 2018-19 ";
+    return year == 2018 ? std::optional(notice) : std::nullopt;
+}
 
 std::optional<std::string_view> RefusalOfRate(std::string_view group, int year, double rate)
 {
@@ -85,10 +97,18 @@ std::optional<AnnexureRefusal> RefusalOfRow(const AnnexureRow& row, const Annexu
     const auto failed =
         std::ranges::find_if(kRowChecks, [&](const RowCheck& check) { return check.fails(row, screen); });
     if (failed != std::end(kRowChecks))
-        return failed->refusal;
+        return AnnexureRefusal{std::string(failed->message), failed->titleTail, failed->focus};
     if (const auto message = RefusalOfRate(row.group, screen.year, row.rate))
-        return AnnexureRefusal{*message, kRateInformation, "txtdeprate"};
+        return AnnexureRefusal{std::string(*message), kRateInformation, "txtdeprate"};
     return std::nullopt;
+}
+
+std::optional<AnnexureRefusal> RefusalOfSave(std::span<const AnnexureRow> rows)
+{
+    const auto lacking = std::ranges::find_if(rows, LacksGroup);
+    if (lacking == rows.end())
+        return std::nullopt;
+    return AnnexureRefusal{"Please fill group for " + lacking->name, kInformation};
 }
 
 } // namespace pgbp

@@ -4,6 +4,8 @@
 
 #include <array>
 #include <optional>
+#include <span>
+#include <string>
 #include <string_view>
 
 namespace pgbp {
@@ -16,11 +18,17 @@ inline constexpr std::array<std::string_view, 5> kAssetGroups = {"Buildings", "F
 /// rules (Appendix I of the Income-tax Rules) have, and for a group that is none of the five.
 std::optional<std::string_view> RefusalOfRate(std::string_view group, int year, double rate);
 
-/// Why a row may not be added.
+/// What the screen tells beside the rates in the assessment year, or nothing: for 2018-19 that computers went from 60%
+/// to 40% (New Appendix I, Part A, III(5)).
+std::optional<std::string_view> RateNotice(int year);
+
+/// Why a row may not be added, or an annexure not be saved.
 struct AnnexureRefusal {
-    std::string_view message;
-    std::string_view titleTail; ///< behind the program's title; empty: a plain box
-    std::string_view focus;     ///< field to go to; empty: the focus stays
+    std::string message;
+    std::string_view titleTail{}; ///< behind the program's title; empty: a plain box
+    std::string_view focus{};     ///< field to go to; empty: the focus stays
+
+    bool operator==(const AnnexureRefusal&) const = default;
 };
 
 /// What the screen that the row is entered on is.
@@ -32,5 +40,8 @@ struct AnnexureScreen {
 
 /// The first thing wrong with the row, or nothing.
 std::optional<AnnexureRefusal> RefusalOfRow(const AnnexureRow& row, const AnnexureScreen& screen);
+
+/// The first row with a name whose group is none of the five, which stops the save; or nothing.
+std::optional<AnnexureRefusal> RefusalOfSave(std::span<const AnnexureRow> rows);
 
 } // namespace pgbp

@@ -1,12 +1,9 @@
 #include "annexure/annexure_store.h"
 
-#include "annexure/annexure_rules.h"
 #include "annexure/block_check.h"
 #include "annexure/rupees.h"
 #include "records/keys.h"
 #include "services/text.h"
-
-#include <algorithm>
 
 namespace pgbp {
 namespace {
@@ -30,11 +27,6 @@ bool IsBusiness(const AnnexureOwner& owner) { return owner.type == kBusinessAnne
 
 bool HasName(const AnnexureRow& row) { return !Trim(row.name).empty(); }
 
-bool LacksGroup(const AnnexureRow& row)
-{
-    return HasName(row) && std::ranges::find(kAssetGroups, row.group) == kAssetGroups.end();
-}
-
 /// A condition on rows of `fassets` with its values.
 struct Condition {
     std::string text;
@@ -49,7 +41,7 @@ struct Condition {
 
 Condition OwnedRows(const AnnexureOwner& owner)
 {
-    Condition rows{"from {fassets} where code = ? and [Type] = ?", {owner.code, owner.type}};
+    Condition rows{"from {fassets} where code = ? and [Type] = ?", {Trim(owner.code), owner.type}};
     if (IsBusiness(owner))
         rows.And("SNO = ?", {kUnsavedLine});
     if (owner.minor != 0)
@@ -71,15 +63,15 @@ void DeleteGains(const Connection& company, const AnnexureOwner& owner)
 {
     const std::string rows = "from {capital1} where code = ? and [Type] = 'Sec50' and ";
     if (owner.minor == 0)
-        company.Delete(rows + std::string(company.dialect().noMinorOrZeroUnparsed), owner.code);
+        company.Delete(rows + std::string(company.dialect().noMinorOrZeroUnparsed), Trim(owner.code));
     else
-        company.Delete(rows + "Minor = ?", owner.code, owner.minor);
+        company.Delete(rows + "Minor = ?", Trim(owner.code), owner.minor);
 }
 
 void AddRow(const Connection& balance, const AnnexureOwner& owner, const AnnexureRow& row)
 {
     std::vector<Field> fields = {
-        {"code", owner.code}, {"f_name", row.name}, {"f_deprate", row.rate}, {"U_Desc", row.group}};
+        {"code", Trim(owner.code)}, {"f_name", row.name}, {"f_deprate", row.rate}, {"U_Desc", row.group}};
     for (const AmountColumn& column : kAmountColumns)
         fields.push_back({column.column, row.*column.amount});
     fields.push_back({"ded382", 0});
@@ -97,8 +89,8 @@ void AddRow(const Connection& balance, const AnnexureOwner& owner, const Annexur
 
 void AddGain(const Connection& company, const AnnexureOwner& owner, const Sec50Gain& gain)
 {
-    std::vector<Field> fields = {{"code", owner.code}, {"Type", "Sec50"},       {"name1", gain.name},
-                                 {"amt1", gain.cost},  {"amt2", gain.proceeds}, {"amt3", gain.gain},
+    std::vector<Field> fields = {{"code", Trim(owner.code)}, {"Type", "Sec50"},       {"name1", gain.name},
+                                 {"amt1", gain.cost},        {"amt2", gain.proceeds}, {"amt3", gain.gain},
                                  {"date1", gain.date}};
     if (owner.minor != 0)
         fields.push_back({"Minor", owner.minor});
@@ -138,14 +130,14 @@ std::vector<AnnexureRow> LoadAnnexure(const Connection& balance, const AnnexureO
     return rows;
 }
 
-std::optional<std::string> SaveAnnexure(const Connection& company, const Connection& balance,
-                                        const AnnexureOwner& owner, std::vector<AnnexureRow>& rows,
-                                        const std::function<bool()>& ask)
+std::optional<AnnexureRefusal> SaveAnnexure(const Connection& company, const Connection& balance,
+                                            const AnnexureOwner& owner, std::vector<AnnexureRow>& rows,
+                                            const std::function<bool()>& ask)
 {
     if (owner.year >= kFirstYearOfBlockCheck)
         CheckBlockDifference(rows, ask);
-    if (const auto lacking = std::ranges::find_if(rows, LacksGroup); lacking != rows.end())
-        return "Please fill group for " + lacking->name;
+    if (auto refusal = RefusalOfSave(rows))
+        return refusal;
 
     Transaction transaction({company, balance});
     DeleteGains(company, owner);

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "annexure/annexure_row.h"
+#include "annexure/annexure_rules.h"
 #include "store/connection.h"
 
 #include <functional>
@@ -16,7 +17,7 @@ inline constexpr std::string_view kOtherSourcesAnnexure = "O";
 
 /// Whose annexure it is. A business annexure is always that of the line of business now open.
 struct AnnexureOwner {
-    std::string code;
+    std::string code; ///< blanks around it do not count
     std::string_view type = kBusinessAnnexure;
     double minor = 0; ///< `GLminor`: a child whose income is clubbed, 0 for the assessee
     int year = 0;
@@ -37,10 +38,10 @@ std::vector<AnnexureRow> LoadAnnexure(const Connection& balance, const AnnexureO
 
 /// Stores the annexure in place of what was stored before, with a gain for each empty block, all or nothing over both
 /// files. From 2023 the rows are held against their blocks first (`ask` as in CheckBlockDifference), which may change
-/// them. Gives the message for the preparer, and stores nothing, when a row with a name has none of the five groups.
+/// them. Stores nothing when RefusalOfSave has something against the rows.
 /// Throws StoreError.
-std::optional<std::string> SaveAnnexure(const Connection& company, const Connection& balance,
-                                        const AnnexureOwner& owner, std::vector<AnnexureRow>& rows,
-                                        const std::function<bool()>& ask);
+std::optional<AnnexureRefusal> SaveAnnexure(const Connection& company, const Connection& balance,
+                                            const AnnexureOwner& owner, std::vector<AnnexureRow>& rows,
+                                            const std::function<bool()>& ask);
 
 } // namespace pgbp

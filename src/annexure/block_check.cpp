@@ -16,9 +16,11 @@ struct BlockKey {
     bool operator==(const BlockKey&) const = default;
 };
 
-/// Few groups share a rate, so the letters of their names need no hash: a long annexure is checked at every save.
 struct BlockKeyHash {
-    std::size_t operator()(const BlockKey& key) const { return std::hash<double>()(key.rate) + key.group.size(); }
+    std::size_t operator()(const BlockKey& key) const
+    {
+        return std::hash<double>()(key.rate) ^ std::hash<std::string_view>()(key.group);
+    }
 };
 
 /// A block of assets and the sums over its rows.

@@ -14,6 +14,7 @@ inline constexpr int kFirstYearOfBlockCheck = 2023;
 inline constexpr std::string_view kBlockDifferenceQuestion =
     "There is some difference of depreciation between individual asset calculation and block calculation.\n"
     "Do you want to correct it ?";
+inline constexpr std::string_view kBlockDifferenceTitleTail = " - Confirmation"; ///< behind the program's title
 
 /// The law depreciates a block, that is all assets of one group and rate, as one (section 2(11)); the annexure rounds
 /// each asset. Where the two differ, `ask` is asked, and on Yes the block's first row takes the whole difference. After

@@ -16,7 +16,7 @@ class AnnexureStore : public testing::Test {
     const Connection& company = files_[0];
     const Connection& balance = files_[1];
 
-    std::optional<std::string> Save(std::vector<AnnexureRow> rows, AnnexureOwner owner)
+    std::optional<AnnexureRefusal> Save(std::vector<AnnexureRow> rows, AnnexureOwner owner)
     {
         return SaveAnnexure(company, balance, owner, rows, [] { return false; });
     }
@@ -104,9 +104,25 @@ TEST_F(AnnexureStore, RefusesARowWithoutAGroup)
     AnnexureRow odd = Block("Odd");
     for (const char* group : {"", "ships", "Live stock"}) {
         odd.group = group;
-        EXPECT_EQ(Save({Block("New"), odd}, kOwner), "Please fill group for Odd");
+        EXPECT_EQ(Save({Block("New"), odd}, kOwner), (AnnexureRefusal{"Please fill group for Odd", " - Information"}));
     }
     EXPECT_EQ(LoadAnnexure(balance, kOwner).at(0).name, "Barge") << "nothing was written";
+}
+
+TEST_F(AnnexureStore, BlanksAroundTheCodeDoNotCount)
+{
+    AnnexureRow sold = Block("Sold");
+    sold.isEmpty = true;
+    AnnexureOwner padded = kOwner;
+    padded.code = "  " + kOwner.code + " ";
+    for (const AnnexureOwner& owner : {padded, kOwner, padded}) {
+        EXPECT_FALSE(Save({sold}, owner));
+        EXPECT_EQ(LoadAnnexure(balance, padded).size(), 1u);
+        EXPECT_EQ(LoadAnnexure(balance, kOwner).size(), 1u);
+        EXPECT_EQ(Count("select count(*) from {fassets} where code = 'A2023-24'"), 1);
+        EXPECT_EQ(company.Scalar("select count(*) from {capital1} where code = 'A2023-24'").Number(), 1);
+        EXPECT_EQ(company.Scalar("select count(*) from {capital1}").Number(), 1);
+    }
 }
 
 TEST_F(AnnexureStore, BlocksAreCheckedFrom2023On)
