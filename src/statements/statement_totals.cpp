@@ -17,7 +17,8 @@ class StatementTotals::Parser {
         Expect("=");
         if (Take("copy of")) {
             rule.writing = Writing::Copied;
-            Range(1);
+            const std::size_t source = Number();
+            terms_.push_back({source, source, 1});
         } else {
             Expression(1);
         }
@@ -50,7 +51,7 @@ class StatementTotals::Parser {
             Expression(sign);
             Expect(")");
         } else if (Take("intraday")) {
-            intradaySign_ = sign;
+            intradaySign_ += sign;
         } else {
             Range(sign);
         }

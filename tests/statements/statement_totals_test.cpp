@@ -71,12 +71,14 @@ TEST(StatementTotals, IntradayProfitIsAddedWithoutRounding)
     EXPECT_EQ(Totals("2 = 1 + intraday; 3 = 2", {"1,000", "", ""}, -250), (Texts{"1,000", "750", "750"}));
     EXPECT_EQ(Totals("2 = 1 + intraday; 3 = 2", {"0.1", "", ""}, 0.2), (Texts{"0.1", "0.3", "0.3"}));
     EXPECT_EQ(Totals("2 = 1 + intraday; 3 = 2", {"", "", ""}, 0.125), (Texts{"", "0.125", "0.13"}));
+    EXPECT_EQ(Totals("2 = 1 - (intraday - intraday); 3 = 1 - intraday - intraday", {"7", "", ""}, 100),
+              (Texts{"7", "7", "-193"}));
 }
 
 TEST(StatementTotals, MalformedRulesAreRefusedByName)
 {
     for (const auto* rule : {"5", "= 3", "5 = ", "5 = 3 +", "5 = (3", "5 = 3)", "5 = 4..3", "5 = 0", "0 = 5", "5 = x",
-                             "5 = copy of 3 + 4", "5 = 3..", "5 = 99999999999999999999", "5 = 3 4"})
+                             "5 = copy of 3 + 4", "5 = copy of 3..4", "5 = 3..", "5 = 99999999999999999999", "5 = 3 4"})
         try {
             Totals(rule, {"", "", "", "", ""});
             ADD_FAILURE() << rule << " was taken";
