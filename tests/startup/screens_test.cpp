@@ -32,8 +32,8 @@ class Traced : public Screen {
 TEST(ScreensOfARun, HideShowAndReturn)
 {
     EmptyPractice practice;
+    std::string trace; // outlives the screens, which write to it until the end
     pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
-    std::string trace;
     for (const char* name : {"hub", "detail", "note"})
         run.screens.Register(name,
                              [&trace, name](pgbp::Run& its) { return std::make_unique<Traced>(its, name, trace); });
