@@ -1,10 +1,10 @@
 #include "statements/export_formulas.h"
 
+#include "statements/form_predicates.h"
 #include "statements/workbook/formula.h"
 
 #include <algorithm>
 #include <cstddef>
-#include <limits>
 #include <span>
 #include <string>
 
@@ -207,20 +207,20 @@ constexpr std::span<const Line> kLayers21Company[] = {kFirm2021, kWithoutPartner
 constexpr Layers kLayers[] = {kLayersUpTo2016, kLayers17Firm,       kLayers17Individual, kLayers17Company,
                               kLayers21Firm,   kLayers21Individual, kLayers21Company};
 
-constexpr int kNoStart = std::numeric_limits<int>::min();
-constexpr int kAnyForm = 0;
-
 /// The first line that reaches back to the year and serves the form's number tells the operation.
 struct Choice {
     int firstYear;
-    int GlITR;
+    bool (*serves)(const StatementForm&);
     ExportOperation operation;
 };
 constexpr Choice kChoices[] = {
-    {2021, 6, ExportOperation::excel_mod_21_PL6},        {2021, 5, ExportOperation::excel_mod_21_PL1},
-    {2021, kAnyForm, ExportOperation::excel_mod_21_PL4}, {2017, 6, ExportOperation::excel_mod_17_PL6},
-    {2017, 5, ExportOperation::excel_mod_17_PL1},        {2017, kAnyForm, ExportOperation::excel_mod_17_PL4},
-    {kNoStart, kAnyForm, ExportOperation::excel_mod},
+    {2021, forms::RunsAsCompany, ExportOperation::excel_mod_21_PL6},
+    {2021, forms::RunsAsFirm, ExportOperation::excel_mod_21_PL1},
+    {2021, forms::Any, ExportOperation::excel_mod_21_PL4},
+    {2017, forms::RunsAsCompany, ExportOperation::excel_mod_17_PL6},
+    {2017, forms::RunsAsFirm, ExportOperation::excel_mod_17_PL1},
+    {2017, forms::Any, ExportOperation::excel_mod_17_PL4},
+    {forms::kNoStart, forms::Any, ExportOperation::excel_mod},
 };
 
 constexpr xls::Colour kYellow = {255, 255, 0};
@@ -264,11 +264,8 @@ void Unlock(xls::Sheet& sheet, std::string_view cells)
 
 ExportOperation ExportOperationFor(const StatementForm& form)
 {
-    return std::ranges::find_if(kChoices,
-                                [&](const Choice& choice) {
-                                    return choice.firstYear <= form.year &&
-                                           (choice.GlITR == form.GlITR || choice.GlITR == kAnyForm);
-                                })
+    return std::ranges::find_if(
+               kChoices, [&](const Choice& choice) { return choice.firstYear <= form.year && choice.serves(form); })
         ->operation;
 }
 

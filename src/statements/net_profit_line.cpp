@@ -1,12 +1,13 @@
 #include "statements/net_profit_line.h"
 
+#include "statements/form_predicates.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace pgbp {
 namespace {
 
-constexpr int kNoEnd = std::numeric_limits<int>::max();
+using namespace forms;
 
 /// Where an operation finds the net profit: a distance from the number of grid rows, or a line of its own (shown as a
 /// number without grouping). 0 and 0: the label is left alone.
@@ -38,7 +39,7 @@ ProfitPlace PlaceOfNetProfit(TotalsOperation operation, const StatementForm& for
     const auto line = std::ranges::find_if(kNetProfitLines, [&](const NetProfitLine& candidate) {
         return candidate.operation == operation && form.year <= candidate.lastYear;
     });
-    return form.GlITR == 5 ? line->firm : form.GlITR == 6 ? line->company : line->other;
+    return RunsAsFirm(form) ? line->firm : RunsAsCompany(form) ? line->company : line->other;
 }
 
 } // namespace

@@ -1,20 +1,13 @@
 #include "statements/statement_form.h"
 
+#include "statements/form_predicates.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace pgbp {
 namespace {
 
-constexpr int kNoStart = std::numeric_limits<int>::min();
-constexpr int kNoEnd = std::numeric_limits<int>::max();
-
-bool IsFirm(const StatementForm& form) { return form.GlITR == 5 && !form.ItrThreeCase; }
-bool IsIndividual(const StatementForm& form) { return form.FormITR == 4; }
-bool IsItrThree(const StatementForm& form) { return form.ItrThreeCase; }
-bool IsCompany(const StatementForm& form) { return form.GlITR == 6; }
-bool RunsAsFirmOrCompany(const StatementForm& form) { return form.GlITR == 5 || form.GlITR == 6; }
-bool IsAny(const StatementForm&) { return true; }
+using namespace forms;
 
 /// A profit and loss template and whom it serves in which years. `#` in the name stands for the form's number.
 struct TemplateChoice {
@@ -24,17 +17,17 @@ struct TemplateChoice {
     std::string_view name;
 };
 constexpr TemplateChoice kTemplateChoices[] = {
-    {.firstYear = 2019, .lastYear = kNoEnd, .serves = IsFirm, .name = "PL_5_2019"},
-    {.firstYear = 2018, .lastYear = 2018, .serves = IsFirm, .name = "PL_5_2018a"},
-    {.firstYear = 2017, .lastYear = 2017, .serves = IsFirm, .name = "PL_5_2017"},
-    {.firstYear = 2015, .lastYear = 2016, .serves = IsFirm, .name = "PL_5_2015"},
-    {.firstYear = 2019, .lastYear = kNoEnd, .serves = IsIndividual, .name = "PL_3_2019"},
+    {.firstYear = 2019, .lastYear = kNoEnd, .serves = FilesAsFirm, .name = "PL_5_2019"},
+    {.firstYear = 2018, .lastYear = 2018, .serves = FilesAsFirm, .name = "PL_5_2018a"},
+    {.firstYear = 2017, .lastYear = 2017, .serves = FilesAsFirm, .name = "PL_5_2017"},
+    {.firstYear = 2015, .lastYear = 2016, .serves = FilesAsFirm, .name = "PL_5_2015"},
+    {.firstYear = 2019, .lastYear = kNoEnd, .serves = FilesAsIndividual, .name = "PL_3_2019"},
     {.firstYear = 2017, .lastYear = 2017, .serves = IsItrThree, .name = "PL_#_2"},
     {.firstYear = 2018, .lastYear = kNoEnd, .serves = IsItrThree, .name = "PL_#_2018"},
-    {.firstYear = 2019, .lastYear = kNoEnd, .serves = IsCompany, .name = "PL_6_2019"},
-    {.firstYear = 2018, .lastYear = 2018, .serves = IsCompany, .name = "PL_6_2018"},
+    {.firstYear = 2019, .lastYear = kNoEnd, .serves = RunsAsCompany, .name = "PL_6_2019"},
+    {.firstYear = 2018, .lastYear = 2018, .serves = RunsAsCompany, .name = "PL_6_2018"},
     {.firstYear = 2013, .lastYear = kNoEnd, .serves = RunsAsFirmOrCompany, .name = "PL_#_1"},
-    {.firstYear = kNoStart, .lastYear = kNoEnd, .serves = IsAny, .name = "PL_#"},
+    {.firstYear = kNoStart, .lastYear = kNoEnd, .serves = Any, .name = "PL_#"},
 };
 
 std::string WithNumber(std::string_view name, int number)

@@ -1,10 +1,13 @@
 #include "statements/totals_rules.h"
 
+#include "statements/form_predicates.h"
+
 #include <algorithm>
-#include <limits>
 
 namespace pgbp {
 namespace {
+
+using namespace forms;
 
 // -- Forms from 2019: Manufacturing Account, Trading Account, Profit and Loss Account
 
@@ -322,26 +325,15 @@ constexpr std::string_view kCompanyUpTo2012[] = {kCreditsUpTo2012, kFirmAndCompa
 103 = 96 - 102
 )"};
 
-constexpr int kNoEnd = std::numeric_limits<int>::max();
-
-bool IsAny(const StatementForm&) { return true; }
-bool IsItrThree(const StatementForm& form) { return form.ItrThreeCase; }
-bool RunsAsFour(const StatementForm& form) { return form.GlITR == 4; }
-bool RunsAsFirm(const StatementForm& form) { return form.GlITR == 5; }
-bool IsCompany(const StatementForm& form) { return form.GlITR == 6; }
-bool IsIndividual(const StatementForm& form) { return form.FormITR == 4; }
-bool IsFirm(const StatementForm& form) { return form.FormITR == 5; }
-bool RunsAsFirmOrCompany(const StatementForm& form) { return RunsAsFirm(form) || IsCompany(form); }
-
 struct Dispatch {
     int firstYear;
     bool (*serves)(const StatementForm&);
     TotalsOperation operation;
 };
 constexpr Dispatch kDispatches[] = {
-    {2019, IsIndividual, TotalsOperation::Cal_Total_4}, {2019, IsCompany, TotalsOperation::Cal_Total_6},
-    {2019, IsFirm, TotalsOperation::Cal_Total_5},       {2018, RunsAsFirm, TotalsOperation::Cal_Total_3},
-    {2017, RunsAsFirm, TotalsOperation::Cal_Total_2},   {2013, RunsAsFirmOrCompany, TotalsOperation::Cal_Total_1},
+    {2019, FilesAsIndividual, TotalsOperation::Cal_Total_4}, {2019, RunsAsCompany, TotalsOperation::Cal_Total_6},
+    {2019, FilesAsFirm, TotalsOperation::Cal_Total_5},       {2018, RunsAsFirm, TotalsOperation::Cal_Total_3},
+    {2017, RunsAsFirm, TotalsOperation::Cal_Total_2},        {2013, RunsAsFirmOrCompany, TotalsOperation::Cal_Total_1},
 };
 
 /// Within an operation the first line that serves the form, up to its last year, gives the rules.
@@ -352,21 +344,21 @@ struct RuleSet {
     std::span<const std::string_view> rules;
 };
 constexpr RuleSet kRuleSets[] = {
-    {TotalsOperation::Cal_Total_4, kNoEnd, IsAny, kIndividual2019},
-    {TotalsOperation::Cal_Total_5, kNoEnd, IsAny, kFirm2019},
-    {TotalsOperation::Cal_Total_6, kNoEnd, IsAny, kCompany2019},
+    {TotalsOperation::Cal_Total_4, kNoEnd, Any, kIndividual2019},
+    {TotalsOperation::Cal_Total_5, kNoEnd, Any, kFirm2019},
+    {TotalsOperation::Cal_Total_6, kNoEnd, Any, kCompany2019},
     {TotalsOperation::Cal_Total_3, kNoEnd, IsItrThree, kIndividual2018},
-    {TotalsOperation::Cal_Total_3, kNoEnd, IsAny, kFirm2018},
+    {TotalsOperation::Cal_Total_3, kNoEnd, Any, kFirm2018},
     {TotalsOperation::Cal_Total_2, kNoEnd, IsItrThree, kIndividual2017},
-    {TotalsOperation::Cal_Total_2, kNoEnd, IsAny, kFirm2017},
-    {TotalsOperation::Cal_Total_1, 2017, IsCompany, kCompany2013},
-    {TotalsOperation::Cal_Total_1, kNoEnd, IsCompany, kCompany2018},
+    {TotalsOperation::Cal_Total_2, kNoEnd, Any, kFirm2017},
+    {TotalsOperation::Cal_Total_1, 2017, RunsAsCompany, kCompany2013},
+    {TotalsOperation::Cal_Total_1, kNoEnd, RunsAsCompany, kCompany2018},
     {TotalsOperation::Cal_Total_1, kNoEnd, IsItrThree, kFirm2013},
     {TotalsOperation::Cal_Total_1, 2014, RunsAsFirm, kFirm2013},
     {TotalsOperation::Cal_Total_1, kNoEnd, RunsAsFirm, kFirm2015},
-    {TotalsOperation::Cal_Total, kNoEnd, RunsAsFour, kIndividualUpTo2012},
+    {TotalsOperation::Cal_Total, kNoEnd, RunsAsIndividual, kIndividualUpTo2012},
     {TotalsOperation::Cal_Total, kNoEnd, RunsAsFirm, kFirmUpTo2012},
-    {TotalsOperation::Cal_Total, kNoEnd, IsCompany, kCompanyUpTo2012},
+    {TotalsOperation::Cal_Total, kNoEnd, RunsAsCompany, kCompanyUpTo2012},
 };
 
 } // namespace
