@@ -11,7 +11,7 @@ namespace {
 struct TemplateRepair {
     std::string_view dType;
     int firstYear;
-    std::size_t completeRows; ///< with fewer the template counts as missing
+    int completeRows; ///< with fewer the template counts as missing
     bool opensBadDebts;
 };
 constexpr TemplateRepair kRepairs[] = {
@@ -30,13 +30,13 @@ constexpr std::string_view kRowsOfTemplate = "select * from {taxaudit} where d_t
 
 bool IsMissing(const Connection& tax, const TemplateRepair& repair)
 {
-    return tax.Query(kRowsOfTemplate, repair.dType).Size() < repair.completeRows;
+    return tax.Scalar("select count(*) from {taxaudit} where d_type = ?", repair.dType).Number() < repair.completeRows;
 }
 
 bool HasBadDebtsToOpen(const Connection& tax, const TemplateRepair& repair)
 {
-    return repair.opensBadDebts &&
-           !tax.Query("select slno from {taxaudit} where slno = ? and blocked <> 0", kBadDebtsWithoutPan).Empty();
+    constexpr std::string_view closed = "select count(*) from {taxaudit} where slno = ? and blocked <> 0";
+    return repair.opensBadDebts && tax.Scalar(closed, kBadDebtsWithoutPan).Number() > 0;
 }
 
 /// The two tables are of one make: a field goes to the field at its place, whatever they are called.

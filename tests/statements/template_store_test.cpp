@@ -19,13 +19,15 @@ class TemplateStore : public testing::Test {
     const TemporaryFolder program;
     const Connection tax = OpenNewDataFiles(practice_, {"tax"})[0];
 
-    void PutReference(std::string_view dType, int rows)
+    Connection Reference() const
     {
         const auto path = program.path() / "qel.mmm";
         if (!exists(path))
             CreateEmbeddedFile(path, "qel");
-        Put(OpenFile({.path = path, .dsn = {}}), dType, rows, "reference");
+        return OpenFile({.path = path, .dsn = {}});
     }
+
+    void PutReference(std::string_view dType, int rows) { Put(Reference(), dType, rows, "reference"); }
 
     void Put(const Connection& file, std::string_view dType, int rows, const char* caption, int firstSlno = 1)
     {
@@ -115,6 +117,28 @@ TEST_F(TemplateStore, BadDebtsAreOpenedInEveryTemplateByThoseOf2019)
         EXPECT_EQ(isClosed("PL_5_2017"), !opens) << dType;
         EXPECT_TRUE(isClosed("PL_5_2015")) << dType;
     }
+}
+
+TEST_F(TemplateStore, FieldsAreTakenOverByTheirPlaceWhateverTheirNames)
+{
+    PutReference("PL_3_2019", 2);
+    for (const auto* renaming : {"s_1 to x", "s_2 to s_1", "x to s_2", "Descr2 to Caption"})
+        Reference().Execute("alter table {taxaudit} rename column " + std::string(renaming));
+    Reference().Execute("update {taxaudit} set s_2 = 'first', s_1 = 'second'");
+    RepairTemplate(tax, program.path(), "PL_3_2019", 2020);
+    const auto rows = Load("PL_3_2019");
+    ASSERT_EQ(rows.size(), 2u);
+    EXPECT_EQ(rows[1].serials, (std::array<std::string, 6>{"", "", "first", "second", "", ""}));
+    EXPECT_EQ(rows[1].captions[1], "reference");
+}
+
+TEST_F(TemplateStore, AReferenceOfOtherColumnsIsRefused)
+{
+    PutReference("PL_5_2019", 197);
+    Put(tax, "PL_5_2019", 3, "own");
+    Reference().Execute("alter table {taxaudit} add column more text");
+    EXPECT_THROW(RepairTemplate(tax, program.path(), "PL_5_2019", 2020), StoreError);
+    EXPECT_EQ(Load("PL_5_2019").size(), 3u) << "what stood is not deleted";
 }
 
 TEST_F(TemplateStore, AFailedRepairLeavesTheTemplateAsItWas)
