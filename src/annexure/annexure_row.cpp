@@ -1,6 +1,6 @@
 #include "annexure/annexure_row.h"
 
-#include "annexure/rupees.h"
+#include "services/format.h"
 
 #include <algorithm>
 

@@ -1,8 +1,8 @@
 #include "annexure/annexure_store.h"
 
 #include "annexure/block_check.h"
-#include "annexure/rupees.h"
 #include "records/keys.h"
+#include "services/format.h"
 #include "services/text.h"
 
 namespace pgbp {

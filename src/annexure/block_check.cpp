@@ -1,6 +1,6 @@
 #include "annexure/block_check.h"
 
-#include "annexure/rupees.h"
+#include "services/format.h"
 
 #include <algorithm>
 #include <string_view>

@@ -131,6 +131,8 @@ double RoundOff(double amount, int places)
     return negative ? -rounded : rounded;
 }
 
+double rupees::RoundedByText(double amount) { return ShownRupees(RoundOff(amount, 0)); }
+
 double ParseAmount(std::string_view text)
 {
     std::string digits;

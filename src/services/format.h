@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cmath>
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -34,5 +36,46 @@ inline constexpr int kIndianGrouping = -1;
 /// minus is set aside, the places stay as given; a text that is no number, or any other flag, gives the text back
 /// unchanged.
 std::string FormatAmountIndian(std::string_view amount, int flag);
+
+namespace rupees {
+
+/// Below this a whole number has at most 15 digits, and every format gives it back digit by digit.
+inline constexpr double kExactWhole = 1e15;
+
+/// From .495 on the paise round to 50 and the rupee goes up. So near to it, only the text can tell, for amounts below
+/// kPlainAmount.
+inline constexpr double kTurningPoint = 0.495;
+inline constexpr double kTooNear = 1e-4;
+inline constexpr double kPlainAmount = 1e9;
+
+inline double WithoutPaise(double amount) { return static_cast<double>(static_cast<std::int64_t>(amount)); }
+
+double RoundedByText(double amount);
+
+} // namespace rupees
+
+/// Whole rupees of at most 15 digits, which a text gives back as they are.
+inline bool IsExactWhole(double amount)
+{
+    return std::fabs(amount) < rupees::kExactWhole && amount == rupees::WithoutPaise(amount);
+}
+
+/// Val(Rupees(amount)): what a field that shows whole rupees gives back. Without the text where the result is beyond
+/// doubt, as in RoundedRupees: a long annexure asks for thousands of them.
+inline double ShownRupees(double amount) { return IsExactWhole(amount) ? amount : Val(Rupees(amount)); }
+
+/// Val(Rupees(RoundOff(amount, 0))): first rounded to paise, then .50 goes up, so 10.495 is 11. Throws
+/// std::overflow_error for an amount that is not finite.
+inline double RoundedRupees(double amount)
+{
+    const double positive = std::fabs(amount);
+    if (!(positive < rupees::kPlainAmount))
+        return rupees::RoundedByText(amount);
+    const double whole = rupees::WithoutPaise(positive);
+    const double aboveTurn = positive - whole - rupees::kTurningPoint;
+    if (std::fabs(aboveTurn) < rupees::kTooNear)
+        return rupees::RoundedByText(amount);
+    return std::copysign(whole + static_cast<double>(aboveTurn > 0), amount);
+}
 
 } // namespace pgbp

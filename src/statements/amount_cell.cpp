@@ -12,14 +12,6 @@ namespace {
 /// As many places as a double has digits: the text of the figure itself.
 constexpr std::string_view kEveryPlace = "###0.000000000000000";
 
-/// Whole rupees below this have at most 15 digits, which every format gives back digit by digit.
-constexpr double kExactWhole = 1e15;
-
-bool IsExactWhole(double figure)
-{
-    return std::fabs(figure) < kExactWhole && figure == static_cast<double>(static_cast<std::int64_t>(figure));
-}
-
 std::string WithoutZeroPlaces(std::string text)
 {
     text.erase(text.find_last_not_of('0') + 1);

@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <limits>
+#include <random>
 
 using namespace pgbp;
 
@@ -141,5 +142,31 @@ TEST(AmountTexts, ParseAndGroup)
         EXPECT_EQ(FormatAmountIndian(row.plain, kIndianGrouping), row.grouped);
         EXPECT_EQ(FormatAmountIndian(row.plain, 0), row.plain);
         EXPECT_EQ(ParseAmount(row.grouped), row.plain == std::string("1,000") ? 1000 : Val(row.plain));
+    }
+}
+
+/// The short way for amounts away from the turning point must not differ from RoundOff.
+TEST(Rupees, ShortWaysGiveWhatTheTextsGive)
+{
+    const std::pair<double, double> byHand[] = {{10.495, 11},           {10.494, 10},           {10.4949, 10},
+                                                {10.4950001, 11},       {-10.495, -11},         {0.004, 0},
+                                                {-0.495, -1},           {112.5, 113},           {150.45, 150},
+                                                {1e9 + 0.495, 1e9 + 1}, {1e12 + 0.5, 1e12 + 1}, {999999.499, 1000000}};
+    for (const auto& [amount, rupees] : byHand)
+        EXPECT_EQ(RoundedRupees(amount), rupees) << amount;
+
+    std::mt19937_64 random(11);
+    for (int i = 0; i < 20000; ++i) {
+        const double whole = static_cast<double>(random() % 100000000);
+        const double near = whole + 0.495 + static_cast<double>(static_cast<int>(random() % 401) - 200) * 1e-6;
+        const double product = whole * static_cast<double>(random() % 10000) / 100 / 200;
+        for (const double amount : {near, -near, product, -product})
+            ASSERT_EQ(RoundedRupees(amount), Val(Rupees(RoundOff(amount, 0)))) << amount;
+    }
+    for (const double amount : {0.0, 0.5, -0.5, 1e15, 1e15 - 1, 1e15 + 2, 1e300, 123456.5, -7.25, -123456789.0})
+        EXPECT_EQ(ShownRupees(amount), Val(Rupees(amount))) << amount;
+    for (const double endless : {std::numeric_limits<double>::infinity(), std::numeric_limits<double>::quiet_NaN()}) {
+        EXPECT_THROW(ShownRupees(endless), std::overflow_error);
+        EXPECT_THROW(RoundedRupees(endless), std::overflow_error);
     }
 }
