@@ -47,6 +47,10 @@ TEST(FormulaTest, ResultsWorkedOutByHand)
         {"=C1-sum(C1:C2,D1)", -51.0},
         {"=sum(C1-(C2+C2))", -31.0},
         {"=sum(sum(C1,C2),sum(C1))", 40.5},
+        {"=sum(sum(C1:C2))", 30.5},
+        {"=sum(sum(C1:C2),1)", 31.5},
+        {"=sum(sum(C1:C2)+1)", 31.5},
+        {"=sum(sum(C3))", 0.0}, // the inner sum passes over the text
         // A text counts where an operator takes its value, and does not where SUM walks over its cell.
         {"=C3+1", 8.0},
         {"=sum(C3)", 0.0},

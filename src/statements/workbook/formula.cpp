@@ -130,9 +130,11 @@ class Parser {
         const auto first = static_cast<std::ptrdiff_t>(formula_.size());
         Expression();
         Token& token = *(formula_.begin() + first);
-        token.isReference = (token.operation == Operation::Cell || token.operation == Operation::Cells) &&
-                            std::all_of(formula_.begin() + first + 1, formula_.end(),
-                                        [](const Token& t) { return t.operation == Operation::Brackets; });
+        // the first token of an inner sum keeps what that sum made of it
+        if ((token.operation == Operation::Cell || token.operation == Operation::Cells) &&
+            std::all_of(formula_.begin() + first + 1, formula_.end(),
+                        [](const Token& t) { return t.operation == Operation::Brackets; }))
+            token.isReference = true;
     }
 
     void Reference(Position first)

@@ -12,6 +12,8 @@ namespace {
 /// The most bytes of text in all cells together. Many cells can share one text in a small file, and each gets its own
 /// copy.
 constexpr std::size_t kMostText = 64u << 20;
+/// The most cells of all sheets together: a few bytes of the file can stand for hundreds of them.
+constexpr std::size_t kMostCells = 1'000'000;
 
 [[noreturn]] void FailDamaged(const std::string& what)
 {
@@ -209,6 +211,8 @@ class WorkbookReader {
             if (text_ > kMostText)
                 throw WorkbookError("The workbook holds more text than can be read.");
         }
+        if (++cells_ > kMostCells)
+            throw WorkbookError("The workbook holds more cells than can be read.");
         sheet.cells.insert_or_assign(sheet.cells.end(), position, Cell{std::move(value)});
     }
 
@@ -227,7 +231,8 @@ class WorkbookReader {
     std::vector<std::string> strings_;
     std::optional<Position> textOf_; // the formula whose text is still to come
     std::size_t text_ = 0;           // bytes of text in cells so far
-    std::size_t walked_ = 0;         // bytes of the stream that sheets took so far
+    std::size_t cells_ = 0;
+    std::size_t walked_ = 0; // bytes of the stream that sheets took so far
 };
 
 std::string StreamOf(std::string_view file)

@@ -183,7 +183,8 @@ class SheetWriter {
         double points = 10;
         for (auto cell = begin; cell != end; ++cell)
             points = std::max(points, cell->second.style.fontSize);
-        const auto twips = std::lround(std::min(points, 409.0) * 25.5);
+        constexpr long kTallestRow = 8192;
+        const auto twips = std::min(std::lround(points * 25.5), kTallestRow);
         Record(stream_, RecordId::Row)
             .U16(begin->first.row)
             .U16(begin->first.column)
