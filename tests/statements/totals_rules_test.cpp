@@ -1,6 +1,5 @@
 #include "statements/ind_as_totals.h"
-#include "statements/statement_totals.h"
-#include "statements/template_files.h"
+#include "statements/served_totals.h"
 #include "statements/totals_rules.h"
 
 #include "services/format.h"
@@ -85,31 +84,6 @@ class Backwards {
     std::map<int, long> entries_;
     std::map<int, long> known_;
 };
-
-/// The totals that the module runs over the template.
-StatementTotals TotalsOf(const TemplateFile& file)
-{
-    struct Served {
-        const char* name;
-        int year, glITR;
-    };
-    static constexpr Served kServed[] = {
-        {"PL_4", 2012, 4},      {"PL_5", 2012, 5},       {"PL_6", 2012, 6},      {"PL_5_1", 2016, 4},
-        {"PL_5_2015", 2016, 5}, {"PL_6_1", 2017, 6},     {"PL_5_2", 2017, 4},    {"PL_5_2017", 2017, 5},
-        {"PL_5_2018", 2018, 4}, {"PL_5_2018a", 2018, 5}, {"PL_6_2018", 2018, 6}, {"PL_3_2019", 2026, 4},
-        {"PL_5_2019", 2026, 5}, {"PL_6_2019", 2026, 6},
-    };
-    const auto served = std::ranges::find(kServed, file.name, &Served::name);
-    if (served == std::end(kServed)) {
-        const auto statement = file.name == "INDASPL" ? IndStatement::INDPNL : IndStatement::INDBS;
-        return {IndTotalsRules(statement, file.rows.size()), file.rows.size()};
-    }
-    const auto form = OpenStatementForm(served->year, served->glITR, StatementKind::ProfitAndLoss);
-    EXPECT_EQ(TemplateName(form), file.name);
-    return {TotalsRules(OperationFor(form), form), file.rows.size()};
-}
-
-bool IsEntry(const TemplateRow& row) { return row.isNumber && !row.isBlocked; }
 
 /// Figure of `result` when 1 stands in `line` alone: how often, and with which sign, the line counts.
 double Weight(const StatementTotals& totals, std::size_t rows, std::size_t line, std::size_t result)
