@@ -176,6 +176,8 @@ std::vector<std::string> AssessmentYears(const Practice& practice)
     std::vector<std::string> years;
     for (const Row row : practice.company.Query("select name from {misc} where [type] = 'YEAR' order by name"))
         years.push_back(row.At(0).Text());
+    if (years.empty())
+        Refuse("The practice has no assessment years: table misc of company.mdb holds no row of type YEAR.");
     return years;
 }
 

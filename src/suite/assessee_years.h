@@ -51,7 +51,8 @@ double AddAssessee(const Practice& practice, const Assessee& assessee);
 /// asks for. Throws std::runtime_error when the client or the year is unknown or he has the year already.
 std::string AddYear(const Practice& practice, double client, std::string_view year, double itr = 0);
 
-/// The assessment years that an assessee can have, in ascending order.
+/// The assessment years that an assessee can have, in ascending order; never empty. Throws std::runtime_error when
+/// the practice has none.
 std::vector<std::string> AssessmentYears(const Practice& practice);
 
 /// The number of the return form of an assessee-year, as the module finds it; 0 when it is not noted.

@@ -6,6 +6,7 @@
 #include "services/format.h"
 #include "services/year.h"
 #include "suite/chooser_dialogs.h"
+#include "suite/head_of_income.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -150,19 +151,25 @@ void ChooserWindow::BuildBottom()
 
 void ChooserWindow::Connect()
 {
+    const auto guarded = [this](void (ChooserWindow::*work)()) {
+        return [this, work] { Guarded([&] { (this->*work)(); }); };
+    };
     connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
-        found_.Search(text);
-        Choose(0);
+        Guarded([&] {
+            found_.Search(text);
+            Choose(0);
+        });
     });
     connect(search_, &QLineEdit::returnPressed, this, [this] { Open(); });
     module_.ended = [this](const QString& failure, const QString& said) { ModuleEnded(failure, said); };
     search_->installEventFilter(this);
     table_->installEventFilter(this);
     connect(table_, &QTableView::doubleClicked, this, [this] { Open(); });
-    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this, [this] { ShowMinors(); });
+    connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            guarded(&ChooserWindow::ShowMinors));
     connect(open_, &QPushButton::clicked, this, [this] { Open(); });
-    connect(addAssessee_, &QPushButton::clicked, this, [this] { AddAssessee(); });
-    connect(addYear_, &QPushButton::clicked, this, [this] { AddYearOfChosen(); });
+    connect(addAssessee_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddAssessee));
+    connect(addYear_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddYearOfChosen));
     connect(close_, &QPushButton::clicked, this, [this] { close(); });
 }
 
@@ -208,14 +215,14 @@ const AssesseeYear* ChooserWindow::Chosen() const
 void ChooserWindow::ShowMinors()
 {
     const AssesseeYear* chosen = Chosen();
+    open_->setEnabled(chosen && !module_.IsRunning());
+    addYear_->setEnabled(chosen);
     whose_->clear();
     whose_->addItem("the assessee, with his minors", 0);
     if (chosen)
         for (const double minor : MinorsOf(practice_, chosen->code))
             whose_->addItem(QString("minor %1").arg(minor), minor);
     whose_->setEnabled(whose_->count() > 1);
-    open_->setEnabled(chosen && !module_.IsRunning());
-    addYear_->setEnabled(chosen);
 }
 
 HandOver ChooserWindow::HandOverOfChosen(const AssesseeYear& chosen) const
@@ -234,8 +241,8 @@ void ChooserWindow::Open()
         return;
     Guarded([&] {
         WriteHandOverFile(practice_, HandOverOfChosen(*chosen));
+        MarkHeadOfIncome(practice_, chosen->code);
         openCode_ = chosen->code;
-        writtenBefore_ = practice_.HeadWritten();
         Tell(Text(chosen->name + ", " + chosen->year + " is open in the module."));
         module_.Start(practice_.folders.program);
         ShowMinors();
@@ -249,24 +256,25 @@ void ChooserWindow::ModuleEnded(const QString& failure, const QString& said)
         const AssesseeYear year = FindAssesseeYear(practice_, openCode_);
         if (!failure.isEmpty())
             Tell(failure + ' ' + said, true);
-        else if (!year.headOfIncome || practice_.HeadWritten() == writtenBefore_)
+        else if (!HeadOfIncomeCameBack(practice_, openCode_))
             Tell("The module ended without writing the head of income of " + Text(openCode_) + ". " + said, true);
         else
             Tell(QString("Profits & gains of %1, %2: %3")
                      .arg(Text(year.name), Text(year.year),
                           Text(FormatAmountIndian(Amount(*year.headOfIncome), kIndianGrouping))));
     });
-    ShowMinors();
+    Guarded([&] { ShowMinors(); });
 }
 
 void ChooserWindow::AddAssessee()
 {
+    const std::string latest = AssessmentYears(practice_).back();
     AddAssesseeDialog dialog(this, practice_);
     if (dialog.exec() != QDialog::Accepted)
         return;
     const std::string name =
         practice_.company.Scalar("select comp_name from {assessee} where company = ?", dialog.number()).Text();
-    AddYear(dialog.number(), name, AssessmentYears(practice_).back());
+    AddYear(dialog.number(), name, latest);
 }
 
 void ChooserWindow::AddYearOfChosen()

@@ -45,6 +45,7 @@ class ChooserWindow : public QWidget {
     void AddYearOfChosen();
     void ModuleEnded(const QString& failure, const QString& said);
     void Tell(const QString& text, bool isFailure = false);
+    /// Tells what the work throws: an exception that leaves a slot would end the program.
     void Guarded(const std::function<void()>& work);
     HandOver HandOverOfChosen(const AssesseeYear& chosen) const;
 
@@ -52,8 +53,7 @@ class ChooserWindow : public QWidget {
 
     Practice practice_;
     ModuleProcess module_;
-    std::string openCode_;                          ///< of the assessee-year that the module has open, or had last
-    std::filesystem::file_time_type writtenBefore_; ///< the head of income, before the module was started
+    std::string openCode_; ///< of the assessee-year that the module has open, or had last
     AssesseeYearModel years_;
     SearchModel found_;
 

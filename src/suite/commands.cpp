@@ -115,9 +115,9 @@ void RunAndShow(Suite& suite, Words words)
 {
     HandOverCommand(suite, words);
     const Practice practice(suite.programFolder);
-    const auto before = practice.HeadWritten();
+    MarkHeadOfIncome(practice, words[0]);
     RunModule(suite);
-    if (practice.HeadWritten() == before)
+    if (!HeadOfIncomeCameBack(practice, words[0]))
         suite.out << "The module ended without writing the head of income.\n";
     Show(suite, words.first(1));
 }

@@ -40,6 +40,21 @@ std::optional<std::vector<HeadLine>> HeadOfIncome(const Practice& practice, std:
     return lines;
 }
 
+// The module replaces the row and leaves SNO empty in it. Neither the amounts nor the place of the row in the file
+// would tell: a second run may well write the same amounts, and a row deleted at the end of the table gives its place
+// to the next one.
+void MarkHeadOfIncome(const Practice& practice, std::string_view code)
+{
+    practice.balance.Execute("update {qelgeneral} set SNO = 1 where code = ? and [Type] = 'BUSI'", code);
+}
+
+bool HeadOfIncomeCameBack(const Practice& practice, std::string_view code)
+{
+    return !practice.balance
+                .Query("select code from {qelgeneral} where code = ? and [Type] = 'BUSI' and SNO is null", code)
+                .Empty();
+}
+
 std::string InWords(const std::vector<HeadLine>& lines)
 {
     constexpr std::size_t captionWidth = 46, amountWidth = 20;

@@ -49,9 +49,4 @@ std::filesystem::path Practice::HandOverFile() const
     return drive / "VornTemp.mdb";
 }
 
-std::filesystem::file_time_type Practice::HeadWritten() const
-{
-    return std::filesystem::last_write_time(folders.Server() / "balance.mdb");
-}
-
 } // namespace pgbp

@@ -28,10 +28,6 @@ class Practice {
 
     /// The hand-over file, as the module itself looks for it.
     std::filesystem::path HandOverFile() const;
-
-    /// When the file that holds the head of income was written last. A module that ended without its Back button, or
-    /// never got to its first screen, left it alone.
-    std::filesystem::file_time_type HeadWritten() const;
 };
 
 /// True when a practice stands in the folder.

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPushButton>
 #include <QTableView>
 #include <QTest>
 
@@ -68,11 +69,15 @@ TEST_F(Chooser, FindsByTypingAndWalksWithTheArrows)
 
 TEST_F(Chooser, EnterStartsTheModuleOnTheRowAndStaysAlive)
 {
-    Write("sleep 0.3; touch \"$PGBP_PROGRAM_FOLDER/server/balance.mdb\"; echo \"$PGBP_PROGRAM_FOLDER\" > \"$0.seen\"");
+    Write("echo \"$PGBP_PROGRAM_FOLDER\" > \"$0.seen\"; until [ -e \"$0.back\" ]; do sleep 0.02; done");
     window.Search("1006r2022");
     QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Return);
     WaitFor("is open in the module");
     window.Open(); // a second run waits for the first to end
+    const Connection balance = folder.Open().balance;
+    balance.Delete("from {qelgeneral} where code = '1006r2022-23' and [Type] = 'BUSI'");
+    balance.Insert("qelgeneral", {{"code", "1006r2022-23"}, {"Type", "BUSI"}, {"amt14", 497000}});
+    scripts.Write("module.back", "");
     WaitFor("Profits & gains of Gurpreet Singh, 2022-23: 4,97,000.00");
     EXPECT_EQ(scripts.Read("module.seen"), folder.folder().string() + "\n");
 }
@@ -84,12 +89,13 @@ TEST_F(Chooser, TellsWhyTheModuleEnded)
         const char* message;
     };
     constexpr Case kCases[] = {
-        {"exit 0", "ended without writing the head of income of 1001r2023-24"},
-        {"echo Login failed >&2", "of 1001r2023-24. Login failed"},
+        {"exit 0", "ended without writing the head of income of 1001r2022-23"},
+        {"echo Login failed >&2", "of 1001r2022-23. Login failed"},
         {"exit 1", "ended with a failure"},
         {"kill -9 $$", "ended with a failure"},
+        {"touch \"$PGBP_PROGRAM_FOLDER/server/balance.mdb\"", "ended without writing the head of income"},
     };
-    window.Search("1001r2023");
+    window.Search("1001r2022");
     for (const auto& [script, message] : kCases) {
         Write(script);
         window.Open();
@@ -98,6 +104,30 @@ TEST_F(Chooser, TellsWhyTheModuleEnded)
     std::filesystem::remove(Module());
     window.Open();
     WaitFor("could not be started");
+}
+
+TEST_F(Chooser, TellsWhatTheStoreRefusesAndStaysOpen)
+{
+    const auto click = [&](const char* caption) {
+        for (auto* button : window.findChildren<QPushButton*>())
+            if (button->text() == caption)
+                QTest::mouseClick(button, Qt::LeftButton);
+    };
+    const Connection company = folder.Open().company;
+    company.Execute("delete from {misc} where [type] = 'YEAR'");
+    for (const char* caption : {"Add &Assessee ...", "Add Y&ear ..."}) {
+        window.Search("1001");
+        click(caption);
+        EXPECT_TRUE(Message().contains("no assessment years")) << caption;
+    }
+    company.Execute("drop table {business}");
+    QTest::keyClick(&Table(), Qt::Key_Down);
+    EXPECT_TRUE(Message().contains("no such table")) << Message().toStdString();
+    EXPECT_EQ(Table().currentIndex().row(), 1);
+    company.Execute("drop table {assessee1}");
+    Write("exit 1");
+    window.Open();
+    WaitFor("assessee1");
 }
 
 } // namespace
