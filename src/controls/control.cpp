@@ -18,8 +18,8 @@ bool Control::InFront() const
     const Control* top = this;
     while (top->container)
         top = top->container;
-    const auto* main = dynamic_cast<const frame*>(top);
-    return !main || main->place != FramePlace::Main || !form_.Card();
+    const auto* outermost = dynamic_cast<const frame*>(top);
+    return !outermost || outermost == form_.Front();
 }
 
 bool Control::Reachable() const

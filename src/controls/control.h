@@ -41,7 +41,7 @@ class Control {
 
     /// Visible itself, and so are the frames around it.
     bool Shown() const;
-    /// Not behind a side frame that lies over its main frame.
+    /// Not behind a side frame that lies over its frame.
     bool InFront() const;
     /// Shown, in front and enabled with the frames around it: a person can use it.
     bool Reachable() const;

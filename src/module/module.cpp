@@ -1,5 +1,6 @@
 #include "module/module.h"
 
+#include "computation/computation.h"
 #include "income/income.h"
 #include "startup/frmmdi.h"
 
@@ -11,6 +12,7 @@ void RegisterScreens(Run& run)
 {
     run.screens.Register("frmmdi", [](Run& itsRun) { return std::make_unique<frmmdi>(itsRun); });
     RegisterIncomeScreens(run.screens);
+    RegisterComputationScreens(run.screens);
 }
 
 std::filesystem::path ProgramFolder()

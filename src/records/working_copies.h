@@ -1,0 +1,28 @@
+#pragma once
+
+#include "startup/run.h"
+
+#include <string_view>
+
+namespace pgbp {
+
+// What a screen of a line of business works on until it is saved: `temp1` holds the detail rows of the line that is
+// open, `temp` those of the one list that is open. Both hold nothing that outlives the screen.
+
+/// Empties both working tables of the assessee, also of what a run left behind that did not end.
+void EmptyWorkingCopies(const Run& run);
+
+/// Copies the stored detail rows of a line to `temp1`, in place of what it held. The deductions of the summary, and the
+/// mark that the partners changed, stay out.
+void CopyLineToWork(const Run& run, double sno);
+
+/// Copies the rows of one list from `temp1` to `temp`, in place of what it held; Null texts come as empty ones.
+void OpenWorkList(const Run& run, std::string_view type);
+
+/// Replaces the rows of one list in `temp1` by the rows of `temp`, and empties that.
+void SaveWorkList(const Run& run, std::string_view type);
+
+/// Leaves the open list: `temp1` stays as it was.
+void DropWorkList(const Run& run);
+
+} // namespace pgbp
