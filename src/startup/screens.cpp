@@ -21,16 +21,16 @@ std::vector<std::string> Screens::Names() const
     return names;
 }
 
-void Screens::Show(std::string_view name, const Opening& opening) { Display(name, opening, false); }
+void Screens::Show(std::string_view name, const Opening& opening) { Display(name, opening, Placement::Alone); }
 
-void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, true); }
+void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, Placement::Modal); }
 
 void Screens::TellNotThereYet(std::string_view name) const
 {
     run_.Inform("The screen " + std::string(name) + " is not there yet.");
 }
 
-void Screens::Display(std::string_view name, const Opening& opening, bool modal)
+void Screens::Display(std::string_view name, const Opening& opening, Placement placement)
 {
     const auto factory = factories_.find(name);
     if (factory == factories_.end())
@@ -40,7 +40,7 @@ void Screens::Display(std::string_view name, const Opening& opening, bool modal)
         screen->caption = opening.caption;
     screen->Open(opening);
     Screen& opened = *screen;
-    shown_.push_back({std::move(screen), modal});
+    shown_.push_back({std::move(screen), placement});
     if (shown_.size() == 1) // an error of the frame window ends the start
         opened.Activate();
     else
@@ -50,10 +50,11 @@ void Screens::Display(std::string_view name, const Opening& opening, bool modal)
 
 void Screens::Return()
 {
+    const Placement placement = shown_.back().placement;
     left_.push_back(std::move(shown_.back().screen));
     shown_.pop_back();
     if (Screen* below = OnDisplay())
-        below->Do([&] { below->Activate(); });
+        below->Do([&] { placement == Placement::Modal ? below->ModalClosed() : below->Activate(); });
     changed();
 }
 
@@ -80,7 +81,7 @@ std::vector<Screen*> Screens::Displayed() const
     std::vector<Screen*> displayed;
     for (auto shown = shown_.rbegin(); shown != shown_.rend(); ++shown) {
         displayed.push_back(shown->screen.get());
-        if (!shown->modal)
+        if (shown->placement == Placement::Alone)
             break;
     }
     std::reverse(displayed.begin(), displayed.end());

@@ -16,11 +16,19 @@ class Run;
 
 enum class Mode { Add, Edit };
 
+/// One of several things of a kind, for a screen that keeps the details of one of them.
+struct Subject {
+    int index = 0; ///< its place among them, from 0
+    std::string section = {};
+    std::string description = {};
+};
+
 /// What a detail screen is opened with.
 struct Opening {
     std::string caption = {}; ///< of the screen; empty keeps its own
     Mode mode = Mode::Add;
     Record business = {}; ///< in Edit: the row of `business` that is to be changed
+    Subject subject = {};
 };
 
 /// A form of the module: it has the run.
@@ -32,6 +40,8 @@ class Screen : public Form {
 
     /// Comes before the first display.
     virtual void Open(const Opening&) {}
+    /// A modal screen that lay over this one was left.
+    virtual void ModalClosed() { Activate(); }
 };
 
 /// The screens of a run: which there are, which is on display, which lie hidden below it. A screen names another one,
@@ -55,7 +65,8 @@ class Screens {
     void TellNotThereYet(std::string_view name) const;
     /// Shows the screen over the one on display, which waits.
     void ShowModal(std::string_view name, const Opening& opening = {});
-    /// Leaves the screen on display for the one it was opened from, which becomes active.
+    /// Leaves the screen on display for the one it was opened from: that becomes active, or is told that the modal
+    /// screen over it is closed.
     void Return();
     /// Ends the run.
     void End();
@@ -72,12 +83,13 @@ class Screens {
     void Sweep() { left_.clear(); }
 
   private:
+    enum class Placement { Alone, Modal };
     struct Shown {
         std::unique_ptr<Screen> screen;
-        bool modal;
+        Placement placement;
     };
 
-    void Display(std::string_view name, const Opening& opening, bool modal);
+    void Display(std::string_view name, const Opening& opening, Placement placement);
 
     Run& run_;
     std::map<std::string, Factory, std::less<>> factories_;

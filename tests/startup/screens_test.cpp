@@ -22,6 +22,7 @@ class Traced : public Screen {
         trace += "open " + name() + (opening.mode == Mode::Edit ? "! " : " ");
     }
     void Activate() override { trace += "active " + name() + " "; }
+    void ModalClosed() override { trace += "closed over " + name() + " "; }
 
     cmd cmdback{*this, "cmdback", "&Back"};
     std::string& trace;
@@ -48,8 +49,9 @@ TEST(ScreensOfARun, HideShowAndReturn)
     EXPECT_EQ(run.screens.Find("note"), nullptr);
     run.screens.Return();
     run.screens.Sweep();
-    EXPECT_EQ(trace, "open hub active hub open detail! active detail open note active note active detail active hub "
-                     "-note -detail ");
+    EXPECT_EQ(trace,
+              "open hub active hub open detail! active detail open note active note closed over detail active hub "
+              "-note -detail ");
     run.screens.End();
     EXPECT_TRUE(run.screens.Ended());
     EXPECT_EQ(run.screens.OnDisplay(), nullptr);
