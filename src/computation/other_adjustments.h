@@ -1,0 +1,56 @@
+#pragma once
+
+#include "computation/section10abc.h"
+#include "computation/section35.h"
+
+#include <string_view>
+
+namespace pgbp {
+
+/// What the frame of the other adjustments asks of its screen.
+struct OtherAdjustmentsUse {
+    std::function<void(std::string_view type)> openList; ///< opens a list in place of `fra3`, which comes back after it
+    std::function<void()> balance;                       ///< recomputes the line, the totals of `fra3` included
+    std::function<void()> left;                          ///< after `fra3` is hidden: the focus goes back
+};
+
+/// `fra3`: what enters the line "Other Specific Adjustments": deemed income, adjustments of the sections 44B to 44BBB,
+/// allowances, scientific research and amounts claimed u/s 10A to 10C. The totals are set by the owner.
+class OtherAdjustments {
+  public:
+    OtherAdjustments(Screen& form, OtherAdjustmentsUse use);
+
+    void Open();
+    /// A screen that lay over this one was left.
+    void ModalClosed() { section10abc.Refresh(); }
+
+    frame fra3;
+    cmd cmd564;
+    label lbl564c;
+    label lbl564;
+    cmd cmd570;
+    label lbl570c;
+    label lbl570;
+    cmd cmd568;
+    label lbl568c;
+    label lbl568;
+    cmd Cmd35;
+    label Lbl35c;
+    label Lbl35;
+    cmd cmdbackother;
+    Section35 section35;
+    Section10abc section10abc;
+
+  private:
+    void LayOut();
+    void Wire();
+    void Open10abc();
+    void ComeBackTo(Control& button);
+    void Leave();
+
+    const Run& run_;
+    Form& form_;
+    const OtherAdjustmentsUse use_;
+};
+
+} // namespace pgbp

@@ -1,0 +1,70 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/text_controls.h"
+#include "startup/run.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+
+namespace pgbp {
+
+/// Amounts claimed u/s 10A, 10B and 10C: whether they apply to the assessee, and `Fra10abc`, from 2007 the claims by
+/// section. The sections are those of the suite's table `air`, at most eight; each has a screen of its own for its
+/// items. The two questions, the total and the button stand in a frame of the owner.
+class Section10abc {
+  public:
+    /// `balance` comes after each change of the two questions, `left` when the frame is hidden again.
+    Section10abc(Screen& form, const std::function<void()>& balance, std::function<void()> left);
+
+    /// Shows the sections with what is claimed under each, rupees.
+    void Open();
+    /// Takes over what was changed on the screen of a section.
+    void Refresh();
+
+    /// The sections apply, and the assessee has not opted out of them by a declaration.
+    bool IsClaimed() const { return chk10abc1.value && !chk10abc2.value; }
+    /// What of the amount claimed enters the computation, rupees.
+    double Counted(double claimed) const { return IsClaimed() ? claimed : 0; }
+
+    check chk10abc1;
+    check chk10abc2;
+    label lbl10abcc;
+    label lbl10abc;
+    cmd cmd10abc;
+
+    /// One section.
+    struct Line {
+        Line(Form& form, int itsIndex);
+        void Name(const std::string& itsSection, const std::string& itsDescription);
+        void Show(bool shows);
+        const int index;
+        std::string section;
+        std::string description;
+        label Lbl10;
+        label Lbl10_1;
+        label LblAmt;
+        cmd Cmd10A;
+    };
+
+    frame Fra10abc;
+    label lblSection;
+    std::deque<Line> lines;
+    cmd CmdBack10;
+
+  private:
+    void LayOut();
+    void ApplyQuestions();
+    void Fill();
+    void NameLines();
+    void OpenSection(const Line& line);
+    void Leave();
+
+    Run& run_;
+    Form& form_;
+    std::function<void()> left_;
+};
+
+} // namespace pgbp

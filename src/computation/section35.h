@@ -1,0 +1,57 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/text_controls.h"
+#include "startup/run.h"
+
+#include <deque>
+#include <functional>
+
+namespace pgbp {
+
+/// `Fra35`: scientific research (section 35, from 2007). For each of its six clauses the amount debited to the accounts
+/// and the amount allowable; their difference is deducted from income, with its sign.
+class Section35 {
+  public:
+    /// `left` comes after Save and Cancel, when the frame is hidden again.
+    Section35(Screen& form, std::function<void()> left);
+
+    /// Shows what the line of business has so far.
+    void Open();
+
+    /// One clause.
+    struct Line {
+        Line(Form& form, int itsIndex, const char* clause);
+        const int index;
+        label Label34;
+        txtn Txt_1;  ///< debited, rupees
+        txtn Txt_2;  ///< allowable
+        label Txt_3; ///< deducted: allowable less debited
+    };
+
+    frame Fra35;
+    label lblDebited;
+    label lblAllowable;
+    label lblDeducted;
+    std::deque<Line> lines;
+    label lblTotal35;
+    label LblTot_1;
+    label LblTot_2;
+    label LblTot_3;
+    cmd CmdSave35;
+    cmd CmdCanc35;
+
+  private:
+    void LayOut();
+    void Fill();
+    void AddUp(Line& changed);
+    void Save();
+    void Leave();
+
+    Run& run_;
+    Form& form_;
+    std::function<void()> left_;
+};
+
+} // namespace pgbp
