@@ -84,6 +84,8 @@ bool TextBox::KeyDown(Key key)
 {
     if (multiLine && key == Key::Enter)
         return Type(U'\n');
+    if (key == Key::Enter && onEnter)
+        onEnter();
     if (walks_ == Walks::No && (key == Key::Up || key == Key::Down))
         return true;
     if (walks_ == Walks::Yes && (key == Key::Down || key == Key::Enter)) {

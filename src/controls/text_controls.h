@@ -56,6 +56,8 @@ class TextBox : public TextControl {
 
     /// The screen's own look at a pressed character: gives it back, another one, or 0 to swallow it.
     std::function<char32_t(char32_t)> onKeyPress;
+    /// The Enter key, before the walk goes on.
+    std::function<void()> onEnter;
 
     int selStart() const { return selStart_; }
     int selLength() const { return selLength_; }

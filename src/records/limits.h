@@ -11,6 +11,10 @@ double CommissionLimit(const Run& run);
 /// Adds the presumptive limits of assessment year 2017-18 where an older tax file misses them.
 void PlantLimits2017(const Run& run);
 
+/// Adds the presumptive limits of assessment year 2024-25, for receipts that are hardly in cash, where an older tax
+/// file misses them, and puts a limit of a profession right that was once written as that of a business.
+void PlantLimits2024(const Run& run);
+
 /// Adds the income per vehicle and month of section 44AE from assessment year 2015-16 where an older tax file misses
 /// it.
 void PlantVehicleLimits2015(const Run& run);

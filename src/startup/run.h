@@ -39,7 +39,10 @@ class Run : public HandOver {
     std::string clientName;               ///< name of the assessee; empty when the suite's list has none
     bool FormCheckDone = false;           ///< the statements are in Ind AS
     int GlBusinessKind = 0;               ///< line of the summary opened last
-    std::string GlHelpTopic;              ///< topic of the help screen
+    double GlLineSno = 0;                 ///< line of business that the statement serves; 0 for one not saved yet
+    std::string GlLineDescr1;             ///< its descriptions, as they stand on the screen
+    std::string GlLineDescr2;
+    std::string GlHelpTopic; ///< topic of the help screen
 
     Connection company;
     Connection balance;

@@ -1,0 +1,49 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/text_controls.h"
+#include "startup/run.h"
+
+#include <vector>
+
+namespace pgbp {
+
+/// `Frame1`: the figures of the profit and loss account that the return asks for beside income u/s 44BB. They enter no
+/// computation. They belong to the assessee, not to a line.
+class AccountsOf44BB {
+  public:
+    explicit AccountsOf44BB(Screen& form);
+
+    /// Takes the stored figures over.
+    void Fill();
+    /// Replaces the stored schedule cells, rupees; without a figure none is left.
+    void Store() const;
+
+    cmd Command3; ///< opens the frame
+    frame Frame1;
+    label lblreceipts;
+    txtn txtn2;
+    label lblgross;
+    txtn txtn3;
+    label lblexpenses;
+    txtn txtn4;
+    label lblnet;
+    txtn txtn5;
+    cmd CmdBFrame1;
+
+  private:
+    struct Cell {
+        int number; ///< of the return's schedule
+        txtn& field;
+    };
+    void AddCell(int number, const txtn& field) const;
+    void Open();
+    void Leave();
+
+    Run& run_;
+    Form& form_;
+    const std::vector<Cell> cells_;
+};
+
+} // namespace pgbp

@@ -1,0 +1,380 @@
+#include "computation/frmbusinesscal.h"
+
+#include "computation/statement_figures.h"
+#include "law/book_profit.h"
+#include "law/remuneration_limit.h"
+#include "records/annexure_rows.h"
+#include "records/keys.h"
+#include "records/limits.h"
+#include "records/working_copies.h"
+#include "services/format.h"
+#include "startup/status.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace pgbp {
+namespace {
+
+constexpr double kAnnexureOfComputation = 111; ///< `GLwhere` while the annexure of this screen is open
+
+/// The heads of income to which an adjustment may belong.
+std::vector<std::string> OtherHeads(const Run& run)
+{
+    std::vector<std::string> heads;
+    if (IsIndividual(run.Glstatus))
+        heads.emplace_back("Salaries");
+    heads.insert(heads.end(), {"House Property", "Capital Gains", "Other Sources"});
+    return heads;
+}
+
+std::vector<std::string> HeadsOfDeductions(const Run& run)
+{
+    auto heads = OtherHeads(run);
+    if (run.Year() >= 2023) // virtual digital assets, section 115BBH
+        heads.emplace_back("VDA");
+    return heads;
+}
+
+std::vector<std::string> HeadsOfAdditions(const Run& run)
+{
+    auto heads = OtherHeads(run);
+    heads.insert(heads.begin(), "");
+    return heads;
+}
+
+/// The schedule of exempt income asks who paid a share of profit.
+bool AsksForExemption(const Run& run)
+{
+    return (!IsIndividual(run.Glstatus) && run.Year() >= 2021) || (IsCompany(run.Glstatus) && run.Year() >= 2013);
+}
+
+} // namespace
+
+frmbusinesscal::frmbusinesscal(Run& itsRun)
+    : Screen(itsRun, "frmbusinesscal", "Normal Business"),
+      other(*this, {.openList = [this](std::string_view type) { OpenList(type); },
+                    .balance = [this] { RefreshTotals(); },
+                    .left = [this] { SetFocus(cmdother); }}),
+      partners(*this, {.bookProfit = [this](double interest,
+                                            double remuneration) { return BookProfit(interest, remuneration); },
+                       .takesNothing = [this] { return TakesNothing(); },
+                       .refusesPresumptivePay = true,
+                       .saved = [this](double, double) { RefreshTotals(); },
+                       .left = [this] { LeavePartners(); }}),
+      lists_(MakeLists())
+{
+    for (txtn* amount : {&txtadddep, &TxtOth, &txtlessdep, &txtlesspart1, &txtlesspart2})
+        amount->Set("0.00");
+    LayOut();
+    Wire();
+}
+
+std::vector<AdjustmentList> frmbusinesscal::MakeLists()
+{
+    const auto limit = [this] { return Amount(RemunerationLimit(BookProfit(0, 0), run.Year(), run.Glstatus)); };
+    return {
+        {.type = "511", .button = cmd511, .caption = lbl511c, .keptIn = fra1},
+        {.type = "544", .button = cmd17, .caption = lbl17c, .keptIn = fra1, .asksForExemption = AsksForExemption(run)},
+        {.type = "less", .button = cmdless, .caption = lbllessc, .keptIn = fra1, .offers = HeadsOfDeductions(run)},
+        {.type = "intt",
+         .button = presumptive.cmdintt,
+         .caption = presumptive.lblinttc,
+         .keptIn = fra1,
+         .limit = limit},
+        {.type = "remu",
+         .button = presumptive.cmdremu,
+         .caption = presumptive.lblremuc,
+         .keptIn = fra1,
+         .limit = limit},
+        {.type = "560", .button = cmd560, .caption = lbl560c, .keptIn = fra2},
+        {.type = "23a", .button = cmd23a, .caption = lbl23ac, .keptIn = fra2, .offers = HeadsOfAdditions(run)},
+        {.type = "23l", .button = cmd23l, .caption = lbl23lc, .keptIn = fra2},
+        {.type = "564", .button = other.cmd564, .caption = other.lbl564c, .keptIn = fra2, .below = &other.fra3},
+        {.type = "570",
+         .button = other.cmd570,
+         .caption = other.lbl570c,
+         .keptIn = fra2,
+         .below = &other.fra3,
+         .storeAlong = [this] { accounts.Store(); }},
+        {.type = "568", .button = other.cmd568, .caption = other.lbl568c, .keptIn = fra4, .below = &other.fra3},
+        {.type = "10abc", // up to 2006; later its items stand under the sections of a frame of their own
+         .button = other.section10abc.cmd10abc,
+         .caption = other.section10abc.lbl10abcc,
+         .keptIn = fra4,
+         .below = &other.fra3,
+         .amountAlone = true},
+    };
+}
+
+void frmbusinesscal::LayOut()
+{
+    fra2.LayOut({&accounts.Command3, &Image3});
+    framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount},
+                 .rows = {{{nullptr, &header.lbldescr, &header.txtdescr1}},
+                          {{nullptr, nullptr, &header.txtdescr2}},
+                          {{&header.CmdPNL, &header.lblpnl, &header.txtpnl}},
+                          {{&cmd511, &lbl511c, &lbl511}},
+                          {{&cmd560, &lbl560c, &lbl560}},
+                          {{&CmdReDep, &lbladddep, &txtadddep}},
+                          {{&cmd23a, &lbl23ac, &lbl23a}},
+                          {{nullptr, &lblOth, &TxtOth}},
+                          {{&CmdPartner, &lblpart1, &lbladdintt}},
+                          {{nullptr, &lblpart2, &lbladdremu}},
+                          {{nullptr, &lbltot1c, &lbltot1}, RowStyle::Total},
+                          {{&cmd17, &lbl17c, &lbl17}},
+                          {{&cmdless, &lbllessc, &lblless}},
+                          {{&CmdDep, &lbllessdep, &txtlessdep}},
+                          {{&cmd23l, &lbl23lc, &lbl23l}},
+                          {{&cmdpartner1, &lbllesspart1, &txtlesspart1}},
+                          {{nullptr, &lbllesspart2, &txtlesspart2}},
+                          {{nullptr, &lbltot2c, &lbltot2}, RowStyle::Total},
+                          {{&cmdother, &lblotherc, &lblother}},
+                          {{nullptr, &lblincomec, &lblincome}, RowStyle::Final}},
+                 .buttonsLeft = {&CmdF, &Command1},
+                 .buttonsRight = {&header.CmdSave, &header.CmdDel}});
+    bar = {&header.CmdBack};
+}
+
+void frmbusinesscal::Wire()
+{
+    for (txtn* amount : {&header.txtpnl, &txtadddep, &txtlessdep, &txtlesspart1, &txtlesspart2, &TxtOth})
+        amount->onChange = [this] { CalBalance(); };
+    for (const AdjustmentList& list : lists_)
+        if (!list.below) // those of the other adjustments are opened by their own frame
+            list.button.onClick = [this, &list] { OpenList(list.type); };
+    for (ListFrame* kept : std::initializer_list<ListFrame*>{&fra1, &fra2, &fra4})
+        kept->left = [this] { RefreshTotals(); };
+    fra4.left = [this] {
+        fra4.RestoreCaptions();
+        RefreshTotals();
+    };
+    fra2.checks = {
+        {[this](auto) { return Trim(fra2.txtsec.text()) == "32"; },
+         "In case of profit on sale of fixed asset, leave section field blank.\n"
+         "Section 32 is allowed only in case of power generation usit, Please check",
+         &fra2.txtsec},
+        {[this](auto) { return Val(fra2.txtamount1) <= 0; }, "Please fill Amount...", &fra2.txtamount1},
+        {[this](std::string_view type) { return type == "570" && !IsSection44B(fra2.txtsec.text()); },
+         "In this option, Section can not be other than 44BB, 44BBA, 44BBB and 12G, Plesae check", &fra2.txtsec},
+    };
+    Image3.onClick = [this] { ShowHelp(run, Image3.toolTip); };
+    CmdPartner.onClick = cmdpartner1.onClick = Command1.onClick =
+        presumptive.CmdPart.onClick = [this] { partners.Open(); };
+    cmdother.onClick = [this] { other.Open(); };
+    CmdReDep.onClick = [this] { ReadDepreciation(); };
+    CmdDep.onClick = [this] { OpenAnnexure("Depreciation Annexure"); };
+    CmdF.onClick = [this] { OpenAnnexure("Capital Gain Annexure"); };
+    presumptive.listReplaced = [this] { RefreshTotals(); };
+    presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
+    header.CmdSave.onClick = [this] { Save(); };
+    header.CmdDel.onClick = [this] { Delete(); };
+}
+
+void frmbusinesscal::OpenList(std::string_view type)
+{
+    const auto list = std::find_if(lists_.begin(), lists_.end(), [&](const auto& each) { return each.type == type; });
+    accounts.Command3.visible = static_cast<bool>(list->storeAlong);
+    list->keptIn.Open(*list);
+}
+
+void frmbusinesscal::Open(const Opening& opening)
+{
+    EmptyWorkingCopies(run);
+    DropWorkAnnexure(run);
+    PlantLimits2024(run);
+    run.GLwhere = 0;
+    header.Open(opening);
+    if (header.IsEdit())
+        BusinessFill();
+    RefreshTotals();
+    ApplyYearAndStatus();
+}
+
+void frmbusinesscal::BusinessFill()
+{
+    txtadddep = Amount(header.Stored("dep1").Number());
+    txtlessdep = Amount(header.Stored("dep2").Number());
+    other.section10abc.chk10abc1 = header.Stored("q10abc1").Flag();
+    other.section10abc.chk10abc2 = header.Stored("q10abc2").Flag();
+    presumptive.Fill(header);
+    TxtOth = Amount(run.company
+                        .Scalar("select amt1 from {misc_items} where code = ? and [Type] = 'BusOth' and sno = ?",
+                                run.Glcode, header.Sno())
+                        .Number());
+    CopyAnnexureToWork(run, header.Sno());
+    partners.ChkChange =
+        !run.company
+             .Query("select code from {business1} where code = ? and sno = ? and [Type] = 'PARTCHANGE'", run.Glcode,
+                    header.Sno())
+             .Empty();
+    CopyLineToWork(run, header.Sno(), DetailRows::All);
+    accounts.Fill();
+}
+
+void frmbusinesscal::ApplyYearAndStatus()
+{
+    const int year = run.Year();
+    const bool isNormal = Kind() == kNormal;
+    framain.visible = isNormal;
+    presumptive.fra44ad.visible = !isNormal;
+    if (isNormal)
+        header.ShowWayToStatement();
+    lblOth.visible = TxtOth.visible = year > 2006;
+    CmdReDep.visible = year >= 2019 && header.IsEdit();
+    for (Control* ofPartners :
+         std::initializer_list<Control*>{&CmdPartner, &cmdpartner1, &lblpart1, &lblpart2, &lbladdintt, &lbladdremu,
+                                         &lbllesspart1, &lbllesspart2, &txtlesspart1, &txtlesspart2})
+        ofPartners->visible = HasPartners(run.Glstatus);
+    constexpr int kFormOfFirms = 5;
+    Command1.visible = run.GlITR == kFormOfFirms;
+    presumptive.ApplyStatus();
+}
+
+void frmbusinesscal::Activate()
+{
+    const bool fromAnnexure = std::exchange(run.GLwhere, 0) == kAnnexureOfComputation;
+    if (Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit())
+        ReadProfitAndDepreciation(fromAnnexure);
+    const auto working = AnnexureDepreciation(run, kUnsavedLine);
+    txtlessdep.enabled = !working;
+    if (fromAnnexure)
+        txtlessdep = Rupees(working.value_or(0));
+    CalBalance();
+}
+
+void frmbusinesscal::ModalClosed() { other.ModalClosed(); }
+
+void frmbusinesscal::ReadProfitAndDepreciation(bool fromAnnexure)
+{
+    header.txtpnl = Amount(ReadStatement(run, header.Sno()).netProfit);
+    ReadDepreciation();
+    if (!fromAnnexure)
+        if (const auto stored = AnnexureDepreciation(run, header.Sno()))
+            txtlessdep = Amount(*stored);
+}
+
+void frmbusinesscal::ReadDepreciation() { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); }
+
+void frmbusinesscal::OpenAnnexure(const std::string& annexure)
+{
+    run.GLwhere = kAnnexureOfComputation;
+    run.screens.Show(run.Year() <= 2006 ? "frmfassets" : "frmfassetsNew", {.caption = annexure});
+}
+
+void frmbusinesscal::RefreshTotals()
+{
+    totals_.Read(run);
+    CalBalance();
+    presumptive.CalBalance1(totals_);
+}
+
+void frmbusinesscal::CalBalance()
+{
+    Section10abc& claims = other.section10abc;
+    const std::pair<label*, double> sums[] = {
+        {&lbl511, totals_.Amt1("511")},
+        {&lbl560, totals_.Amt1("560")},
+        {&lbl23a, totals_.Amt1("23a")},
+        {&lbl17, totals_.Amt1("544")},
+        {&lblless, totals_.Amt1("less")},
+        {&lbl23l, totals_.Amt1("23l")},
+        {&other.lbl564, totals_.Amt1("564")},
+        {&other.lbl570, totals_.Amt1("570")},
+        {&other.lbl568, totals_.Amt3LessAmt2("568")},
+        {&other.Lbl35, totals_.Amt3("35")},
+        {&lbladdintt, totals_.Amt1("PARTINTT")},
+        {&lbladdremu, totals_.Amt1("PARTREMU")},
+        {&claims.lbl10abc, claims.Counted(totals_.Amt2("10abc"))},
+    };
+    for (const auto& [shown, sum] : sums)
+        *shown = Amount(sum);
+
+    lbltot1 = Amount(Val(header.txtpnl) + Val(lbl511) + Val(lbl560) + Val(txtadddep) + Val(lbl23a) + Val(TxtOth) +
+                     Val(lbladdintt) + Val(lbladdremu));
+    lbltot2 = Amount(Val(lbltot1) - Val(lbl17) - Val(lblless) - Val(txtlessdep) - Val(lbl23l) - Val(txtlesspart1) -
+                     Val(txtlesspart2));
+    lblother =
+        Amount(Val(other.lbl564) + Val(other.lbl570) - Val(other.lbl568) - Val(other.Lbl35) - Val(claims.lbl10abc));
+    lblincome = Amount(Val(lbltot2) + Val(lblother));
+}
+
+double frmbusinesscal::BookProfit(double interest, double remuneration) const { return 0 * (interest + remuneration); }
+
+bool frmbusinesscal::NothingEntered() const
+{
+    const TextControl* const entered[] = {&header.txtpnl, &lbl511, &lbl560,  &txtadddep,  &lbl23a, &lbladdintt,
+                                          &lbladdremu,    &lbl17,  &lblless, &txtlessdep, &lbl23l, &lblother};
+    return std::all_of(std::begin(entered), std::end(entered), [](const auto* amount) { return Val(*amount) == 0; }) &&
+           partners.NobodyListed() && !totals_.Has("PARTREMU") && !totals_.Has("PARTINTT");
+}
+
+void frmbusinesscal::Save()
+{
+    if (header.RefusesSave(NothingEntered()))
+        return;
+    Transaction transaction({run.company, run.balance});
+    const double sno = header.WriteRow(TypeOf(Kind()), BusinessColumns());
+    StoreOther(sno);
+    if (partners.ChkChange.value)
+        run.company.Insert("business1", {{"code", run.Code()}, {"SNO", sno}, {"Type", "PARTCHANGE"}, {"amt1", 1}});
+    const bool claimed = other.section10abc.IsClaimed();
+    CopyWorkToLine(
+        run, sno, [&](std::string_view type) { return claimed || type != "10abc"; }, Apostrophes::Blank);
+    StoreWorkAnnexure(run, sno);
+    transaction.Commit();
+    Leave();
+}
+
+std::vector<Field> frmbusinesscal::BusinessColumns() const
+{
+    const bool isDeemed = Kind() != kNormal && Kind() != kProfession44ADA && !presumptive.chk44ad.value;
+    const auto computed = [&](const TextControl& amount) { return isDeemed ? 0 : Val(amount); };
+    const auto& claims = other.section10abc;
+    return {{"PNL", computed(header.txtpnl)},
+            {"dep1", computed(txtadddep)},
+            {"dep2", computed(txtlessdep)},
+            {"q10abc1", !isDeemed && claims.chk10abc1.value},
+            {"q10abc2", !isDeemed && claims.chk10abc2.value},
+            {"NET", computed(lblincome)},
+            {"books", presumptive.chk44ad.value.get()},
+            {"turnover", Val(presumptive.txtrece)},
+            {"sec44", Val(presumptive.Lbl44AD)},
+            {"net44", Val(presumptive.lbl44adfinal)}};
+}
+
+void frmbusinesscal::StoreOther(double sno) const
+{
+    run.company.Delete("from {misc_items} where code = ? and sno = ? and [Type] = 'BusOth'", run.Code(), sno);
+    if (Val(TxtOth) != 0)
+        run.company.Insert("misc_items",
+                           {{"code", run.Code()}, {"Type", "BusOth"}, {"sno", sno}, {"amt1", Val(TxtOth)}});
+}
+
+void frmbusinesscal::Delete()
+{
+    if (header.Delete())
+        Leave();
+}
+
+/// A side frame that is up is left alone; from the computation of a presumptive line the way goes back over its own
+/// frame.
+void frmbusinesscal::Back()
+{
+    if (frame* card = Card())
+        return card->onEscape();
+    if (Kind() != kNormal && framain.visible) {
+        framain.visible = false;
+        presumptive.fra44ad.visible = true;
+        return;
+    }
+    Leave();
+}
+
+void frmbusinesscal::Leave()
+{
+    DropWorkAnnexure(run);
+    run.screens.Return();
+}
+
+} // namespace pgbp

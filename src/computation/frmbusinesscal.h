@@ -1,0 +1,129 @@
+#pragma once
+
+#include "computation/accounts_of_44bb.h"
+#include "computation/adjustment_frames.h"
+#include "computation/line_header.h"
+#include "computation/list_totals.h"
+#include "computation/other_adjustments.h"
+#include "computation/partners.h"
+#include "computation/presumptive.h"
+
+namespace pgbp {
+
+/// The computation of one line of business: from the net profit of the accounts, by what the law adds and deducts, to
+/// the net income. Works on copies; nothing reaches the stored rows before Save.
+class frmbusinesscal : public Screen {
+  public:
+    explicit frmbusinesscal(Run& itsRun);
+
+    /// Takes the line over, from its stored rows in Edit; what a run left behind that did not end is emptied.
+    void Open(const Opening& opening) override;
+    /// On the first display and on every return from a screen that hid this one: net profit and depreciation come from
+    /// the stored statement and the annexure.
+    void Activate() override;
+    void ModalClosed() override;
+    void Close() override { Back(); }
+
+    /// Sums of the lists, totals and net income, each from the shown texts of the step before.
+    void CalBalance();
+
+    frame framain{*this, "framain", "", FramePlace::Main};
+    LineHeader header{*this};
+
+    label lbladd{*this, "lbladd", "Add :", LabelLook::Heading};
+    cmd cmd511{*this, "cmd511", "Stoc&k / Method"};
+    label lbl511c{*this, "lbl511c(0)", "Adj. on account of change in method of accounting and/or valuation of stock :"};
+    label lbl511{*this, "lbl511", "0.00", LabelLook::Amount};
+    cmd cmd560{*this, "cmd560", "Sec. &28(ii) - (vi)"};
+    label lbl560c{*this, "lbl560c", "Income specified in Sec 28(ii) to 28(vi) not included in NP :"};
+    label lbl560{*this, "lbl560", "0.00", LabelLook::Amount};
+    cmd CmdReDep{*this, "CmdReDep", "From P && &L"};
+    label lbladddep{*this, "lbladddep", "Deprecaition Taken Seperately :"};
+    txtn txtadddep{*this, "txtadddep"};
+    cmd cmd23a{*this, "cmd23a", "Other &Additions"};
+    label lbl23ac{*this, "lbl23ac", "Other Adj. in accordance with Sec. 28 to Sec 44D :"};
+    label lbl23a{*this, "lbl23a", "0.00", LabelLook::Amount};
+    label lblOth{*this, "lblOth", "Other (Not included in P && L)"};
+    txtn TxtOth{*this, "TxtOth"};
+    cmd CmdPartner{*this, "CmdPartner", "Par&tners"};
+    label lblpart1{*this, "lblpart1", "Partners' Interest :"};
+    label lbladdintt{*this, "lbladdintt", "0.00", LabelLook::Amount};
+    label lblpart2{*this, "lblpart2", "Partners' Remuneration  :"};
+    label lbladdremu{*this, "lbladdremu", "0.00", LabelLook::Amount};
+    label lbltot1c{*this, "lbltot1c", "Total"};
+    label lbltot1{*this, "lbltot1", "0.00", LabelLook::Amount};
+
+    label lbldeduct{*this, "lbldeduct", "Less :", LabelLook::Heading};
+    cmd cmd17{*this, "cmd17", "&Exempt Income"};
+    label lbl17c{*this, "lbl17c", "Exempt Income Included in NP :"};
+    label lbl17{*this, "lbl17", "0.00", LabelLook::Amount};
+    cmd cmdless{*this, "cmdless", "Other &Heads"};
+    label lbllessc{*this, "lbllessc", "Incomes chargeable under any other head of Income :"};
+    label lblless{*this, "lblless", "0.00", LabelLook::Amount};
+    cmd CmdDep{*this, "CmdDep", "Depreciation Anne&xure"};
+    label lbllessdep{*this, "lbllessdep", "Depreciation as per I.T. Act :"};
+    txtn txtlessdep{*this, "txtlessdep"};
+    cmd cmd23l{*this, "cmd23l", "Other Ded&uctions"};
+    label lbl23lc{*this, "lbl23lc", "Other Adj. in accordance with Sec. 28 to Sec 44D :"};
+    label lbl23l{*this, "lbl23l", "0.00", LabelLook::Amount};
+    cmd cmdpartner1{*this, "cmdpartner1", "Part&ners"};
+    label lbllesspart1{*this, "lbllesspart1", "Less : Interest"};
+    txtn txtlesspart1{*this, "txtlesspart1"};
+    label lbllesspart2{*this, "lbllesspart2", "Less : Remuneration"};
+    txtn txtlesspart2{*this, "txtlesspart2"};
+    label lbltot2c{*this, "lbltot2c", "Total"};
+    label lbltot2{*this, "lbltot2", "0.00", LabelLook::Amount};
+
+    cmd cmdother{*this, "cmdother", "&Other Adjustments"};
+    label lblotherc{*this, "lblotherc", "Other Specific Adjustments :"};
+    label lblother{*this, "lblother", "0.00", LabelLook::Amount};
+    label lblincomec{*this, "lblincomec", "Net Income From the above Business :"};
+    label lblincome{*this, "lblincome", "0.00", LabelLook::Amount};
+
+    cmd CmdF{*this, "CmdF", "STCG on Depreciable Assets"};
+    cmd Command1{*this, "Command1", "&Fill Partners/Members Details"};
+
+    PresumptiveFrame presumptive{*this};
+    OtherAdjustments other;
+    DescriptionList fra1{*this};
+    SectionList fra2{*this, {"fra2", "DBGrid2", "cmdadd1", "cmdsave1", "cmdback1"}};
+    image Image3{*this, "Image3", "Business Income in Schedule BP"};
+    AllowanceList fra4{*this};
+    AccountsOf44BB accounts{*this};
+    Partners partners;
+
+  private:
+    void LayOut();
+    void Wire();
+    std::vector<AdjustmentList> MakeLists();
+    void OpenList(std::string_view type);
+
+    // what only some lists show
+    void AskForExemption();
+    void OfferHeads(bool forAdditions);
+    void ShowRemunerationLimit();
+
+    void BusinessFill();
+    void ApplyYearAndStatus();
+    void ReadProfitAndDepreciation();
+    void ReadDepreciation();
+    void OpenAnnexure(const std::string& caption);
+    void RefreshTotals();
+    double BookProfit(double interest, double remuneration) const;
+    BusinessKind Kind() const { return static_cast<BusinessKind>(run.GlBusinessKind); }
+
+    bool NothingEntered() const;
+    void Save();
+    std::vector<Field> BusinessColumns() const;
+    void StoreOther(double sno) const;
+    void StorePartnerChange(double sno) const;
+    void Delete();
+    void Back();
+    void Leave();
+
+    ListTotals totals_;
+    double auditAdjustment_ = 0; ///< income of the tax audit report, rupees
+    const std::vector<AdjustmentList> lists_;
+};
+
+} // namespace pgbp

@@ -1,0 +1,64 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/text_controls.h"
+#include "records/lines.h"
+#include "startup/run.h"
+
+#include <optional>
+#include <span>
+#include <vector>
+
+namespace pgbp {
+
+/// What the computation of every line of business begins and ends with: whether the line is new, its two descriptions,
+/// the net profit with the way to its statement, and Save, Delete and Back.
+class LineHeader {
+  public:
+    explicit LineHeader(Screen& form);
+
+    /// Takes the line over from the summary.
+    void Open(const Opening& opening);
+    bool IsEdit() const { return isEdit_; }
+    /// A column of the stored line; Null for a new one.
+    const Value& Stored(std::string_view column) const { return business_[column]; }
+    /// Number of the stored line.
+    double Sno() const { return business_["sno"].Number(); }
+
+    /// From 2007 the net profit is that of the statement and can not be typed.
+    bool ProfitIsOfStatement() const { return run_.Year() >= 2007; }
+    void ShowWayToStatement();
+
+    /// Tells what is missing and gives the focus there; true when the line can not be saved.
+    bool RefusesSave(bool nothingEntered);
+
+    /// Writes the row of `business`, a new one under a new number, and empties the line's detail rows. `type` is the
+    /// kind as it is stored; nothing leaves it as it is. Gives the line's number. Inside a transaction of the caller.
+    double WriteRow(std::optional<std::string_view> type, std::vector<Field> fields) const;
+
+    /// Asks, and deletes the line with all that hangs on it. True when it is gone.
+    bool Delete();
+
+    txt Text1; ///< "Add" or "Edit"; never shown
+    label lbldescr;
+    txt txtdescr1;
+    txt txtdescr2;
+    cmd CmdPNL;
+    label lblpnl;
+    txtn txtpnl;
+    cmd CmdSave;
+    cmd CmdDel;
+    cmd CmdBack;
+    cmd cmdr; ///< laid out nowhere: only its hot key Alt+R reaches it
+
+  private:
+    void OpenStatement() const;
+    bool Update(double sno, std::span<const Field> fields) const;
+
+    Run& run_;
+    Form& form_;
+    bool isEdit_ = false;
+    Record business_;
+};
+
+} // namespace pgbp

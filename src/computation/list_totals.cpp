@@ -1,0 +1,26 @@
+#include "computation/list_totals.h"
+
+#include "services/text.h"
+
+namespace pgbp {
+
+void ListTotals::Read(const Run& run)
+{
+    byType_.clear();
+    for (const Row row :
+         run.qeltemp.Query("select [Type], sum(amt1), sum(amt2), sum(amt3), sum(amt3 - amt2) from {temp1} where code = "
+                           "? group by [Type]",
+                           run.Code()))
+        byType_[Upper(row.At(0).Text())] = {row.At(1).Number(), row.At(2).Number(), row.At(3).Number(),
+                                            row.At(4).Number()};
+}
+
+ListTotals::Sums ListTotals::Of(const char* type) const
+{
+    const auto found = byType_.find(Upper(type));
+    return found == byType_.end() ? Sums() : found->second;
+}
+
+bool ListTotals::Has(const char* type) const { return byType_.contains(Upper(type)); }
+
+} // namespace pgbp

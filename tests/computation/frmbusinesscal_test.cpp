@@ -1,0 +1,317 @@
+#include "computation/frmbusinesscal.h"
+#include "computation/line_under_test.h"
+
+namespace pgbp {
+namespace {
+
+class Computation : public LineUnderTest<frmbusinesscal> {
+  public:
+    /// A stored line of a firm with an item in every list.
+    void FullLine()
+    {
+        Line("1", {{"name2", "second"}, {"PNL", 1}, {"dep1", 2}, {"dep2", 3}, {"q10abc1", 1}, {"q10abc2", 0}});
+        Cell("NEWPL", 255, "500000");
+        Cell("NEWPL", 254, "30000");
+        Asset("Loom", 20000);
+        Asset("Van", 8000);
+        Company().Insert("misc_items", {{"code", handOver.Glcode}, {"Type", "BusOth"}, {"sno", kSno}, {"amt1", 1000}});
+        Detail("511", {{"name1", "Stock"}, {"amt1", 10000}});
+        Detail("560", {{"name1", "28(iv)"}, {"name2", "Gift of 'a' dealer"}, {"amt1", 20000}});
+        Detail("23a", {{"amt1", 4000}});
+        Detail("PARTINTT", {{"name1", "Asha"}, {"amt1", 60000}, {"amt2", 100}, {"utn", "1234"}});
+        Detail("PARTREMU", {{"name1", "Asha"}, {"amt1", 240000}, {"amt2", 100}, {"PIN", "141003"}});
+        Detail("544", {{"amt1", 5000}});
+        Detail("less", {{"amt1", 7000}});
+        Detail("23l", {{"amt1", 2000}});
+        Detail("564", {{"amt1", 3000}});
+        Detail("570", {{"amt1", 4000}});
+        Detail("568", {{"amt1", 1}, {"amt2", 2000}, {"amt3", 5000}, {"amt4", 3000}});
+        Detail("35", {{"amt1", 0}, {"amt2", 1500}, {"amt3", 1500}, {"amt4", 2}});
+        Detail("10ABC", {{"name1", "10A"}, {"amt2", 600}, {"amt4", 1}});
+        Detail("PARTCHANGE", {{"amt1", 1}});
+        Detail("LESSINTT", {{"amt1", 9}});
+    }
+
+    std::string Texts(std::initializer_list<const TextControl*> controls) const
+    {
+        std::string texts;
+        for (const TextControl* control : controls)
+            texts += (texts.empty() ? "" : " ") + control->text();
+        return texts;
+    }
+
+    std::string Count(const char* table, const std::string& condition)
+    {
+        return run->company.Scalar("select count(*) from {" + std::string(table) + "} where " + condition).Text();
+    }
+};
+
+// By hand: 500000 + 10000 + 20000 + 30000 + 4000 + 1000 + 60000 + 240000 = 865000; less 5000, 7000, 28000 and 2000 is
+// 823000; other 3000 + 4000 - 3000 - 1500 - 600 = 1900.
+TEST_F(Computation, EditShowsTheLineAndAddsItUpInOrder)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    EXPECT_EQ(Texts({&screen.header.txtdescr1, &screen.header.txtdescr2, &screen.header.Text1}),
+              "Main works second Edit");
+    EXPECT_EQ(Texts({&screen.header.txtpnl, &screen.lbl511, &screen.lbl560, &screen.txtadddep, &screen.lbl23a,
+                     &screen.TxtOth, &screen.lbladdintt, &screen.lbladdremu, &screen.lbltot1}),
+              "500000.00 10000.00 20000.00 30000.00 4000.00 1000.00 60000.00 240000.00 865000.00");
+    EXPECT_EQ(Texts({&screen.lbl17, &screen.lblless, &screen.txtlessdep, &screen.lbl23l, &screen.lbltot2}),
+              "5000.00 7000.00 28000.00 2000.00 823000.00");
+    EXPECT_EQ(Texts({&screen.other.lbl564, &screen.other.lbl570, &screen.other.lbl568, &screen.other.Lbl35,
+                     &screen.other.section10abc.lbl10abc, &screen.lblother, &screen.lblincome}),
+              "3000.00 4000.00 3000.00 1500.00 600.00 1900.00 824900.00");
+    EXPECT_TRUE(screen.partners.ChkChange.value);
+    EXPECT_FALSE(screen.header.txtpnl.enabled);
+    EXPECT_FALSE(screen.txtlessdep.enabled);
+    EXPECT_TRUE(screen.header.CmdDel.enabled);
+
+    Type(screen, screen.txtlesspart1, "60000");
+    Type(screen, screen.txtlesspart2, "823001");
+    EXPECT_EQ(screen.lblincome.text(), "-58101.00");
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(Computation, TypingAnAmountDoesNotTouchTheStore)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    const Connection company = Company();
+    const Connection working = File("client/data/qeltemp.mdb");
+    company.Execute("begin exclusive");
+    working.Execute("begin exclusive");
+    Type(screen, screen.TxtOth, "1234.56");
+    EXPECT_EQ(screen.lbltot1.text(), "865234.56");
+    EXPECT_TRUE(boxes.shown.empty());
+}
+
+TEST_F(Computation, SaveReplacesTheLineInOneGo)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    Type(screen, screen.header.txtdescr1, "O'Brien \"Works\"");
+    Type(screen, screen.TxtOth, "0");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(run->screens.OnDisplay()->name(), "frmbusiness");
+    const Recordset line = Company().Query("select * from {business} where code = ?", handOver.Glcode);
+    ASSERT_EQ(line.Size(), 1U);
+    const std::pair<const char*, const char*> kColumns[] = {
+        {"Type", "1"},       {"SNO", "7"},      {"name1", "O'Brien \"Works\""},
+        {"name2", "second"}, {"PNL", "500000"}, {"dep1", "30000"},
+        {"dep2", "28000"},   {"q10abc1", "1"},  {"q10abc2", "0"},
+        {"NET", "823900"},   {"books", "0"},    {"turnover", "0"},
+        {"sec44", "0"},      {"net44", "0"},    {"Minor", ""},
+    };
+    for (const auto& [column, text] : kColumns)
+        EXPECT_EQ(line.First()[column].Text(), text) << column;
+    EXPECT_EQ(Count("misc_items", "[Type] = 'BusOth'"), "0");
+    EXPECT_EQ(Count("business1", "sno = 7"), "14"); // thirteen items and the mark of the partners
+    EXPECT_EQ(Stored("select name2 from {business1} where [Type] = '560'"), "Gift of  a  dealer");
+    EXPECT_EQ(Stored("select utn from {business1} where [Type] = 'PARTINTT'"), "1234");
+    EXPECT_EQ(Stored("select PIN from {business1} where [Type] = 'PARTREMU'"), "141003");
+    EXPECT_EQ(Balance().Scalar("select sum(F_Dep) from {fassets} where sno = 7").Number(), 28000);
+    EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 2);
+}
+
+TEST_F(Computation, NewLineGetsANumberAndTakesItsAnnexureAlong)
+{
+    Company().Insert("business", {{"code", "B0002r2023-24"}, {"Type", "1"}, {"SNO", 11}});
+    handOver.GLminor = 2;
+    frmbusinesscal& screen = OpenScreen();
+    Asset("Loom", 500, 90000); // put there by the annexure
+    Type(screen, screen.header.txtdescr2, "Daughter's shop");
+    Type(screen, screen.TxtOth, "75.25");
+    Type(screen, screen.txtadddep, "-10");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(Stored("select sno from {business} where Minor = 2"), "12");
+    EXPECT_EQ(Stored("select amt1 from {misc_items} where [Type] = 'BusOth' and sno = 12"), "75.25");
+    EXPECT_EQ(Balance().Scalar("select f_name from {fassets} where sno = 12").Text(), "Loom");
+}
+
+TEST_F(Computation, ClaimsGoWithTheTwoQuestions)
+{
+    struct Case {
+        double applies;
+        double optedOut;
+        const char* claimed; ///< rows after a save: "10abc", "10ABC"
+    };
+    // the later rows differ from the earlier ones by the case of their type only, and are not dropped
+    constexpr Case kCases[] = {{1, 0, "1 1"}, {1, 1, "0 1"}, {0, 0, "0 1"}};
+    for (const auto& [applies, optedOut, claimed] : kCases) {
+        run.reset();
+        Company().Execute("delete from {business}");
+        Company().Execute("delete from {business1}");
+        Line("1", {{"q10abc1", applies}, {"q10abc2", optedOut}});
+        Cell("NEWPL", 255, "10");
+        Detail("10abc", {{"amt2", 5}});
+        Detail("10ABC", {{"amt2", 6}});
+        frmbusinesscal& screen = OpenScreen();
+        EXPECT_EQ(screen.other.section10abc.lbl10abc.text(), applies > optedOut ? "11.00" : "0.00");
+        screen.Click(screen.header.CmdSave);
+        EXPECT_EQ(Count("business1", "[Type] = '10abc' collate binary") + ' ' +
+                      Count("business1", "[Type] = '10ABC' collate binary"),
+                  claimed);
+    }
+}
+
+TEST_F(Computation, RefusesALineWithoutFiguresOrDescription)
+{
+    frmbusinesscal& screen = OpenScreen();
+    Type(screen, screen.TxtOth, "5"); // does not count
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(boxes.Take().title, "Vorn - Information");
+    Type(screen, screen.txtlessdep, "5");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(boxes.Take().title, "Vorn - Infromation");
+    EXPECT_EQ(screen.focused(), &screen.header.txtdescr1);
+    EXPECT_EQ(Count("business", "1 = 1"), "0");
+}
+
+TEST_F(Computation, BackLeavesTheStoreAsItWas)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    Type(screen, screen.header.txtdescr1, "changed");
+    screen.Click(screen.cmd511);
+    screen.Click(screen.header.CmdBack);
+    EXPECT_FALSE(screen.fra1.panel.visible);
+    EXPECT_EQ(run->screens.OnDisplay(), &screen);
+    screen.Click(screen.header.CmdBack);
+    EXPECT_EQ(run->screens.OnDisplay()->name(), "frmbusiness");
+    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "Main works");
+    EXPECT_EQ(Balance().Scalar("select count(*) from {fassets} where sno = 90000").Number(), 0);
+}
+
+TEST_F(Computation, WhatACrashedRunLeftIsEmptied)
+{
+    Start();
+    for (const char* table : {"temp", "temp1"})
+        run->qeltemp.Insert(table, {{"code", handOver.Glcode}, {"Type", "511"}, {"amt1", 5}});
+    Asset("Loom", 500, 90000);
+    frmbusinesscal& screen = OpenScreen();
+    EXPECT_EQ(screen.lbl511.text(), "0.00");
+    EXPECT_TRUE(screen.txtlessdep.enabled);
+    EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 0);
+}
+
+TEST_F(Computation, AFailedSaveLeavesTheScreenAndTheStoreAsTheyWere)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    Type(screen, screen.header.txtdescr1, "changed");
+    run->balance.Execute("create trigger [balance].refuse before update on fassets begin select raise(abort, 'disk'); "
+                         "end");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_NE(boxes.Take().text.find("disk"), std::string::npos);
+    EXPECT_EQ(run->screens.OnDisplay(), &screen);
+    EXPECT_EQ(screen.header.txtdescr1.text(), "changed");
+    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "Main works");
+    EXPECT_EQ(Count("business1", "1 = 1"), "15");
+    run->balance.Execute("drop trigger [balance].refuse");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "changed");
+}
+
+TEST_F(Computation, ALineDeletedByAnotherUserIsStoredAnew)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    Company().Execute("delete from {business}");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(Stored("select NET from {business} where sno = 1"), "824900");
+    EXPECT_EQ(Count("business1", "sno = 1"), "14");
+}
+
+TEST_F(Computation, AModalScreenDoesNotUndoWhatWasTyped)
+{
+    Year(2019);
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    Type(screen, screen.txtadddep, "77");
+    EXPECT_TRUE(screen.Mnemonic(U'R'));
+    ASSERT_EQ(run->screens.OnDisplay()->name(), "frmReminder");
+    run->screens.Return();
+    EXPECT_EQ(screen.txtadddep.text(), "77");
+    screen.Click(screen.CmdReDep);
+    EXPECT_EQ(screen.txtadddep.text(), "30000.00");
+}
+
+TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    run->screens.Register("frmfassetsNew",
+                          [](pgbp::Run& its) { return std::make_unique<Screen>(its, "frmfassetsNew", ""); });
+    screen.Click(screen.CmdDep);
+    EXPECT_EQ(run->GLwhere, 111);
+    EXPECT_EQ(run->screens.OnDisplay()->caption.get(), "Depreciation Annexure");
+    Balance().Execute("update {fassets} set F_Dep = 100 where sno = 90000");
+    run->screens.Return();
+    EXPECT_EQ(screen.txtlessdep.text(), "200");
+    EXPECT_EQ(run->GLwhere, 0);
+    screen.Click(screen.CmdF);
+    EXPECT_EQ(run->screens.OnDisplay()->caption.get(), "Capital Gain Annexure");
+    Balance().Execute("delete from {fassets} where sno = 90000");
+    run->screens.Return();
+    EXPECT_TRUE(screen.txtlessdep.enabled);
+    screen.Click(screen.header.CmdSave); // the emptied annexure replaces the stored one
+    EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 0);
+}
+
+TEST_F(Computation, StatementIsOpenedForTheLine)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    screen.Click(screen.header.CmdPNL);
+    EXPECT_EQ(run->GLrep, "PNL");
+    EXPECT_EQ(run->GlLineSno, kSno);
+    EXPECT_EQ(run->GlLineDescr1 + '/' + run->GlLineDescr2, "Main works/second");
+    EXPECT_EQ(boxes.Take().text, "The screen FrmbspnlPGBP is not there yet.");
+    run->FormCheckDone = true;
+    screen.Click(screen.header.CmdPNL);
+    EXPECT_EQ(run->GLrep, "NEWPNL");
+}
+
+TEST_F(Computation, FieldsFollowYearStatusAndForm)
+{
+    struct Case {
+        int year;
+        const char* status;
+        double itr;
+        const char* shown;
+    };
+    constexpr Case kCases[] = {
+        {2006, "06", 0, "Partner"},
+        {2007, "01", 0, "PNL Oth 35"},
+        {2018, "09", 5, "PNL Oth 35 Partner Command1"},
+        {2019, "07", 0, "PNL Oth 35 Partner ReDep"},
+        {2019, "12", 6, "PNL Oth 35 ReDep"},
+    };
+    for (const auto& [year, status, itr, shown] : kCases) {
+        run.reset();
+        Year(year, status);
+        Company().Execute("delete from {business}");
+        Line("1");
+        Start();
+        run->GlITR = itr;
+        frmbusinesscal& screen = OpenScreen();
+        std::string seen;
+        const std::pair<const char*, bool> kParts[] = {
+            {"PNL", screen.header.CmdPNL.visible && !screen.header.txtpnl.enabled},
+            {"Oth", screen.TxtOth.visible && screen.lblOth.visible},
+            {"35", screen.other.Cmd35.visible},
+            {"Partner", screen.CmdPartner.visible && screen.txtlesspart1.visible && screen.lbladdremu.visible},
+            {"Command1", screen.Command1.visible},
+            {"ReDep", screen.CmdReDep.visible},
+        };
+        for (const auto& [name, visible] : kParts)
+            if (visible)
+                seen += (seen.empty() ? "" : " ") + std::string(name);
+        EXPECT_EQ(seen, shown) << year << ' ' << status;
+    }
+}
+
+} // namespace
+} // namespace pgbp
