@@ -8,6 +8,8 @@
 #include "records/limits.h"
 #include "records/working_copies.h"
 #include "services/format.h"
+#include "services/text.h"
+#include "startup/shared_services.h"
 #include "startup/status.h"
 
 #include <algorithm>
@@ -58,7 +60,7 @@ frmbusinesscal::frmbusinesscal(Run& itsRun)
                     .left = [this] { SetFocus(cmdother); }}),
       partners(*this, {.bookProfit = [this](double interest,
                                             double remuneration) { return BookProfit(interest, remuneration); },
-                       .takesNothing = [this] { return TakesNothing(); },
+                       .takesNothing = [this] { return Kind() != kNormal && presumptive.DeductsNothing(); },
                        .refusesPresumptivePay = true,
                        .saved = [this](double, double) { RefreshTotals(); },
                        .left = [this] { LeavePartners(); }}),
@@ -149,20 +151,12 @@ void frmbusinesscal::Wire()
         fra4.RestoreCaptions();
         RefreshTotals();
     };
-    fra2.checks = {
-        {[this](auto) { return Trim(fra2.txtsec.text()) == "32"; },
-         "In case of profit on sale of fixed asset, leave section field blank.\n"
-         "Section 32 is allowed only in case of power generation usit, Please check",
-         &fra2.txtsec},
-        {[this](auto) { return Val(fra2.txtamount1) <= 0; }, "Please fill Amount...", &fra2.txtamount1},
-        {[this](std::string_view type) { return type == "570" && !IsSection44B(fra2.txtsec.text()); },
-         "In this option, Section can not be other than 44BB, 44BBA, 44BBB and 12G, Plesae check", &fra2.txtsec},
-    };
+    fra2.checks = ChecksOfSections();
     Image3.onClick = [this] { ShowHelp(run, Image3.toolTip); };
     CmdPartner.onClick = cmdpartner1.onClick = Command1.onClick =
         presumptive.CmdPart.onClick = [this] { partners.Open(); };
     cmdother.onClick = [this] { other.Open(); };
-    CmdReDep.onClick = [this] { ReadDepreciation(); };
+    CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
     CmdDep.onClick = [this] { OpenAnnexure("Depreciation Annexure"); };
     CmdF.onClick = [this] { OpenAnnexure("Capital Gain Annexure"); };
     presumptive.listReplaced = [this] { RefreshTotals(); };
@@ -171,11 +165,42 @@ void frmbusinesscal::Wire()
     header.CmdDel.onClick = [this] { Delete(); };
 }
 
+std::vector<ListCheck> frmbusinesscal::ChecksOfSections()
+{
+    const auto section = [this] { return Upper(Trim(fra2.txtsec.text())); };
+    const auto isOfNonResidents = [section] {
+        const std::string_view kSections[] = {"44BB", "44BBA", "44BBB", "12G"};
+        return std::find(std::begin(kSections), std::end(kSections), section()) != std::end(kSections);
+    };
+    return {
+        {[section](auto) { return section() == "32"; },
+         "In case of profit on sale of fixed asset, leave section field blank.\n"
+         "Section 32 is allowed only in case of power generation usit, Please check",
+         &fra2.txtsec},
+        {[this](auto) { return Val(fra2.txtamount1) <= 0; }, "Please fill Amount...", &fra2.txtamount1},
+        {[isOfNonResidents](std::string_view type) { return type == "570" && !isOfNonResidents(); },
+         "In this option, Section can not be other than 44BB, 44BBA, 44BBB and 12G, Plesae check", &fra2.txtsec},
+    };
+}
+
 void frmbusinesscal::OpenList(std::string_view type)
 {
     const auto list = std::find_if(lists_.begin(), lists_.end(), [&](const auto& each) { return each.type == type; });
     accounts.Command3.visible = static_cast<bool>(list->storeAlong);
     list->keptIn.Open(*list);
+}
+
+void frmbusinesscal::OpenPartners(cmd& from)
+{
+    partnersFrom_ = &from;
+    partners.Open();
+}
+
+void frmbusinesscal::LeavePartners()
+{
+    if (Kind() != kNormal && partners.DrawNothing())
+        presumptive.HideDeductions();
+    SetFocus(*partnersFrom_);
 }
 
 void frmbusinesscal::Open(const Opening& opening)
@@ -234,27 +259,27 @@ void frmbusinesscal::ApplyYearAndStatus()
 void frmbusinesscal::Activate()
 {
     const bool fromAnnexure = std::exchange(run.GLwhere, 0) == kAnnexureOfComputation;
-    if (Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit())
-        ReadProfitAndDepreciation(fromAnnexure);
+    if (Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit()) {
+        ReadStatementFigures();
+        const auto stored = AnnexureDepreciation(run, header.Sno());
+        if (stored && !fromAnnexure)
+            txtlessdep = Amount(*stored);
+    }
     const auto working = AnnexureDepreciation(run, kUnsavedLine);
-    txtlessdep.enabled = !working;
     if (fromAnnexure)
         txtlessdep = Rupees(working.value_or(0));
+    txtlessdep.enabled = !working;
     CalBalance();
 }
 
 void frmbusinesscal::ModalClosed() { other.ModalClosed(); }
 
-void frmbusinesscal::ReadProfitAndDepreciation(bool fromAnnexure)
+void frmbusinesscal::ReadStatementFigures()
 {
-    header.txtpnl = Amount(ReadStatement(run, header.Sno()).netProfit);
-    ReadDepreciation();
-    if (!fromAnnexure)
-        if (const auto stored = AnnexureDepreciation(run, header.Sno()))
-            txtlessdep = Amount(*stored);
+    const StatementFigures figures = ReadStatement(run, header.Sno());
+    header.txtpnl = Amount(figures.netProfit);
+    txtadddep = Amount(figures.depreciation);
 }
-
-void frmbusinesscal::ReadDepreciation() { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); }
 
 void frmbusinesscal::OpenAnnexure(const std::string& annexure)
 {
@@ -265,13 +290,13 @@ void frmbusinesscal::OpenAnnexure(const std::string& annexure)
 void frmbusinesscal::RefreshTotals()
 {
     totals_.Read(run);
+    ShowListTotals();
     CalBalance();
     presumptive.CalBalance1(totals_);
 }
 
-void frmbusinesscal::CalBalance()
+void frmbusinesscal::ShowListTotals()
 {
-    Section10abc& claims = other.section10abc;
     const std::pair<label*, double> sums[] = {
         {&lbl511, totals_.Amt1("511")},
         {&lbl560, totals_.Amt1("560")},
@@ -285,17 +310,21 @@ void frmbusinesscal::CalBalance()
         {&other.Lbl35, totals_.Amt3("35")},
         {&lbladdintt, totals_.Amt1("PARTINTT")},
         {&lbladdremu, totals_.Amt1("PARTREMU")},
-        {&claims.lbl10abc, claims.Counted(totals_.Amt2("10abc"))},
+        {&other.section10abc.lbl10abc, other.section10abc.Counted(totals_.Amt2("10abc"))},
     };
     for (const auto& [shown, sum] : sums)
         *shown = Amount(sum);
+}
 
+/// The sums of the lists stand as they are between two changes of a list: a key in an amount asks the store nothing.
+void frmbusinesscal::CalBalance()
+{
     lbltot1 = Amount(Val(header.txtpnl) + Val(lbl511) + Val(lbl560) + Val(txtadddep) + Val(lbl23a) + Val(TxtOth) +
                      Val(lbladdintt) + Val(lbladdremu));
     lbltot2 = Amount(Val(lbltot1) - Val(lbl17) - Val(lblless) - Val(txtlessdep) - Val(lbl23l) - Val(txtlesspart1) -
                      Val(txtlesspart2));
-    lblother =
-        Amount(Val(other.lbl564) + Val(other.lbl570) - Val(other.lbl568) - Val(other.Lbl35) - Val(claims.lbl10abc));
+    lblother = Amount(Val(other.lbl564) + Val(other.lbl570) - Val(other.lbl568) - Val(other.Lbl35) -
+                      Val(other.section10abc.lbl10abc));
     lblincome = Amount(Val(lbltot2) + Val(lblother));
 }
 
@@ -357,18 +386,16 @@ void frmbusinesscal::Delete()
         Leave();
 }
 
-/// A side frame that is up is left alone; from the computation of a presumptive line the way goes back over its own
+/// With a side frame up, that alone is left; from the computation of a presumptive line the way goes back over its own
 /// frame.
 void frmbusinesscal::Back()
 {
     if (frame* card = Card())
         return card->onEscape();
-    if (Kind() != kNormal && framain.visible) {
-        framain.visible = false;
-        presumptive.fra44ad.visible = true;
-        return;
-    }
-    Leave();
+    if (Kind() == kNormal || presumptive.fra44ad.visible)
+        return Leave();
+    framain.visible = false;
+    presumptive.fra44ad.visible = true;
 }
 
 void frmbusinesscal::Leave()

@@ -96,34 +96,33 @@ class frmbusinesscal : public Screen {
     void LayOut();
     void Wire();
     std::vector<AdjustmentList> MakeLists();
+    std::vector<ListCheck> ChecksOfSections();
     void OpenList(std::string_view type);
-
-    // what only some lists show
-    void AskForExemption();
-    void OfferHeads(bool forAdditions);
-    void ShowRemunerationLimit();
+    void OpenPartners(cmd& from);
+    void LeavePartners();
+    double BookProfit(double interest, double remuneration) const;
 
     void BusinessFill();
     void ApplyYearAndStatus();
-    void ReadProfitAndDepreciation();
+    void ReadStatementFigures();
     void ReadDepreciation();
-    void OpenAnnexure(const std::string& caption);
+    void OpenAnnexure(const std::string& annexure);
     void RefreshTotals();
-    double BookProfit(double interest, double remuneration) const;
-    BusinessKind Kind() const { return static_cast<BusinessKind>(run.GlBusinessKind); }
+    void ShowListTotals();
 
     bool NothingEntered() const;
     void Save();
     std::vector<Field> BusinessColumns() const;
     void StoreOther(double sno) const;
-    void StorePartnerChange(double sno) const;
     void Delete();
     void Back();
     void Leave();
 
+    BusinessKind Kind() const { return static_cast<BusinessKind>(run.GlBusinessKind); }
+
     ListTotals totals_;
-    double auditAdjustment_ = 0; ///< income of the tax audit report, rupees
     const std::vector<AdjustmentList> lists_;
+    cmd* partnersFrom_ = nullptr; ///< button that opened the partners
 };
 
 } // namespace pgbp

@@ -136,12 +136,17 @@ void PresumptiveFrame::CalBalance1(const ListTotals& totals)
 
 void PresumptiveFrame::ApplyStatus()
 {
-    const bool deducts = HasPartners(run_.Glstatus) && (Kind() == kRetail44AF || !DeductsNothing());
-    for (Control* control :
-         std::initializer_list<Control*>{&cmdintt, &lblinttc, &TxtIntt, &cmdremu, &lblremuc, &txtremu})
-        control->visible = deducts;
+    if (!HasPartners(run_.Glstatus) || (Kind() != kRetail44AF && DeductsNothing()))
+        HideDeductions();
     CmdPart.visible = HasPartners(run_.Glstatus) && run_.Year() > 2006;
     FraBooks.visible = run_.Year() > 2006 && run_.Year() < 2019;
+}
+
+void PresumptiveFrame::HideDeductions()
+{
+    for (Control* control :
+         std::initializer_list<Control*>{&cmdintt, &lblinttc, &TxtIntt, &cmdremu, &lblremuc, &txtremu})
+        control->visible = false;
 }
 
 /// One amount typed takes the place of the whole list. Walking through the field leaves the list alone.

@@ -24,6 +24,7 @@ class PresumptiveFrame {
     void CalBalance1(const ListTotals& totals);
     /// Hides what the status, the year or the line has no use for.
     void ApplyStatus();
+    void HideDeductions();
     /// Neither interest nor remuneration is deducted.
     bool DeductsNothing() const { return Val(TxtIntt) == 0 && Val(txtremu) == 0; }
 
