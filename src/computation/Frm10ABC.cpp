@@ -14,9 +14,9 @@ enum ItemColumn { kSerial, kHead, kSection, kDescription, kAmount };
 Frm10ABC::Frm10ABC(Run& itsRun)
     : Screen(itsRun, "Frm10ABC", "Deduction u/s 10A/10B/10C"), MSH(*this, "MSH",
                                                                    {{"SNO", GridColumnKind::Serial},
-                                                                    {"Head", GridColumnKind::Text},
+                                                                    {"Head", GridColumnKind::Text, 2},
                                                                     {"Section", GridColumnKind::Text},
-                                                                    {"Description", GridColumnKind::Text},
+                                                                    {"Description", GridColumnKind::Text, 2},
                                                                     {"Amount", GridColumnKind::Amount}})
 {
     LayOut();
@@ -31,12 +31,11 @@ Frm10ABC::Frm10ABC(Run& itsRun)
 
 void Frm10ABC::LayOut()
 {
-    framain.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field},
+    framain.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button},
                  .rows = {{{&lblsecc, &LblSec}},
                           {{&lblheadc, &LblDescr}},
                           {{&lbldescrc, &TxtDescr}},
-                          {{&lblamtc, &TxtAmt}},
-                          {{nullptr, &CmdAdd}},
+                          {{&lblamtc, &TxtAmt, &CmdAdd}},
                           {{&MSH}}}});
     CmdSave.isDefault = true;
     bar = {&CmdSave, &CmdBack};

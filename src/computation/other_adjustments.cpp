@@ -35,8 +35,8 @@ void OtherAdjustments::LayOut()
                        {{&cmd570, &lbl570c, &lbl570}},
                        {{&cmd568, &lbl568c, &lbl568}},
                        {{&Cmd35, &Lbl35c, &Lbl35}},
-                       {{&section10abc.chk10abc1}},
-                       {{&section10abc.chk10abc2}},
+                       {{nullptr, &section10abc.chk10abc1}},
+                       {{nullptr, &section10abc.chk10abc2}},
                        {{&section10abc.cmd10abc, &section10abc.lbl10abcc, &section10abc.lbl10abc}}},
               .buttonsRight = {&cmdbackother}});
     cmdbackother.isDefault = true;
