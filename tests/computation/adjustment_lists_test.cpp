@@ -315,7 +315,7 @@ TEST_F(AdjustmentLists, OddTextsComeBackAsTyped)
     EXPECT_EQ(screen.fra2.rows.Rows(), 1);
     screen.Click(screen.fra2.save);
     EXPECT_EQ(Kept("23l").substr(0, 512), longest + '|' + longest + '|');
-    EXPECT_EQ(screen.lbl23l.text(), "9999999999999.99"); // fifteen digits can be typed
+    EXPECT_EQ(screen.lbl23l.text(), "99999999999999.90"); // fifteen digits can be typed
     screen.Click(screen.cmd511);
     Type(screen, screen.fra1.txtname, "O'Neil \"Stock\"");
     EXPECT_EQ(screen.fra1.txtname.text(), "ONeil Stock");

@@ -14,6 +14,8 @@ class LineUnderTest : public EmptyPractice, public testing::Test {
   public:
     static constexpr double kSno = 7;
 
+    LineUnderTest() { Year(2023); }
+
     /// Tells which year and status the run has; call before rows go in.
     void Year(int year, const char* status = "06")
     {

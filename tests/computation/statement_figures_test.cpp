@@ -29,6 +29,7 @@ TEST_P(StatementFiguresOf, Line)
     Year(given.year, given.status);
     for (const auto& [statement, number, amount] : given.cells)
         Cell(statement, number, amount);
+    Line("1"); // without it the cells would be orphans
     Start();
     run->FormCheckDone = given.indAs;
     const StatementFigures figures = ReadStatement(*run, kSno);
