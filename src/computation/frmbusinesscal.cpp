@@ -1,7 +1,6 @@
 #include "computation/frmbusinesscal.h"
 
 #include "computation/statement_figures.h"
-#include "law/book_profit.h"
 #include "law/remuneration_limit.h"
 #include "records/annexure_rows.h"
 #include "records/keys.h"
