@@ -1,6 +1,7 @@
 #include "computation/frmbusinesscal.h"
 
 #include "computation/statement_figures.h"
+#include "law/book_profit.h"
 #include "law/remuneration_limit.h"
 #include "records/annexure_rows.h"
 #include "records/keys.h"
@@ -60,7 +61,7 @@ frmbusinesscal::frmbusinesscal(Run& itsRun)
       partners(*this, {.bookProfit = [this](double interest,
                                             double remuneration) { return BookProfit(interest, remuneration); },
                        .takesNothing = [this] { return Kind() != kNormal && presumptive.DeductsNothing(); },
-                       .refusesPresumptivePay = true,
+                       .refusesPay = [this] { return Kind() == kPresumptive44AD || Kind() == kProfession44ADA; },
                        .saved = [this](double, double) { RefreshTotals(); },
                        .left = [this] { LeavePartners(); }}),
       lists_(MakeLists())
@@ -327,7 +328,24 @@ void frmbusinesscal::CalBalance()
     lblincome = Amount(Val(lbltot2) + Val(lblother));
 }
 
-double frmbusinesscal::BookProfit(double interest, double remuneration) const { return 0 * (interest + remuneration); }
+double frmbusinesscal::BookProfit(double interest, double remuneration) const
+{
+    if (Kind() != kNormal)
+        return Val(presumptive.Lbl44AD) - Val(presumptive.TxtIntt);
+    const double audit =
+        run.company.Scalar("select sum(net) from {business} where code = ? and [Type] = '9'", run.Glcode).Number();
+    return BookProfitBase({.year = run.Year(),
+                           .netIncome = Val(lblincome),
+                           .otherHeads = Val(lblless),
+                           .exemptIncome = Val(lbl17),
+                           .auditAdjustment = audit,
+                           .interestOnScreen = Val(lbladdintt),
+                           .remunerationOnScreen = Val(lbladdremu),
+                           .interest = interest,
+                           .remuneration = remuneration,
+                           .interestDeducted = Val(txtlesspart1),
+                           .remunerationDeducted = Val(txtlesspart2)});
+}
 
 bool frmbusinesscal::NothingEntered() const
 {

@@ -1,0 +1,42 @@
+#include "computation/linked_client.h"
+
+#include "services/text.h"
+#include "store/files.h"
+
+namespace pgbp {
+namespace {
+
+std::filesystem::path BooksFile(const Run& run)
+{
+    const std::string type = run.company.dialect().Trim("[Type]");
+    const Value folder = run.company.Scalar("select linking from {misc_items} where " + type + " = 'OVPATH'");
+    return folder.IsNull() ? std::filesystem::path() : std::filesystem::path(Trim(folder.Text())) / "balancesheet.mdb";
+}
+
+Value ClientNumber(const Run& run)
+{
+    return run.company.Scalar("select SNO from {misc_items} where code = ? and " +
+                                  run.company.dialect().Trim("[Type]") + " = 'OVLINK'",
+                              run.Glcode);
+}
+
+} // namespace
+
+std::optional<LinkedClient> FindLinkedClient(const Run& run)
+{
+    const std::filesystem::path file = BooksFile(run);
+    const Value client = ClientNumber(run);
+    if (file.empty() || client.IsNull() || !std::filesystem::exists(file))
+        return std::nullopt;
+    try {
+        Connection books = OpenFile({.path = file, .dsn = {}});
+        const Value code = books.Scalar("select code from {clientasst} where actual = ? and c_no = ? and ass_yr = ?",
+                                        false, client, run.Glyear);
+        if (!code.IsNull())
+            return LinkedClient{std::move(books), code.Text()};
+    } catch (const StoreError&) { // the accounts product is no part of this practice: its faults are not ours to tell
+    }
+    return std::nullopt;
+}
+
+} // namespace pgbp

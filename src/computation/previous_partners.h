@@ -1,0 +1,44 @@
+#pragma once
+
+#include "computation/partner_row.h"
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/grid.h"
+#include "controls/text_controls.h"
+#include "startup/run.h"
+
+#include <functional>
+#include <vector>
+
+namespace pgbp {
+
+/// `FraPartners`: the partners of the preceding year, to be taken over one by one or all at once, without their
+/// amounts.
+class PreviousPartners {
+  public:
+    explicit PreviousPartners(Screen& form);
+
+    /// Reads the preceding year's partners, each name once; the button that opens the frame shows when there are any.
+    void Read();
+
+    std::function<void(const PartnerRow&)> chosen;
+    std::function<void(const std::vector<PartnerRow>&)> allChosen;
+    std::function<void()> left; ///< without a choice too
+
+    cmd CmdImp;
+    frame FraPartners;
+    grid MSHPart;
+    label lblhintprevious;
+    cmd Command2;
+    cmd CmdBackPartners;
+
+  private:
+    void Open();
+    void Leave();
+
+    Run& run_;
+    Form& form_;
+    std::vector<PartnerRow> partners_;
+};
+
+} // namespace pgbp
