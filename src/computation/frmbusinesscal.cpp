@@ -153,8 +153,8 @@ void frmbusinesscal::Wire()
     };
     fra2.checks = ChecksOfSections();
     Image3.onClick = [this] { ShowHelp(run, Image3.toolTip); };
-    CmdPartner.onClick = cmdpartner1.onClick = Command1.onClick =
-        presumptive.CmdPart.onClick = [this] { partners.Open(); };
+    for (cmd* button : {&CmdPartner, &cmdpartner1, &Command1, &presumptive.CmdPart})
+        button->onClick = [this, button] { OpenPartners(*button); };
     cmdother.onClick = [this] { other.Open(); };
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
     CmdDep.onClick = [this] { OpenAnnexure("Depreciation Annexure"); };

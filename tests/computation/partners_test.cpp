@@ -1,0 +1,369 @@
+#include "computation/frmbusinesscal.h"
+#include "computation/line_under_test.h"
+#include "store/files.h"
+
+namespace pgbp {
+namespace {
+
+class PartnersFrame : public LineUnderTest<frmbusinesscal> {
+  public:
+    frmbusinesscal& OpenPartners()
+    {
+        frmbusinesscal& screen = OpenScreen();
+        screen.Click(screen.CmdPartner);
+        return screen;
+    }
+
+    /// Keys a whole partner; the PAN stays empty.
+    static void Enter(frmbusinesscal& screen, const char* name, const char* ratio, const char* interest = "0",
+                      const char* remuneration = "0")
+    {
+        Partners& partners = screen.partners;
+        const std::pair<TextBox*, const char*> kTexts[] = {
+            {&partners.txtpartner, name},    {&partners.TxtPart_Add, "12 Mall Road"},
+            {&partners.TxtCity, "Ludhiana"}, {&partners.txtstate, "punjab"},
+            {&partners.TxtPIN, "141003"},    {&partners.txtratio, ratio},
+            {&partners.txtpart1, interest},  {&partners.txtpart2, remuneration},
+        };
+        partners.CboStatus.Choose(0);
+        for (const auto& [field, text] : kTexts)
+            Type(screen, *field, text);
+    }
+    static void Add(frmbusinesscal& screen, const char* name, const char* ratio, const char* interest = "0",
+                    const char* remuneration = "0")
+    {
+        Enter(screen, name, ratio, interest, remuneration);
+        screen.Click(screen.partners.cmdaddpart);
+    }
+
+    static std::string Totals(const Partners& partners)
+    {
+        return partners.lblratio.text() + ' ' + partners.lblin.text() + ' ' + partners.lblre.text();
+    }
+
+    /// The rows of the working copy, as "type name amt1 amt2 amt3 amt4".
+    std::string Details() const
+    {
+        std::string lines;
+        for (const Row row : run->qeltemp.Query("select * from {temp1} order by rowid")) {
+            lines += row["Type"].Text();
+            for (const char* column : {"name1", "amt1", "amt2", "amt3", "amt4"})
+                lines += ' ' + row[column].Text();
+            lines += '\n';
+        }
+        return lines;
+    }
+};
+
+TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
+{
+    Line("1");
+    Detail("PARTINTT", {{"name1", "asha"}, {"amt1", 12000}, {"amt2", 99}, {"amt3", 11000}, {"amt4", 12}, {"PIN", "2"}});
+    Detail("PARTINTT", {{"name1", "Bela"}, {"amt1", 500}, {"amt2", 30}, {"amt3", 400}, {"flag1", 1}});
+    Detail("PARTREMU", {{"name1", "Asha"},
+                        {"amt1", 240000},
+                        {"amt2", 60},
+                        {"amt3", 1},
+                        {"name2", "AAAPA1111A"},
+                        {"name3", "Individual"},
+                        {"utn", "0099"}});
+    Detail("PARTREMU", {{"name1", "Charu"}, {"amt1", 0}, {"amt2", 40}});
+    frmbusinesscal& screen = OpenPartners();
+    const Partners& partners = screen.partners;
+    EXPECT_FALSE(screen.cmd511.Reachable());
+    EXPECT_EQ(partners.DbPart.Shows(),
+              "asha\t60.00\t12000.00\t240000.00\t11000.00\tFalse\t\t\t2\tIndividual\t0099\t12.00\n"
+              "Charu\t40.00\t0.00\t0.00\t0.00\tFalse\t\t\t\t\t\t0.00\n"
+              "Bela\t30.00\t500.00\t0.00\t400.00\tTrue\t\t\t\t\t\t0.00");
+    EXPECT_EQ(Totals(partners), "100.00 12500.00 240000.00"); // who left has no share
+}
+
+TEST_F(PartnersFrame, ChecksOfAddInTheirOrder)
+{
+    struct Step {
+        TextBox& field;
+        const char* text;
+        const char* message; ///< that Add shows before the field is filled
+    };
+    Line("1");
+    Detail("PARTREMU", {{"name1", "Asha"}, {"amt2", 60}});
+    frmbusinesscal& screen = OpenPartners();
+    Partners& partners = screen.partners;
+    Type(screen, partners.txtratio, "40.01");
+    const Step kSteps[] = {
+        {partners.txtratio, "-5", "Total Ratio can not be greater than 100...."},
+        {partners.txtpartner, "Bela", "Please fill name of Partner...."},
+        {partners.TxtPart_Add, "1 Mall", "Please fill Address...."},
+        {partners.TxtCity, "Agra", "Please fill City...."},
+        {partners.txtstate, "Utopia", "Please fill State...."},
+        {partners.txtstate, "Uttar Pradesh", "Please select the name of state from the list..."},
+        {partners.TxtPIN, "282001", "Please fill Pin Code...."},
+        {partners.txtratio, "40", "Please fill profit sharing ratio of Partner correctly...."},
+    };
+    for (const auto& [field, text, message] : kSteps) {
+        screen.Click(partners.cmdaddpart);
+        EXPECT_EQ(boxes.Take().text, message);
+        EXPECT_EQ(screen.focused(), &field) << message;
+        Type(screen, field, text);
+    }
+    screen.Click(partners.cmdaddpart);
+    EXPECT_EQ(boxes.Take().text, "Please fill Status of Partner...");
+    partners.CboStatus.Choose(1);
+    EXPECT_FALSE(partners.TXTDin.visible);
+    partners.CboStatus.Choose(0);
+    EXPECT_TRUE(partners.TXTDin.visible);
+    screen.Click(partners.cmdaddpart);
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(partners.DbPart.Rows(), 2);
+    EXPECT_EQ(partners.CboStatus.text() + partners.txtpartner.text() + partners.txtratio.text(), "0.00");
+    EXPECT_EQ(screen.focused(), &partners.txtpartner);
+}
+
+TEST_F(PartnersFrame, OlderYearsAskForLess)
+{
+    Year(2011, "09");
+    frmbusinesscal& screen = OpenPartners();
+    Partners& partners = screen.partners;
+    EXPECT_EQ(partners.CboStatus.items().size(), 12U);
+    const std::pair<TextBox*, const char*> kTexts[] = {{&partners.txtpartner, "Asha"},
+                                                       {&partners.TxtCity, "Agra"},
+                                                       {&partners.txtstate, "Delhi"},
+                                                       {&partners.TxtPIN, "1"},
+                                                       {&partners.txtratio, "-5"}};
+    for (const auto& [field, text] : kTexts)
+        Type(screen, *field, text);
+    screen.Click(partners.cmdaddpart);
+    screen.Click(partners.cmdsavepart); // members may share in any way
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(Details(), "PARTREMU Asha 0 -5 0 0\n");
+}
+
+TEST_F(PartnersFrame, RemunerationOfOneWhoLeft)
+{
+    struct Case {
+        int year;
+        bool asks;
+    };
+    constexpr Case kCases[] = {{2015, true}, {2016, false}, {2018, false}, {2019, true}};
+    for (const auto& [year, asks] : kCases) {
+        run.reset();
+        Year(year);
+        frmbusinesscal& screen = OpenPartners();
+        Enter(screen, "Asha", "30", "0", "1");
+        screen.Click(screen.partners.ChkCurrent);
+        boxes.answers.assign(asks ? 2 : 0, Answer::No);
+        screen.Click(screen.partners.cmdaddpart);
+        const Message message = boxes.Take();
+        EXPECT_EQ(message.title, asks ? "Vorn - Confirmation" : "");
+        EXPECT_EQ(message.text.ends_with("P & L Account..\nDo you still want to save this ?"), asks);
+        EXPECT_EQ(message.text.ends_with("P & L Account..."), !asks);
+        EXPECT_EQ(screen.partners.DbPart.Rows(), 0);
+        EXPECT_TRUE(screen.partners.ChkCurrent.value);
+        if (!asks)
+            continue;
+        EXPECT_EQ(message.byDefault, Answer::No);
+        boxes.answers = {Answer::Yes};
+        screen.Click(screen.partners.cmdaddpart);
+        boxes.shown.clear();
+        EXPECT_EQ(screen.partners.DbPart.Cell(1, 5), "True");
+        EXPECT_EQ(Totals(screen.partners), "0.00 0.00 1.00");
+        EXPECT_FALSE(screen.partners.ChkCurrent.value);
+    }
+}
+
+TEST_F(PartnersFrame, RatiosMustMakeAHundredAsShown)
+{
+    struct Case {
+        const char* status;
+        std::vector<const char*> ratios;
+        bool passes;
+    };
+    const Case kCases[] = {
+        {"05", {"33.33", "33.33", "33.33"}, false},
+        {"06", {"14.29", "14.29", "14.29", "14.29", "14.28", "14.28", "14.28"}, true},
+        {"07", {"33.33"}, true},
+    };
+    for (const auto& [status, ratios, passes] : kCases) {
+        run.reset();
+        Year(2023, status);
+        frmbusinesscal& screen = OpenPartners();
+        screen.Click(screen.partners.cmdsavepart); // nobody: nothing happens
+        EXPECT_TRUE(screen.partners.frapartner.visible);
+        for (const char* ratio : ratios)
+            Add(screen, ratio, ratio);
+        screen.Click(screen.partners.cmdsavepart);
+        EXPECT_EQ(screen.partners.frapartner.visible, !passes) << status;
+        EXPECT_EQ(passes ? "" : boxes.Take().text,
+                  passes ? "" : "Please fill the partnership ratios of the partners correctly...");
+    }
+}
+
+// By hand: the book profit is 470000 + 30000 + 400000 before the payments, less 30000 of interest, 870000; the limit is
+// 270000 + 60 % of 570000 = 612000. The net income is 470000 with both payments added back.
+TEST_F(PartnersFrame, SaveKeepsARowForEveryPartnerAndEntersTheIncome)
+{
+    Line("1");
+    Cell("NEWPL", 255, "470000");
+    frmbusinesscal& screen = OpenPartners();
+    Partners& partners = screen.partners;
+    Enter(screen, "O'Neil", "60", "30000", "400000");
+    EXPECT_EQ(partners.txtAllow.text(), "30000.00"); // follows the interest
+    Type(screen, partners.txtAllow, "25000");
+    Type(screen, partners.TxtInttRate, "12.5");
+    screen.Click(partners.cmdaddpart);
+    EXPECT_EQ(partners.lblallowremu.text(), "612000.00");
+    Add(screen, "Bela", "40");
+    EXPECT_EQ(Totals(partners), "100.00 30000.00 400000.00");
+    screen.Click(partners.cmdsavepart);
+    EXPECT_EQ(Details(), "PARTINTT O Neil 30000 60 25000 12.5\nPARTREMU O Neil 400000 60 25000 12.5\n"
+                         "PARTREMU Bela 0 40 0 0\n");
+    EXPECT_EQ(screen.lbladdintt.text() + ' ' + screen.lbladdremu.text(), "30000.00 400000.00");
+    EXPECT_EQ(screen.lblincome.text(), "900000.00");
+    EXPECT_EQ(screen.focused(), &screen.CmdPartner);
+    EXPECT_EQ(run->qeltemp.Scalar("select count(*) from {temp}").Number(), 0);
+    screen.Click(screen.CmdPartner);
+    EXPECT_EQ(partners.lblallowremu.text(), "612000.00");
+}
+
+TEST_F(PartnersFrame, DoubleClickBringsEverythingBack)
+{
+    Line("1");
+    Detail("PARTREMU", {{"name1", "Asha"},
+                        {"amt1", 500},
+                        {"amt2", 33.333},
+                        {"name2", "AAAPA1111A"},
+                        {"name3", "HUF"},
+                        {"AD1", "5 \"Lane\""},
+                        {"CITY", "Agra"},
+                        {"State", "Delhi"},
+                        {"PIN", "1"},
+                        {"utn", "77"}});
+    frmbusinesscal& screen = OpenPartners();
+    Partners& partners = screen.partners;
+    partners.DbPart.DoubleClick(1);
+    EXPECT_EQ(partners.DbPart.Rows(), 0); // found though it has more places than are shown
+    EXPECT_EQ(Totals(partners), "0.00 0.00 0.00");
+    std::string fields;
+    for (const TextBox* field : std::initializer_list<const TextBox*>{
+             &partners.txtpartner, &partners.TxtPart_PAN, &partners.TxtPart_Add, &partners.TxtCity, &partners.txtstate,
+             &partners.TxtPIN, &partners.CboStatus, &partners.TXTDin, &partners.txtratio, &partners.txtpart2})
+        fields += field->text() + '|';
+    EXPECT_EQ(fields, "Asha|AAAPA1111A|5 \"Lane\"|Agra|Delhi|1|HUF|77|33.33|500.00|");
+    Type(screen, partners.txtstate, "Nowhere");
+    screen.Click(partners.cmdbackpartner);
+    EXPECT_EQ(Details(), "PARTREMU Asha 500 33.333  \n"); // Cancel forgets
+    screen.Click(screen.CmdPartner);
+    EXPECT_EQ(partners.txtstate.text(), "");
+    EXPECT_EQ(partners.DbPart.Rows(), 1);
+}
+
+TEST_F(PartnersFrame, PartnersComeFromTheClients)
+{
+    const auto client = [this](const char* name, const char* pan, const char* status, const char* comm) {
+        Company().Insert("assessee", {{"comp_name", name},
+                                      {"pan", pan},
+                                      {"Status", status},
+                                      {"comm", comm},
+                                      {"add_o1", "Office 1"},
+                                      {"add_o3", "Office 3"},
+                                      {"city_o", "Pune"},
+                                      {"state_o", "MAHARASHTRA"},
+                                      {"pin_o", "411001"},
+                                      {"add_r1", "Home"},
+                                      {"city_r", "Agra"},
+                                      {"state_r", "DELHI"},
+                                      {"pin_r", "282001"}});
+    };
+    client("Zubin's \"Daughter\"", "AAAPZ1111A", "01", "R");
+    client("Amar", "", "03", "O");
+    client("Some Firm", "AAAFS1111A", "06", "O");
+    frmbusinesscal& screen = OpenPartners();
+    Partners& partners = screen.partners;
+    screen.Click(partners.ImgHelp);
+    EXPECT_EQ(partners.search.MSH.Rows(), 2);
+    TypeText(screen, "zu");
+    EXPECT_EQ(partners.search.MSH.currentRow(), 2);
+    TypeText(screen, "x"); // nobody: the row stays
+    partners.search.MSH.DoubleClick(2);
+    EXPECT_FALSE(partners.search.FraPart.visible);
+    EXPECT_EQ(partners.txtpartner.text() + '|' + partners.TxtPart_Add.text() + '|' + partners.txtstate.text(),
+              "Zubin's \"Daughter\"|Home|DELHI");
+    EXPECT_TRUE(partners.txtpartner.locked);
+    screen.Click(partners.ImgHelp);
+    partners.search.MSH.DoubleClick(1);
+    EXPECT_EQ(partners.TxtPart_Add.text(), "Office 1 Office 3");
+    EXPECT_FALSE(partners.txtpartner.locked);
+
+    Type(screen, partners.TxtPart_PAN, "aaapz1111a");
+    screen.Press(Key::Enter);
+    ASSERT_TRUE(partners.details.FraDEt.visible);
+    EXPECT_EQ(partners.details.LblD3.text(), "Agra");
+    screen.Press(Key::Escape);
+    EXPECT_EQ(partners.txtpartner.text(), "Amar");
+    screen.SetFocus(partners.TxtPart_PAN);
+    screen.Press(Key::Enter);
+    EXPECT_EQ(screen.focused(), &partners.details.CmdACC);
+    screen.Press(Key::Enter);
+    EXPECT_EQ(partners.txtpartner.text() + ' ' + partners.TxtPIN.text(), "Zubin's \"Daughter\" 282001");
+    EXPECT_FALSE(partners.details.FraDEt.visible);
+}
+
+TEST_F(PartnersFrame, PartnersComeFromThePrecedingYear)
+{
+    const auto earlier = [this](const char* type, const char* name, double ratio) {
+        Company().Insert("business1", {{"code", handOver.GlPrCode},
+                                       {"Type", type},
+                                       {"SNO", 3},
+                                       {"name1", name},
+                                       {"amt1", 900},
+                                       {"amt2", ratio},
+                                       {"State", "DELHI"}});
+    };
+    earlier("PARTREMU", "Bela", 40);
+    earlier("PARTINTT", "Asha", 60);
+    earlier("PARTREMU", "ASHA", 60);
+    frmbusinesscal& screen = OpenPartners();
+    Partners& partners = screen.partners;
+    ASSERT_TRUE(partners.previous.CmdImp.visible);
+    screen.Click(partners.previous.CmdImp);
+    EXPECT_EQ(partners.previous.MSHPart.Rows(), 2);
+    EXPECT_FALSE(partners.txtpartner.Reachable());
+    partners.previous.MSHPart.DoubleClick(2);
+    EXPECT_EQ(partners.txtpartner.text() + ' ' + partners.txtratio.text(), "Bela 40.00");
+    screen.Click(partners.previous.CmdImp);
+    screen.Click(partners.previous.Command2);
+    EXPECT_EQ(Totals(partners), "100.00 0.00 0.00");
+    EXPECT_EQ(partners.DbPart.Rows(), 2);
+    screen.Click(partners.cmdsavepart);
+    EXPECT_EQ(Details(), "PARTREMU Asha 0 60 0 0\nPARTREMU Bela 0 40 0 0\n");
+}
+
+TEST_F(PartnersFrame, PartnersComeFromTheBooks)
+{
+    frmbusinesscal& before = OpenPartners();
+    EXPECT_FALSE(before.partners.cmdImport.visible);
+    EXPECT_FALSE(before.partners.previous.CmdImp.visible);
+    const auto books = folder.path() / "orvane";
+    std::filesystem::create_directory(books);
+    CreateEmbeddedFile(books / "balancesheet.mdb", "balancesheet");
+    Company().Insert("misc_items", {{"Type", " OVPATH "}, {"linking", books.string()}});
+    Company().Insert("misc_items", {{"code", handOver.Glcode}, {"Type", "OVLINK"}, {"sno", 5}});
+    {
+        const Connection file = OpenFile({.path = books / "balancesheet.mdb", .dsn = {}});
+        file.Insert("clientasst", {{"c_no", 5}, {"ass_yr", "2023-24"}, {"actual", false}, {"code", "OV5"}});
+        file.Insert(
+            "capital",
+            {{"code", "OV5"}, {"p_name", "Charu"}, {"p_interest", 1200}, {"p_remuneration", 500}, {"p_share", 55}});
+    }
+    before.Click(before.header.CmdBack);
+    before.Click(before.CmdPartner);
+    ASSERT_TRUE(before.partners.cmdImport.visible);
+    before.Click(before.partners.cmdImport);
+    EXPECT_EQ(Totals(before.partners), "55.00 1200.00 500.00");
+    EXPECT_EQ(before.partners.DbPart.Cell(1, 4), "1200.00");
+    before.Click(before.partners.cmdsavepart);
+    EXPECT_EQ(boxes.Take().text, "Please fill state correctly for Charu");
+}
+
+} // namespace
+} // namespace pgbp
