@@ -20,6 +20,12 @@ namespace {
 
 constexpr double kAnnexureOfComputation = 111; ///< `GLwhere` while the annexure of this screen is open
 
+/// Business lines whose income is deemed; a profession's is not one of them.
+bool IsDeemedByReceipts(BusinessKind kind)
+{
+    return kind == kPresumptive44AD || kind == kTransport44AE || kind == kRetail44AF;
+}
+
 /// The heads of income to which an adjustment may belong.
 std::vector<std::string> OtherHeads(const Run& run)
 {
@@ -60,7 +66,7 @@ frmbusinesscal::frmbusinesscal(Run& itsRun)
                     .left = [this] { SetFocus(cmdother); }}),
       partners(*this, {.bookProfit = [this](double interest,
                                             double remuneration) { return BookProfit(interest, remuneration); },
-                       .takesNothing = [this] { return Kind() != kNormal && presumptive.DeductsNothing(); },
+                       .takesNothing = [this] { return IsDeemedByReceipts(Kind()) && presumptive.DeductsNothing(); },
                        .refusesPay = [this] { return Kind() == kPresumptive44AD || Kind() == kProfession44ADA; },
                        .saved = [this](double, double) { RefreshTotals(); },
                        .left = [this] { LeavePartners(); }}),
@@ -162,7 +168,7 @@ void frmbusinesscal::Wire()
     presumptive.listReplaced = [this] { RefreshTotals(); };
     presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
     header.CmdSave.onClick = [this] { Save(); };
-    header.CmdDel.onClick = [this] { Delete(); };
+    header.CmdDel.onClick = presumptive.cmdDel1.onClick = [this] { Delete(); };
 }
 
 std::vector<ListCheck> frmbusinesscal::ChecksOfSections()
@@ -241,7 +247,7 @@ void frmbusinesscal::ApplyYearAndStatus()
 {
     const int year = run.Year();
     const bool isNormal = Kind() == kNormal;
-    framain.visible = isNormal;
+    framain.visible = header.CmdBack.visible = isNormal;
     presumptive.fra44ad.visible = !isNormal;
     if (isNormal)
         header.ShowWayToStatement();
@@ -254,6 +260,7 @@ void frmbusinesscal::ApplyYearAndStatus()
     constexpr int kFormOfFirms = 5;
     Command1.visible = run.GlITR == kFormOfFirms;
     presumptive.ApplyStatus();
+    presumptive.cmdDel1.enabled = header.IsEdit();
 }
 
 void frmbusinesscal::Activate()
@@ -374,7 +381,7 @@ void frmbusinesscal::Save()
 
 std::vector<Field> frmbusinesscal::BusinessColumns() const
 {
-    const bool isDeemed = Kind() != kNormal && Kind() != kProfession44ADA && !presumptive.chk44ad.value;
+    const bool isDeemed = IsDeemedByReceipts(Kind()) && !presumptive.chk44ad.value;
     const auto computed = [&](const TextControl& amount) { return isDeemed ? 0 : Val(amount); };
     const auto& claims = other.section10abc;
     return {{"PNL", computed(header.txtpnl)},

@@ -30,7 +30,7 @@ PresumptiveFrame::PresumptiveFrame(Screen& form)
              {form, "lblTxt4", "Net Profit :"}},
       Txt{{form, "Txt1"}, {form, "Txt2"}, {form, "Txt3"}, {form, "Txt4"}},
       CmdPart(form, "CmdPart", "Part&ner's Details"), cmdsave44ad(form, "cmdsave44ad", "&Save"),
-      cmdback44ad(form, "cmdback44ad", "&Back"), run_(form.run)
+      cmdDel1(form, "cmdDel1", "&Delete"), cmdback44ad(form, "cmdback44ad", "&Back"), run_(form.run)
 {
     fra44ad.visible = false;
     for (txtn* amount : {&txtrece, &TxtPer, &TxtRece6, &TxtPer6, &TxtReceOth, &Lbl44AD, &TxtIntt, &txtremu})
@@ -69,7 +69,7 @@ void PresumptiveFrame::LayOut()
                           {{&chk44ad}},
                           {{&FraBooks}}},
                  .buttonsLeft = {&CmdPart},
-                 .buttonsRight = {&cmdsave44ad, &cmdback44ad}});
+                 .buttonsRight = {&cmdsave44ad, &cmdDel1, &cmdback44ad}});
 }
 
 void PresumptiveFrame::Fill(const LineHeader& line)

@@ -59,6 +59,7 @@ class PresumptiveFrame {
     txtn Txt[4]; ///< `Txt1` to `Txt4`: receipts, gross profit, expenses, net profit for the return's account
     cmd CmdPart;
     cmd cmdsave44ad;
+    cmd cmdDel1;
     cmd cmdback44ad;
 
     std::function<void()> listReplaced; ///< an amount was typed in place of a list: the sums have changed
