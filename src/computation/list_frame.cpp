@@ -11,6 +11,7 @@ namespace {
 std::vector<GridColumn> GridColumns(const std::vector<ListColumn>& columns)
 {
     std::vector<GridColumn> headed;
+    headed.reserve(columns.size());
     for (const ListColumn& column : columns)
         headed.push_back({column.heading, column.kind});
     return headed;

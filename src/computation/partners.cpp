@@ -179,7 +179,7 @@ void Partners::FillLists()
 std::vector<Partners::Check> Partners::ChecksOfAdd()
 {
     const auto isEmpty = [](const TextBox& field) { return [&field] { return field.text().empty(); }; };
-    const auto from = [this](int year, std::function<bool()> fails) {
+    const auto from = [this](int year, const std::function<bool()>& fails) {
         return [isThen = run_.Year() >= year, fails] { return isThen && fails(); };
     };
     const auto isPaidAfterLeaving = [this] { return ChkCurrent.value && Val(txtpart2) > 0; };
