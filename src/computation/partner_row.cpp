@@ -16,6 +16,7 @@ struct Column {
     std::string_view detail;
 };
 
+/// Other programs leave a blank behind `AD1`; the store drops such blanks, so it is written plain.
 constexpr Column<std::string> kTexts[] = {
     {&PartnerRow::name, "name1", "name1"},   {&PartnerRow::pan, "name2", "name2"},
     {&PartnerRow::status, "name6", "name3"}, {&PartnerRow::address, "AD1", "AD1"},
@@ -106,7 +107,9 @@ std::vector<PartnerRow> MergePartners(const Recordset& remunerations, const Reco
             partners.push_back(paid);
             continue;
         }
-        PartnerRow merged = paid; // ratio, status, identity and the mark of one who left stay those of the other row
+        // name, ratio, status, identity and the mark of one who left stay those of the other row
+        PartnerRow merged = paid;
+        merged.name = same->name;
         merged.remuneration = same->remuneration;
         merged.ratio = same->ratio;
         merged.status = same->status;

@@ -115,6 +115,7 @@ Partners::Partners(Screen& form, PartnersUse use)
     Wire();
     FillLists();
     Clear();
+    ShowIdentity();
 }
 
 void Partners::LayOut()
@@ -334,11 +335,11 @@ void Partners::Add()
 void Partners::TakeBack(int row)
 {
     const PartnerRow partner = shown_[static_cast<std::size_t>(row) - 1];
-    run_.qeltemp.Delete("from {temp} where name1 = ? and amt1 = ? and amt2 = ? and amt3 = ? and amt4 = ? and code = ?",
-                        partner.name, partner.interest, partner.remuneration, partner.ratio, partner.allowableInterest,
-                        run_.Code());
+    const long taken = run_.qeltemp.Delete(
+        "from {temp} where name1 = ? and amt1 = ? and amt2 = ? and amt3 = ? and amt4 = ? and code = ?", partner.name,
+        partner.interest, partner.remuneration, partner.ratio, partner.allowableInterest, run_.Code());
     Show(partner);
-    Count(partner, -1);
+    Count(partner, -static_cast<int>(taken)); // rows that are alike go together
     ShowLimit();
     ShowGrid();
     form_.SetFocus(txtpartner);

@@ -6,7 +6,7 @@
 namespace pgbp {
 
 PreviousPartners::PreviousPartners(Screen& form)
-    : CmdImp(form, "CmdImp", "&Imp."), FraPartners(form, "FraPartners", "Partners (Previous Year)"),
+    : CmdImp(form, "CmdImp", "Imp."), FraPartners(form, "FraPartners", "Partners (Previous Year)"),
       MSHPart(form, "MSHPart",
               {{"Name", GridColumnKind::Text},
                {"Ratio", GridColumnKind::Amount},

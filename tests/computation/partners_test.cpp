@@ -27,7 +27,8 @@ class PartnersFrame : public LineUnderTest<frmbusinesscal> {
         };
         partners.CboStatus.Choose(0);
         for (const auto& [field, text] : kTexts)
-            Type(screen, *field, text);
+            if (field->enabled)
+                Type(screen, *field, text);
     }
     static void Add(frmbusinesscal& screen, const char* name, const char* ratio, const char* interest = "0",
                     const char* remuneration = "0")
@@ -72,7 +73,7 @@ TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
     const Partners& partners = screen.partners;
     EXPECT_FALSE(screen.cmd511.Reachable());
     EXPECT_EQ(partners.DbPart.Shows(),
-              "asha\t60.00\t12000.00\t240000.00\t11000.00\tFalse\t\t\t2\tIndividual\t0099\t12.00\n"
+              "Asha\t60.00\t12000.00\t240000.00\t11000.00\tFalse\t\t\t2\tIndividual\t0099\t12.00\n"
               "Charu\t40.00\t0.00\t0.00\t0.00\tFalse\t\t\t\t\t\t0.00\n"
               "Bela\t30.00\t500.00\t0.00\t400.00\tTrue\t\t\t\t\t\t0.00");
     EXPECT_EQ(Totals(partners), "100.00 12500.00 240000.00"); // who left has no share
@@ -89,6 +90,7 @@ TEST_F(PartnersFrame, ChecksOfAddInTheirOrder)
     Detail("PARTREMU", {{"name1", "Asha"}, {"amt2", 60}});
     frmbusinesscal& screen = OpenPartners();
     Partners& partners = screen.partners;
+    EXPECT_FALSE(partners.TXTDin.visible); // nobody's status is chosen
     Type(screen, partners.txtratio, "40.01");
     const Step kSteps[] = {
         {partners.txtratio, "-5", "Total Ratio can not be greater than 100...."},
@@ -257,6 +259,81 @@ TEST_F(PartnersFrame, DoubleClickBringsEverythingBack)
     EXPECT_EQ(partners.DbPart.Rows(), 1);
 }
 
+TEST_F(PartnersFrame, RowsThatAreAlikeAreTakenBackTogether)
+{
+    Line("1");
+    for (const char* name : {"Asha", "Asha", "Bela"})
+        Detail("PARTREMU", {{"name1", name}, {"amt1", 100}, {"amt2", 25}});
+    frmbusinesscal& screen = OpenPartners();
+    screen.partners.DbPart.DoubleClick(2);
+    EXPECT_EQ(screen.partners.DbPart.Rows(), 1);
+    EXPECT_EQ(Totals(screen.partners), "25.00 0.00 100.00");
+}
+
+TEST_F(PartnersFrame, OddTextsComeBackAsTyped)
+{
+    const std::string odd = R"(50% "Sons"; ' -- _)" + std::string(237, 'x');
+    Line("1");
+    frmbusinesscal& screen = OpenPartners();
+    Enter(screen, odd.c_str(), "100");
+    for (TextBox* field :
+         std::initializer_list<TextBox*>{&screen.partners.TxtPart_PAN, &screen.partners.TxtPart_Add,
+                                         &screen.partners.TxtCity, &screen.partners.TxtPIN, &screen.partners.TXTDin})
+        Type(screen, *field, odd + "cut off at the key");
+    screen.Click(screen.partners.cmdaddpart);
+    screen.Click(screen.partners.cmdsavepart);
+    screen.Click(screen.header.CmdSave);
+    EXPECT_TRUE(boxes.shown.empty());
+    frmbusinesscal& again = OpenPartners();
+    ASSERT_EQ(again.partners.DbPart.Rows(), 1);
+    again.partners.DbPart.DoubleClick(1);
+    std::string name = odd;
+    std::replace(name.begin(), name.end(), '\'', ' ');
+    EXPECT_EQ(again.partners.txtpartner.text(), name);
+    EXPECT_EQ(again.partners.TxtPart_PAN.text(), name); // the second text of a detail row loses them too
+    for (const TextBox* field : std::initializer_list<const TextBox*>{
+             &again.partners.TxtPart_Add, &again.partners.TxtCity, &again.partners.TxtPIN, &again.partners.TXTDin})
+        EXPECT_EQ(field->text(), odd) << field->name();
+}
+
+TEST_F(PartnersFrame, PayOnLinesWhoseIncomeIsDeemed)
+{
+    struct Case {
+        BusinessKind kind;
+        const char* type;
+        int year;
+        bool deducts; ///< the line has interest to partners
+        bool canBeEntered;
+        bool refused;
+    };
+    constexpr Case kCases[] = {
+        {kPresumptive44AD, "3", 2023, false, false, false}, {kTransport44AE, "4", 2022, false, false, false},
+        {kPresumptive44AD, "3", 2016, true, true, false},   {kPresumptive44AD, "3", 2017, true, true, true},
+        {kTransport44AE, "4", 2021, true, true, false},     {kProfession44ADA, "A", 2020, false, true, true},
+    };
+    for (const auto& [kind, type, year, deducts, canBeEntered, refused] : kCases) {
+        run.reset();
+        Year(year);
+        Line(type);
+        Detail("intt", {{"amt1", deducts ? 700 : 0}});
+        frmbusinesscal& screen = OpenScreen(kind, "Deemed");
+        screen.Click(screen.presumptive.CmdPart);
+        Partners& partners = screen.partners;
+        Enter(screen, "Asha", "100");
+        ASSERT_EQ(partners.txtpart2.enabled, canBeEntered) << type << year;
+        ASSERT_EQ(partners.txtpart1.enabled, canBeEntered) << type << year;
+        if (canBeEntered)
+            Type(screen, partners.txtpart2, "1");
+        screen.Click(partners.cmdaddpart);
+        EXPECT_EQ(partners.DbPart.Rows(), refused ? 0 : 1) << type << year;
+        EXPECT_EQ(refused ? boxes.Take().text : "",
+                  refused ? "Remuneration and Interest are not allowed u/s 44AD and ADA, Please correct the details "
+                            "to save..."
+                          : "");
+        EXPECT_TRUE(boxes.shown.empty()) << type << year;
+    }
+}
+
 TEST_F(PartnersFrame, PartnersComeFromTheClients)
 {
     const auto client = [this](const char* name, const char* pan, const char* status, const char* comm) {
@@ -279,6 +356,8 @@ TEST_F(PartnersFrame, PartnersComeFromTheClients)
     client("Some Firm", "AAAFS1111A", "06", "O");
     frmbusinesscal& screen = OpenPartners();
     Partners& partners = screen.partners;
+    screen.Click(partners.Image2);
+    EXPECT_EQ(boxes.Take().text, "Vet_Pan.exe file not found...");
     screen.Click(partners.ImgHelp);
     EXPECT_EQ(partners.search.MSH.Rows(), 2);
     TypeText(screen, "zu");
