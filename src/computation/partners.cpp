@@ -91,8 +91,9 @@ Partners::Partners(Screen& form, PartnersUse use)
                                                       {"Status", GridColumnKind::Text},
                                                       {"DIN", GridColumnKind::Text},
                                                       {"Intt Rate", GridColumnKind::Amount}}),
-      lbltotal(form, "lbltotal", "Total : "), lblratio(form, "lblratio", "0.00", LabelLook::Amount),
-      lblin(form, "lblin", "0.00", LabelLook::Amount), lblre(form, "lblre", "0.00", LabelLook::Amount),
+      fratotals(form, "fratotals", "", FramePlace::Group), lbltotal(form, "lbltotal", "Total : "),
+      lblratio(form, "lblratio", "0.00", LabelLook::Amount), lblin(form, "lblin", "0.00", LabelLook::Amount),
+      lblre(form, "lblre", "0.00", LabelLook::Amount),
       lblallowremuc(form, "lblallowremuc", "Maximum Allowable Remuneration :"),
       lblallowremu(form, "lblallowremu", "0.00", LabelLook::Amount), cmdImport(form, "cmdImport", "&Import"),
       cmdsavepart(form, "cmdsavepart", "&Save"), cmdbackpartner(form, "cmdbackpartner", "&Cancel"), search(form),
@@ -120,6 +121,10 @@ Partners::Partners(Screen& form, PartnersUse use)
 
 void Partners::LayOut()
 {
+    // in the order of the grid's columns; the limit stands under the remuneration that it limits
+    fratotals.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Amount, LayoutColumn::Amount, LayoutColumn::Amount},
+                   .rows = {{{&lbltotal, &lblratio, &lblin, &lblre}, RowStyle::Total},
+                            {{&lblallowremuc, nullptr, nullptr, &lblallowremu}}}});
     frapartner.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button, LayoutColumn::Caption,
                                 LayoutColumn::Field, LayoutColumn::Button},
                     .rows = {{{&lblpartner, &txtpartner, &ImgHelp, &lblpan, &TxtPart_PAN, &Image2}},
@@ -128,12 +133,10 @@ void Partners::LayOut()
                              {{&lblstatus, &CboStatus, nullptr, &Label6, &TXTDin}},
                              {{&lblratioc, &txtratio, nullptr, &lblrate, &TxtInttRate}},
                              {{&lblpart1c, &txtpart1, nullptr, &lblallow, &txtAllow}},
-                             {{&lblpart2c, &txtpart2}},
-                             {{nullptr, &ChkCurrent, nullptr, nullptr, &cmdaddpart}},
+                             {{&lblpart2c, &txtpart2, nullptr, nullptr, &ChkCurrent, &cmdaddpart}},
                              {{&DbPart}},
-                             {{&lbltotal, &lblratio, nullptr, &lblin, &lblre}},
-                             {{&lblallowremuc, &lblallowremu}},
-                             {{nullptr, &ChkChange}}},
+                             {{&fratotals}},
+                             {{&ChkChange}}},
                     .buttonsLeft = {&previous.CmdImp, &cmdImport},
                     .buttonsRight = {&cmdsavepart, &cmdbackpartner}});
     cmdsavepart.isDefault = true;

@@ -75,6 +75,7 @@ class Partners {
     check ChkChange;
     cmd cmdaddpart;
     grid DbPart;
+    frame fratotals;
     label lbltotal;
     label lblratio;
     label lblin;
