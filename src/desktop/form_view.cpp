@@ -58,6 +58,7 @@ void FormView::AddMain(frame& main, const ButtonRow& buttons)
     auto& view = static_cast<FrameView&>(Add(main, {.parent = page->viewport()}));
     page->setWidget(view.widget());
     view.AddButtons(buttons);
+    mains_.emplace_back(&main, page);
 }
 
 /// A side frame is drawn when it is first up.
@@ -168,6 +169,8 @@ void FormView::Refresh()
     mnemonics_ = form.Mnemonics();
     for (const auto& view : views_)
         view->FromModel();
+    for (const auto& [main, page] : mains_)
+        page->setVisible(main->visible);
     cards_->Arrange();
     MoveFocus();
 }

@@ -73,6 +73,7 @@ class FormView : public QWidget {
     std::unordered_map<const Control*, ControlView*> byControl_;
     std::unordered_map<const QObject*, ControlView*> watched_;
     std::map<const PushControl*, char> mnemonics_;
+    std::vector<std::pair<frame*, QWidget*>> mains_; ///< main frames, each with its page
     std::vector<frame*> notShownYet_;
     QWidget* pages_ = nullptr;
     CardLayer* cards_ = nullptr;

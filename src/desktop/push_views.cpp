@@ -46,6 +46,14 @@ ButtonView::ButtonView(cmd& itsButton, FormView& itsForm, const Place& place)
     push->setMinimumWidth(place.inRow ? 0 : 22 * kUnit);
 }
 
+/// The buttons of a main frame stand below its page: they go with it.
+void ButtonView::FromModel()
+{
+    PushView::FromModel();
+    if (control.container && control.container->place == FramePlace::Main)
+        button()->setVisible(control.Shown());
+}
+
 ImageView::ImageView(image& itsImage, FormView& itsForm, const Place& place)
     : PushView(itsImage, itsForm, new QToolButton(place.parent))
 {

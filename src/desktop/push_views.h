@@ -32,6 +32,7 @@ class PushView : public ControlView {
 class ButtonView : public PushView {
   public:
     ButtonView(cmd& itsButton, FormView& itsForm, const Place& place);
+    void FromModel() override;
 };
 
 class ImageView : public PushView {

@@ -154,7 +154,7 @@ std::string FirstLine(const std::filesystem::path& path)
 std::string clsIniFile::GetValue(std::string_view section, std::string_view key) const
 {
     std::string value;
-    ForEachEntry(File, section, [&](Entry entry) {
+    ForEachEntry(File, section, [&](const Entry& entry) {
         const bool found = EqualsIgnoringCase(entry.key, key);
         if (found)
             value = entry.value.substr(0, kBuffer - 1);

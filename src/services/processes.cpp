@@ -7,8 +7,6 @@
 #include <sys/wait.h>
 #include <system_error>
 
-extern char** environ;
-
 namespace pgbp {
 namespace {
 

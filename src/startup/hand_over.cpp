@@ -75,17 +75,17 @@ bool ReadHandOver(const Connection& file, HandOver& record)
     if (rows.Empty())
         return false;
     const Row row = rows.First();
-    for (const auto& [name, variable] : kColumns)
-        std::visit([&](auto member) { Take(record.*member, row[name]); }, variable);
+    for (const HandOverColumn& column : kColumns)
+        std::visit([&](auto member) { Take(record.*member, row[column.name]); }, column.variable);
     return true;
 }
 
 void WriteHandOver(const Connection& file, const HandOver& record)
 {
     std::vector<Field> fields;
-    for (const auto& [name, variable] : kColumns)
-        if (name != "GlProv")
-            std::visit([&](auto member) { fields.push_back({name, Value(record.*member)}); }, variable);
+    for (const HandOverColumn& column : kColumns)
+        if (column.name != "GlProv")
+            std::visit([&](auto member) { fields.push_back({column.name, Value(record.*member)}); }, column.variable);
     Transaction transaction({file});
     file.Delete("from {main}");
     file.Insert("main", fields);

@@ -40,6 +40,7 @@ void OpenDataFiles(Run& run)
     wanted.insert(wanted.end(),
                   {{"tax", &run.tax}, {"misc", &run.misc}, {"export1", &run.export1}, {"export2", &run.export2}});
     std::vector<DataFile> files;
+    files.reserve(wanted.size());
     for (const auto& [name, connection] : wanted)
         files.push_back(DataFileNamed(run, name));
     const DataFile working = DataFileNamed(run, "qeltemp");
