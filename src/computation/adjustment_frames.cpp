@@ -29,8 +29,8 @@ bool IsAnyOf(const TextBox& field, std::initializer_list<std::string_view> texts
 DescriptionList::DescriptionList(Screen& form)
     : ListFrame(form, {"fra1", "DBGrid1", "CmdAdd", "cmdsavefra", "CmdBackFra"},
                 {{"name1", txtname, "", "Description", GridColumnKind::Text},
-                 {"name2", CboExType, "", "Exemption Type", GridColumnKind::Hidden, false},
-                 {"amt1", txtamount, "0.00", "Amount", GridColumnKind::Amount}}),
+                 {"amt1", txtamount, "0.00", "Amount", GridColumnKind::Amount},
+                 {"name2", CboExType, "", "Exemption Type", GridColumnKind::Hidden, false}}),
       lblname(form, "lblname", "Description :"), txtname(form, "txtname", true),
       Label5(form, "Label5", "Please Fill PAN in desc. box in case of Share in Profit from AOP/BOI/Firm",
              LabelLook::Hint),
@@ -39,13 +39,12 @@ DescriptionList::DescriptionList(Screen& form)
       lblpart3(form, "lblpart3", "Allowable Remuneration :"),
       lblpart3Amount(form, "lblpart3Amount", "0.00", LabelLook::Amount)
 {
-    panel.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field},
+    panel.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button},
                .rows = {{{&lblname, &txtname}},
                         {{nullptr, &Label5}},
                         {{&lblExemption, &CboExType}},
                         {{nullptr, &ChkDiv}},
-                        {{&lblamount, &txtamount}},
-                        {{nullptr, &add}},
+                        {{&lblamount, &txtamount, &add}},
                         {{&rows}},
                         {{&lblpart3, &lblpart3Amount}}},
                .buttonsRight = {&save, &back}});
@@ -80,12 +79,12 @@ SectionList::SectionList(Screen& form, const Names& names)
 
 void SectionList::LayOut(const std::vector<Control*>& beside)
 {
-    LayoutRow adding{{nullptr, &add}};
-    adding.cells.insert(adding.cells.end(), beside.begin(), beside.end());
-    panel.Lay(
-        {.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button, LayoutColumn::Button},
-         .rows = {{{&lblsec, &txtsec}}, {{&lblname1, &txtname1}}, {{&lblamount1, &txtamount1}}, adding, {{&rows}}},
-         .buttonsRight = {&save, &back}});
+    LayoutRow amount{{&lblamount1, &txtamount1, &add}};
+    amount.cells.insert(amount.cells.end(), beside.begin(), beside.end());
+    panel.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button, LayoutColumn::Button,
+                           LayoutColumn::Button},
+               .rows = {{{&lblsec, &txtsec}}, {{&lblname1, &txtname1}}, amount, {{&rows}}},
+               .buttonsRight = {&save, &back}});
 }
 
 void SectionList::Prepare(const AdjustmentList& list) { txtname1.SetItems(list.offers); }
@@ -102,13 +101,12 @@ AllowanceList::AllowanceList(Screen& form)
       lblamt2(form, "Label41(24)", "Instalment :"), txtamt2(form, "txtamt2"), lblamt3(form, "lblamt3", "Allowable :"),
       txtamt3(form, "txtamt3")
 {
-    panel.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field},
+    panel.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button},
                .rows = {{{&lblseca, &txtseca}},
                         {{&lblnamea, &txtnamea}},
                         {{&lblamt1, &txtamt1}},
                         {{&lblamt2, &txtamt2}},
-                        {{&lblamt3, &txtamt3}},
-                        {{nullptr, &add}},
+                        {{&lblamt3, &txtamt3, &add}},
                         {{&rows}}},
                .buttonsRight = {&save, &back}});
     Limit({&txtseca, &txtnamea});

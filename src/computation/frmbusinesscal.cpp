@@ -119,8 +119,8 @@ void frmbusinesscal::LayOut()
 {
     fra2.LayOut({&accounts.Command3, &Image3});
     framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount},
-                 .rows = {{{nullptr, &header.lbldescr, &header.txtdescr1}},
-                          {{nullptr, nullptr, &header.txtdescr2}},
+                 .rows = {{{&header.lbldescr, &header.txtdescr1}},
+                          {{nullptr, &header.txtdescr2}},
                           {{&header.CmdPNL, &header.lblpnl, &header.txtpnl}},
                           {{&cmd511, &lbl511c, &lbl511}},
                           {{&cmd560, &lbl560c, &lbl560}},

@@ -30,7 +30,6 @@ class frmbusinesscal : public Screen {
     frame framain{*this, "framain", "", FramePlace::Main};
     LineHeader header{*this};
 
-    label lbladd{*this, "lbladd", "Add :", LabelLook::Heading};
     cmd cmd511{*this, "cmd511", "Stoc&k / Method"};
     label lbl511c{*this, "lbl511c(0)", "Adj. on account of change in method of accounting and/or valuation of stock :"};
     label lbl511{*this, "lbl511", "0.00", LabelLook::Amount};
@@ -53,7 +52,6 @@ class frmbusinesscal : public Screen {
     label lbltot1c{*this, "lbltot1c", "Total"};
     label lbltot1{*this, "lbltot1", "0.00", LabelLook::Amount};
 
-    label lbldeduct{*this, "lbldeduct", "Less :", LabelLook::Heading};
     cmd cmd17{*this, "cmd17", "&Exempt Income"};
     label lbl17c{*this, "lbl17c", "Exempt Income Included in NP :"};
     label lbl17{*this, "lbl17", "0.00", LabelLook::Amount};

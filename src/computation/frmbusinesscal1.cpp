@@ -16,8 +16,8 @@ void frmbusinesscal1::LayOut()
 {
     fra2.LayOut({});
     framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount},
-                 .rows = {{{nullptr, &header.lbldescr, &header.txtdescr1}},
-                          {{nullptr, nullptr, &header.txtdescr2}},
+                 .rows = {{{&header.lbldescr, &header.txtdescr1}},
+                          {{nullptr, &header.txtdescr2}},
                           {{&header.CmdPNL, &header.lblpnl, &header.txtpnl}},
                           {{nullptr, &lbladd}},
                           {{&cmd28a, &lbl28ac, &lbl28a}},

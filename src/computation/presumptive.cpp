@@ -57,8 +57,8 @@ void PresumptiveFrame::LayOut()
          .rows = {{{&lblTxt[0], &Txt[0]}}, {{&lblTxt[1], &Txt[1]}}, {{&lblTxt[2], &Txt[2]}}, {{&lblTxt[3], &Txt[3]}}}});
     fra44ad.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount, LayoutColumn::Caption,
                              LayoutColumn::Amount, LayoutColumn::Amount},
-                 .rows = {{{nullptr, &lbldescr44ad, &txt44ad1}},
-                          {{nullptr, nullptr, &txt44ad2}},
+                 .rows = {{{&lbldescr44ad, &txt44ad1}},
+                          {{nullptr, &txt44ad2}},
                           {{nullptr, &lblrece, &txtrece, &lblper, &TxtPer, &TxtNetAd[0]}},
                           {{nullptr, &lblrece6, &TxtRece6, &lblper6, &TxtPer6, &TxtNetAd[1]}},
                           {{nullptr, &lblreceoth, &TxtReceOth, nullptr, &TxtNetAd[2], &TxtNetAd[3]}},

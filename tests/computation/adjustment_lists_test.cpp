@@ -74,7 +74,7 @@ TEST_F(AdjustmentLists, CancelForgetsAndAnEmptyGridDeletesTheList)
     Detail("511", {{"name1", "Stock"}, {"amt1", 40}});
     frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.cmd511);
-    EXPECT_EQ(screen.fra1.rows.Cell(1, 2), "40.00");
+    EXPECT_EQ(screen.fra1.rows.Cell(1, 1), "40.00");
     screen.fra1.rows.DoubleClick(1);
     EXPECT_EQ(screen.fra1.txtname.text(), "Stock");
     EXPECT_EQ(screen.fra1.txtamount.text(), "40.00");
@@ -99,7 +99,7 @@ TEST_F(AdjustmentLists, RowsThatAreAlikeAreTakenBackTogether)
     screen.Click(screen.cmdless);
     screen.fra1.rows.DoubleClick(2);
     ASSERT_EQ(screen.fra1.rows.Rows(), 2);
-    EXPECT_EQ(screen.fra1.rows.Cell(2, 2), "20.00");
+    EXPECT_EQ(screen.fra1.rows.Cell(2, 1), "20.00");
     screen.fra1.rows.DoubleClick(1); // a row with more places than are shown is found too
     EXPECT_EQ(screen.fra1.rows.Rows(), 1);
 }
@@ -146,7 +146,7 @@ TEST_F(AdjustmentLists, ChecksOfAddInTheirOrder)
     EXPECT_EQ(boxes.Take().text, kAmount);
     Type(screen, screen.fra1.txtamount, "-5");
     screen.Click(screen.fra1.add);
-    EXPECT_EQ(screen.fra1.rows.Cell(1, 2), "-5.00");
+    EXPECT_EQ(screen.fra1.rows.Cell(1, 1), "-5.00");
 }
 
 TEST_F(AdjustmentLists, AllowancesAskForYearInstalmentAndAmount)
