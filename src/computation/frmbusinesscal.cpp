@@ -376,7 +376,7 @@ void frmbusinesscal::Save()
         run, sno, [&](std::string_view type) { return claimed || type != "10abc"; }, Apostrophes::Blank);
     StoreWorkAnnexure(run, sno);
     transaction.Commit();
-    Leave();
+    run.screens.Return();
 }
 
 std::vector<Field> frmbusinesscal::BusinessColumns() const
