@@ -49,4 +49,90 @@ END
 shot help 1007r2023-24 <<END
 click frmbusiness.ImgHelp
 END
+
+# a line of business, and what lies over it
+line="click frmbusiness.cmd1
+dblclick frmbusiness.DBGrid1 2"
+shot computation 1003r2023-24 <<END
+$line
+END
+PGBP_THEME=dark shot computation-dark 1003r2023-24 <<END
+$line
+END
+shot list-description 1003r2023-24 <<END
+$line
+click frmbusinesscal.cmd17
+set frmbusinesscal.txtname AAAFS1111A
+select frmbusinesscal.CboExType "Share from Partnership Firm"
+set frmbusinesscal.txtamount 9000
+click frmbusinesscal.CmdAdd
+keys frmbusinesscal.txtname Agri
+END
+shot list-sections 1003r2023-24 <<END
+$line
+click frmbusinesscal.cmd23a
+set frmbusinesscal.txtsec 43B
+set frmbusinesscal.txtname1 Bonus of the year, not paid by the due date
+set frmbusinesscal.txtamount1 39000
+click frmbusinesscal.cmdadd1
+END
+shot other-adjustments 1003r2023-24 <<END
+$line
+click frmbusinesscal.cmdother
+click frmbusinesscal.chk10abc1
+END
+shot allowances 1003r2023-24 <<END
+$line
+click frmbusinesscal.cmdother
+click frmbusinesscal.cmd568
+set frmbusinesscal.txtseca 35D
+set frmbusinesscal.txtnamea Preliminary expenses
+set frmbusinesscal.txtamt1 2
+set frmbusinesscal.txtamt2 10000
+set frmbusinesscal.txtamt3 12000
+click frmbusinesscal.cmdadd33ab
+END
+shot research 1003r2023-24 <<END
+$line
+click frmbusinesscal.cmdother
+click frmbusinesscal.Cmd35
+set frmbusinesscal.Txt_1(0) 40000
+set frmbusinesscal.Txt_2(0) 40000
+set frmbusinesscal.Txt_1(5) 100000
+set frmbusinesscal.Txt_2(5) 150000
+END
+claims="$line
+click frmbusinesscal.cmdother
+click frmbusinesscal.chk10abc1
+click frmbusinesscal.cmd10abc
+click frmbusinesscal.Cmd10A(5)
+set Frm10ABC.TxtDescr Unit I
+set Frm10ABC.TxtAmt 800000
+click Frm10ABC.CmdAdd"
+shot items-10abc 1003r2023-24 <<END
+$claims
+END
+shot sections-10abc 1003r2023-24 <<END
+$claims
+click Frm10ABC.CmdSave
+END
+shot partners 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdPartner
+END
+shot partner-search 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdPartner
+click frmbusinesscal.ImgHelp
+keys frmbusinesscal.TxtSearch ka
+END
+shot partners-previous 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdPartner
+click frmbusinesscal.CmdImp
+END
+shot computation-short 1004r2023-24 <<END
+click frmbusiness.cmd2
+dblclick frmbusiness.DBGrid1 1
+END
 $suite --picture "$pictures/chooser.png"
