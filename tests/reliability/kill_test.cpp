@@ -24,23 +24,33 @@ namespace {
 constexpr int kRounds = 100; // of each kind
 constexpr const char* kCode = "A0001r2023-24";
 
-/// Runs `work` over and over in a process of its own and kills that process at a random moment; `longest` is a few
-/// times what one piece of work takes.
+/// Runs `work` over and over in a process of its own and kills that process at a random moment: from its start, or from
+/// the end of its first or second piece of work, up to `longest` later.
 void KillDuring(const std::function<void()>& work, std::mt19937& random, std::chrono::milliseconds longest)
 {
+    int done[2];
+    ASSERT_EQ(pipe(done), 0);
     const pid_t child = fork();
     if (child == 0) {
         try {
-            while (true)
+            while (true) {
                 work();
+                if (write(done[1], "x", 1) != 1)
+                    _exit(1);
+            }
         } catch (...) {
             _exit(1);
         }
     }
-    std::this_thread::sleep_for(2ms + std::chrono::microseconds(random() % (1000 * longest.count())));
+    close(done[1]);
+    char byte = 0;
+    for (auto pieces = random() % 3; pieces > 0; --pieces)
+        ASSERT_EQ(read(done[0], &byte, 1), 1) << "the writer failed by itself";
+    std::this_thread::sleep_for(std::chrono::microseconds(random() % (1000 * longest.count())));
     kill(child, SIGKILL);
     int status = 0;
     waitpid(child, &status, 0);
+    close(done[0]);
     ASSERT_TRUE(WIFSIGNALED(status)) << "the writer failed by itself";
 }
 
@@ -127,7 +137,7 @@ TEST(Killed, WhileTheHeadOfIncomeIsWritten)
                 form.lbllast.Set(form.lbl1.text());
                 form.StoreHeadOfIncome();
             },
-            random, 60ms);
+            random, 20ms);
         frmbusiness& form = practice.Begin(2023, "01"); // the next start works
         const Recordset heads = practice.run->balance.Query(
             "select amt1, amt9, amt14 from {qelgeneral} where code = ? and [Type] = 'BUSI'", kCode);
@@ -160,7 +170,7 @@ TEST(Killed, WhileALineIsDeleted)
                 PlantLine(*practice.run);
                 DeleteLine(*practice.run, kNormal, 5);
             },
-            random, 60ms);
+            random, 20ms);
         // before the next start, which clears cells without a line away
         const long lines = Count(practice.Company(), "business", "1");
         ASSERT_TRUE(lines == 0 || lines == 1);
@@ -203,7 +213,7 @@ TEST_F(KilledLine, WhileItIsSaved)
                 form.Click(form.header.CmdSave);
                 run->screens.Sweep();
             },
-            random, 100ms);
+            random, 50ms);
         const Figures stored = Figures::Read(*this);
         const double figure = stored.inEachPlace.front();
         ASSERT_GE(figure, last) << "a completed save is gone";
