@@ -28,9 +28,9 @@ bool IsAnyOf(const TextBox& field, std::initializer_list<std::string_view> texts
 
 DescriptionList::DescriptionList(Screen& form)
     : ListFrame(form, {"fra1", "DBGrid1", "CmdAdd", "cmdsavefra", "CmdBackFra"},
-                {{"name1", txtname, "", "Description", GridColumnKind::Text},
-                 {"amt1", txtamount, "0.00", "Amount", GridColumnKind::Amount},
-                 {"name2", CboExType, "", "Exemption Type", GridColumnKind::Hidden, false}}),
+                {{"name1", txtname, "", {"Description", GridColumnKind::Text}},
+                 {"amt1", txtamount, "0.00", {"Amount", GridColumnKind::Amount}},
+                 {"name2", CboExType, "", {"Exemption Type", GridColumnKind::Hidden}, false}}),
       lblname(form, "lblname", "Description :"), txtname(form, "txtname", true),
       Label5(form, "Label5", "Please Fill PAN in desc. box in case of Share in Profit from AOP/BOI/Firm",
              LabelLook::Hint),
@@ -68,9 +68,9 @@ void DescriptionList::Prepare(const AdjustmentList& list)
 
 SectionList::SectionList(Screen& form, const Names& names)
     : ListFrame(form, names,
-                {{"name1", txtsec, "", "Section", GridColumnKind::Text},
-                 {"name2", txtname1, "", "Description", GridColumnKind::Text},
-                 {"amt1", txtamount1, "0.00", "Amount", GridColumnKind::Amount}}),
+                {{"name1", txtsec, "", {"Section", GridColumnKind::Text}},
+                 {"name2", txtname1, "", {"Description", GridColumnKind::Text, 3}},
+                 {"amt1", txtamount1, "0.00", {"Amount", GridColumnKind::Amount}}}),
       lblsec(form, "lblsec", "Sec. No. :"), txtsec(form, "txtsec"), lblname1(form, "lblname1", "Description :"),
       txtname1(form, "txtname1", true), lblamount1(form, "lblamount1", "Amount :"), txtamount1(form, "txtamount1")
 {
@@ -91,11 +91,11 @@ void SectionList::Prepare(const AdjustmentList& list) { txtname1.SetItems(list.o
 
 AllowanceList::AllowanceList(Screen& form)
     : ListFrame(form, {"fra4", "DbGrid3", "cmdadd33ab", "cmdsave33ab", "cmdback33ab"},
-                {{"name1", txtseca, "", "Section", GridColumnKind::Text},
-                 {"name2", txtnamea, "", "Description", GridColumnKind::Text},
-                 {"amt1", txtamt1, "0", "Year", GridColumnKind::Amount},
-                 {"amt2", txtamt2, "0.00", "Installment", GridColumnKind::Amount},
-                 {"amt3", txtamt3, "0.00", "Allowable", GridColumnKind::Amount}}),
+                {{"name1", txtseca, "", {"Section", GridColumnKind::Text}},
+                 {"name2", txtnamea, "", {"Description", GridColumnKind::Text, 3}},
+                 {"amt1", txtamt1, "0", {"Year", GridColumnKind::Rate}},
+                 {"amt2", txtamt2, "0.00", {"Installment", GridColumnKind::Amount}},
+                 {"amt3", txtamt3, "0.00", {"Allowable", GridColumnKind::Amount}}}),
       lblseca(form, "lblseca", "Sec. No. :"), txtseca(form, "txtseca"), lblnamea(form, "lblnamea", "Description :"),
       txtnamea(form, "txtnamea"), lblamt1(form, "lblamt1", "Year No. :"), txtamt1(form, "txtamt1"),
       lblamt2(form, "Label41(24)", "Instalment :"), txtamt2(form, "txtamt2"), lblamt3(form, "lblamt3", "Allowable :"),

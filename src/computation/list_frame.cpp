@@ -13,7 +13,7 @@ std::vector<GridColumn> GridColumns(const std::vector<ListColumn>& columns)
     std::vector<GridColumn> headed;
     headed.reserve(columns.size());
     for (const ListColumn& column : columns)
-        headed.push_back({column.heading, column.kind});
+        headed.push_back(column.shown);
     return headed;
 }
 

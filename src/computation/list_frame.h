@@ -18,8 +18,7 @@ struct ListColumn {
     std::string_view column; ///< of `temp`
     TextBox& field;
     std::string blank; ///< what the empty field shows: "" for a text, "0" or "0.00" for a number
-    std::string heading;
-    GridColumnKind kind;
+    GridColumn shown;
     bool findsRow = true; ///< tells rows apart when one is taken back into the fields
 
     bool IsNumber() const { return !blank.empty(); }

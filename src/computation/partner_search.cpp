@@ -58,7 +58,8 @@ std::optional<Person> FindByPan(const Run& run, const std::string& pan)
 
 PartnerSearch::PartnerSearch(Screen& form)
     : FraPart(form, "FraPart", "Select Partner"), lblsearch(form, "lblsearch", "Name begins with :"),
-      TxtSearch(form, "TxtSearch"), MSH(form, "MSH", {{"Name", GridColumnKind::Text}, {"PAN", GridColumnKind::Text}}),
+      TxtSearch(form, "TxtSearch"),
+      MSH(form, "MSH", {{"Name", GridColumnKind::Text, 3}, {"PAN", GridColumnKind::Text}}),
       lblhint(form, "lblhint", "Double Click to Select", LabelLook::Hint), CmdBackPart(form, "CmdBackPart", "&Cancel"),
       run_(form.run), form_(form)
 {

@@ -7,7 +7,13 @@
 
 namespace pgbp {
 
-enum class GridColumnKind { Text, Amount, Serial, Hidden };
+enum class GridColumnKind {
+    Text,
+    Amount,
+    Rate, ///< a percentage or a small number: at the right like an amount, but narrow
+    Serial,
+    Hidden
+};
 
 struct GridColumn {
     std::string heading;

@@ -14,9 +14,22 @@ namespace {
 
 constexpr QSize kAround(4 * kUnit, 4 * kUnit);
 
+class Veil : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+  protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QColor color = Theme().window;
+        color.setAlphaF(0.7F);
+        QPainter(this).fillRect(rect(), color);
+    }
+};
+
 } // namespace
 
-CardLayer::CardLayer(QWidget* pages) : QWidget(pages) { pages->installEventFilter(this); }
+CardLayer::CardLayer(QWidget* pages) : QWidget(pages), veil_(new Veil(this)) { pages->installEventFilter(this); }
 
 void CardLayer::Add(FrameView& card) { cards_.push_back(&card); }
 
@@ -27,9 +40,11 @@ void CardLayer::Arrange()
     if (isHidden())
         return;
     raise();
+    veil_->setGeometry(rect());
     for (FrameView* card : cards_)
         if (card->control.Shown()) {
             card->widget()->setGeometry(PlaceOf(*card));
+            veil_->raise();
             card->widget()->raise();
         }
 }
@@ -58,13 +73,6 @@ bool CardLayer::eventFilter(QObject* object, QEvent* event)
     if (event->type() == QEvent::Resize)
         Arrange();
     return QWidget::eventFilter(object, event);
-}
-
-void CardLayer::paintEvent(QPaintEvent*)
-{
-    QColor veil = Theme().window;
-    veil.setAlphaF(0.7F);
-    QPainter(this).fillRect(rect(), veil);
 }
 
 void CardLayer::mousePressEvent(QMouseEvent* event) { event->accept(); }

@@ -8,8 +8,8 @@ namespace pgbp {
 
 class FrameView;
 
-/// Lies over the main frame while a side frame is up: dims it, keeps the mouse from it, and shows the card in the
-/// middle.
+/// Lies over the main frame while a side frame is up: dims what lies below the card in front, keeps the mouse from it,
+/// and shows the card in the middle.
 class CardLayer : public QWidget {
   public:
     explicit CardLayer(QWidget* pages);
@@ -22,12 +22,12 @@ class CardLayer : public QWidget {
 
   protected:
     bool eventFilter(QObject* object, QEvent* event) override;
-    void paintEvent(QPaintEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
 
   private:
     QRect PlaceOf(const FrameView& card) const;
 
+    QWidget* veil_;
     std::vector<FrameView*> cards_;
 };
 

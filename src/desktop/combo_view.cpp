@@ -33,6 +33,7 @@ ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
 {
     box_->setFixedHeight(RowHeight());
     box_->setMinimumWidth(40 * kUnit);
+    box_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed); // as wide as a field of text
     box_->setEditable(combo_.editable);
     box_->setInsertPolicy(QComboBox::NoInsert);
     box_->setFocusPolicy(Qt::TabFocus);

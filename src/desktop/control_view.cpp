@@ -42,7 +42,7 @@ std::unique_ptr<ControlView> MakeView(Control& control, FormView& form, const Pl
 
 void ControlView::FromModel()
 {
-    widget_->setVisible(control.visible);
+    widget_->setVisible(IsVisible());
     widget_->setEnabled(IsEnabled());
     widget_->setToolTip(Text(control.toolTip));
 }

@@ -53,6 +53,7 @@ class ControlView {
 
   protected:
     void Shows(QWidget* widget) { widget_ = widget; }
+    virtual bool IsVisible() const { return control.visible; }
     /// The keys that are the control's and not the widget's own.
     virtual bool Wants(Key key) const;
 

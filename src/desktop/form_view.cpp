@@ -188,16 +188,17 @@ void FormView::RefreshSoon()
         Qt::QueuedConnection);
 }
 
+/// A form that another one hides leaves the keyboard to that one.
 void FormView::MoveFocus()
 {
-    if (QApplication::activePopupWidget())
+    if (!isVisible() || QApplication::activePopupWidget())
         return;
     const ControlView* view = Find(form.focused());
     QWidget* keyboard = view ? view->keyboard() : this;
     if (HasKeyboard(*keyboard))
         return;
     keyboard->setFocus(Qt::OtherFocusReason);
-    if (view && isVisible())
+    if (view)
         ShowFocused(*view);
 }
 
@@ -233,6 +234,12 @@ bool FormView::MousePressed(ControlView& view)
     bool came = false;
     Act([&] { came = form.SetFocus(view.control); });
     return !came || view.KeepsFirstPress();
+}
+
+void FormView::showEvent(QShowEvent* event)
+{
+    QWidget::showEvent(event);
+    MoveFocus();
 }
 
 void FormView::keyPressEvent(QKeyEvent* event)

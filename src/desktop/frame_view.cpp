@@ -123,6 +123,17 @@ void FrameView::AddRow(const LayoutRow& row)
         else if (caption && row.cells[i]->TakesFocus() && !dynamic_cast<cmd*>(row.cells[i]))
             std::exchange(caption, nullptr)->SetBuddy(view.keyboard());
     }
+    if (row.style == RowStyle::Total) // what is below begins a group of its own
+        rows_->setRowMinimumHeight(rows_->rowCount(), kUnit);
+}
+
+/// A field of a number does not fill its column: buttons right behind it stand beside it.
+bool FrameView::IsBeside(const LayoutRow& row, std::size_t column) const
+{
+    while (column > 0 && dynamic_cast<const PushControl*>(row.cells[column]))
+        --column;
+    const bool isField = frame_.layout().columns[column] == LayoutColumn::Field;
+    return isField && dynamic_cast<const NumberBox*>(row.cells[column]);
 }
 
 ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int line)
@@ -138,10 +149,23 @@ ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int li
     if (whole) {
         rows_->addWidget(view.widget(), line, 0);
         wide_.push_back({view.widget(), line});
+    } else if (IsBeside(row, column)) {
+        PutBeside(view.widget(), line, column);
     } else {
         rows_->addWidget(view.widget(), line, static_cast<int>(column), SideOf(cell, kind));
     }
     return view;
+}
+
+void FrameView::PutBeside(QWidget* widget, int line, std::size_t column)
+{
+    if (frame_.layout().columns[column] == LayoutColumn::Field) {
+        beside_ = new QHBoxLayout;
+        beside_->setSpacing(rows_->horizontalSpacing());
+        beside_->addStretch(1);
+        rows_->addLayout(beside_, line, static_cast<int>(column));
+    }
+    beside_->insertWidget(beside_->count() - 1, widget);
 }
 
 void FrameView::AddRule(const LayoutRow& row)
@@ -158,8 +182,10 @@ void FrameView::AddRule(const LayoutRow& row)
 bool FrameView::IsSeen(std::size_t column) const
 {
     const auto& rows = frame_.layout().rows;
+    const bool isOfButtons = frame_.layout().columns[column] == LayoutColumn::Button;
     return std::any_of(rows.begin(), rows.end(), [&](const LayoutRow& row) {
-        return column < row.cells.size() && row.cells[column] && row.cells[column]->visible && !IsWhole(row);
+        const bool isThere = column < row.cells.size() && row.cells[column] && row.cells[column]->visible;
+        return isThere && !IsWhole(row) && !(isOfButtons && IsBeside(row, column));
     });
 }
 
@@ -209,7 +235,7 @@ void FrameView::FromModel()
     for (Wide& wide : wide_) {
         if (wide.totalBelow)
             wide.widget->setVisible(IsShown(*wide.totalBelow));
-        Spread(wide, wide.totalBelow ? texts : all);
+        Spread(wide, wide.totalBelow ? texts.UpTo(wide.totalBelow->cells.size()) : all);
     }
 }
 

@@ -5,9 +5,11 @@
 
 #include <QWidget>
 
+#include <algorithm>
 #include <vector>
 
 class QGridLayout;
+class QHBoxLayout;
 class QLabel;
 
 namespace pgbp {
@@ -31,6 +33,7 @@ class FrameView : public ControlView {
         int first = 0;
         int count = 1;
         bool operator==(const Columns&) const = default;
+        Columns UpTo(std::size_t column) const { return {first, std::min(count, static_cast<int>(column) - first)}; }
     };
     /// What lies over several columns: the line above a total, or a control that takes a whole row.
     struct Wide {
@@ -47,15 +50,18 @@ class FrameView : public ControlView {
     void AddRow(const LayoutRow& row);
     void AddRule(const LayoutRow& row);
     ControlView& AddCell(const LayoutRow& row, std::size_t column, int line);
+    void PutBeside(QWidget* widget, int line, std::size_t column);
     void Spread(Wide& wide, Columns over);
     /// The columns from the first to the last one that is seen.
     Columns Seen(bool withButtons) const;
+    bool IsBeside(const LayoutRow& row, std::size_t column) const;
     bool IsSeen(std::size_t column) const;
     int ColumnCount() const { return static_cast<int>(frame_.layout().columns.size()); }
 
     frame& frame_;
     QLabel* heading_ = nullptr;
     QGridLayout* rows_ = nullptr;
+    QHBoxLayout* beside_ = nullptr; ///< the number of the row in hand with the buttons behind it
     std::vector<Wide> wide_;
     bool takesHeight_ = false;
 };

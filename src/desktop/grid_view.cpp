@@ -15,6 +15,7 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <map>
 #include <set>
 
 namespace pgbp {
@@ -59,16 +60,16 @@ class GridModel : public QAbstractTableModel {
     QVariant CellData(int row, int column, int role) const
     {
         const GridColumnKind kind = grid_.columns()[static_cast<std::size_t>(column)].kind;
-        const bool isAmount = kind == GridColumnKind::Amount;
+        const bool isNumber = kind == GridColumnKind::Amount || kind == GridColumnKind::Rate;
         switch (role) {
         case Qt::DisplayRole:
             return Text(grid_.Cell(row, column));
         case Qt::ToolTipRole:
             return kind == GridColumnKind::Text ? Text(grid_.Cell(row, column)) : QVariant();
         case Qt::TextAlignmentRole:
-            return QVariant::fromValue((isAmount ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+            return QVariant::fromValue((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
         case Qt::ForegroundRole:
-            if (isAmount && Val(grid_.Cell(row, column)) < 0)
+            if (isNumber && Val(grid_.Cell(row, column)) < 0)
                 return Theme().negative;
             return kind == GridColumnKind::Serial ? Theme().muted : Theme().text;
         default:
@@ -82,7 +83,7 @@ class GridModel : public QAbstractTableModel {
 
 namespace {
 
-constexpr int kLeastText = 120;
+constexpr int kLeastText = 18 * kUnit; ///< of a text column; narrower, and the grid scrolls
 
 } // namespace
 
@@ -160,35 +161,44 @@ void GridView::FollowCurrentRow()
         table_->setCurrentIndex(model_->index(row, first_));
 }
 
-/// Texts share what serials and amounts leave, by weight.
+/// Texts share what the others leave, by weight, the light ones first: what they need beyond their share the heavy ones
+/// give, and the last one takes the pixels that rounding leaves.
 void GridView::ShareWidth()
 {
+    const auto& columns = grid_.columns();
+    std::multimap<int, int> texts; // columns by weight
     int left = table_->viewport()->width();
     int weights = 0;
-    for (const auto& column : grid_.columns()) {
-        left -= FixedWidth(column);
-        weights += column.kind == GridColumnKind::Text ? column.weight : 0;
-    }
     for (int i = 0; i < model_->columnCount(); ++i) {
-        const GridColumn& column = grid_.columns()[static_cast<std::size_t>(i)];
-        const bool isText = column.kind == GridColumnKind::Text;
-        const int width = isText ? std::max(kLeastText, left * column.weight / weights) : FixedWidth(column);
-        if (isText) {
-            left -= left * column.weight / weights; // the last one takes the pixels that rounding leaves
-            weights -= column.weight;
+        const GridColumn& column = columns[static_cast<std::size_t>(i)];
+        table_->setColumnWidth(i, FixedWidth(column));
+        left -= FixedWidth(column);
+        if (column.kind == GridColumnKind::Text) {
+            texts.emplace(column.weight, i);
+            weights += column.weight;
         }
+    }
+    for (const auto& [weight, i] : texts) {
+        const int width = std::max(kLeastText, left * weight / weights);
         table_->setColumnWidth(i, width);
+        left -= width;
+        weights -= weight;
     }
 }
 
 int GridView::FixedWidth(const GridColumn& column) const
 {
-    const auto heading = table_->fontMetrics().horizontalAdvance(Text(column.heading)) + 3 * CellDelegate::kMargin;
+    const auto widthOf = [this](const QString& text) {
+        return table_->fontMetrics().horizontalAdvance(text) + 3 * CellDelegate::kMargin;
+    };
+    const int heading = widthOf(Text(column.heading));
     switch (column.kind) {
     case GridColumnKind::Amount:
-        return std::max(AmountWidth(), heading);
+        return std::max(widthOf("000000000000.00"), heading);
+    case GridColumnKind::Rate:
+        return std::max(widthOf("100.00"), heading);
     case GridColumnKind::Serial:
-        return std::max(table_->fontMetrics().horizontalAdvance("0000") + 2 * CellDelegate::kMargin, heading);
+        return std::max(widthOf("0000"), heading);
     default:
         return 0;
     }

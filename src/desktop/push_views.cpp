@@ -47,11 +47,10 @@ ButtonView::ButtonView(cmd& itsButton, FormView& itsForm, const Place& place)
 }
 
 /// The buttons of a main frame stand below its page: they go with it.
-void ButtonView::FromModel()
+bool ButtonView::IsVisible() const
 {
-    PushView::FromModel();
-    if (control.container && control.container->place == FramePlace::Main)
-        button()->setVisible(control.Shown());
+    const bool isOfMain = control.container && control.container->place == FramePlace::Main;
+    return isOfMain ? control.Shown() : control.visible;
 }
 
 ImageView::ImageView(image& itsImage, FormView& itsForm, const Place& place)

@@ -32,7 +32,9 @@ class PushView : public ControlView {
 class ButtonView : public PushView {
   public:
     ButtonView(cmd& itsButton, FormView& itsForm, const Place& place);
-    void FromModel() override;
+
+  protected:
+    bool IsVisible() const override;
 };
 
 class ImageView : public PushView {

@@ -2,6 +2,7 @@
 #include "desktop/theme.h"
 
 #include <QLineEdit>
+#include <QTableView>
 
 using namespace pgbp;
 
@@ -75,4 +76,23 @@ TEST_F(Pages, ScrollToTheFieldWithTheFocusWhileTheButtonsStay)
     Settle();
     EXPECT_TRUE(view.rect().contains(PlaceOf(form.CmdBack)));
     EXPECT_TRUE(view.rect().intersects(PlaceOf(form.note)));
+}
+
+TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
+{
+    view.Act([&] { form.side.visible = true; });
+    Settle();
+    const QRect amount = PlaceOf(form.sideamount);
+    EXPECT_EQ(PlaceOf(form.sidetext).right(), PlaceOf(form.siderows).right());
+    EXPECT_LT(amount.right(), PlaceOf(form.cmdadd).left());
+    EXPECT_LT(PlaceOf(form.cmdadd).right(), amount.right() + amount.width());
+}
+
+TEST_F(Pages, GiveANarrowColumnOfAGridTheLeastFromTheWideOnes)
+{
+    view.Act([&] { form.side.visible = true; });
+    Settle();
+    const auto& table = WidgetOf<QTableView>(form.siderows);
+    EXPECT_GT(table.columnWidth(0), table.fontMetrics().horizontalAdvance("10AA"));
+    EXPECT_EQ(table.columnWidth(0) + table.columnWidth(1) + table.columnWidth(2), table.viewport()->width());
 }

@@ -39,7 +39,9 @@ class SampleForm : public Form {
                               {{&titles}},
                               {{&note}}},
                      .buttonsLeft = {&cmddetails}});
-        side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&sidetext}}}, .buttonsRight = {&cmdcancel}});
+        side.Lay({.columns = {LayoutColumn::Field, LayoutColumn::Button},
+                  .rows = {{{&sidetext}}, {{&sideamount, &cmdadd}}, {{&siderows}}},
+                  .buttonsRight = {&cmdcancel}});
         side.onEscape = [this] { cmdcancel.Click(); };
         bar = {&CmdBack};
         cmdcancel.onClick = [this] { side.visible = false; };
@@ -75,6 +77,12 @@ class SampleForm : public Form {
     cmd cmddetails{*this, "cmddetails", "&Details"};
     frame side{*this, "side", "Side"};
     txt sidetext{*this, "sidetext"};
+    txtn sideamount{*this, "sideamount"};
+    cmd cmdadd{*this, "cmdadd", "&Add"};
+    grid siderows{
+        *this,
+        "siderows",
+        {{"No", GridColumnKind::Text}, {"Description", GridColumnKind::Text, 9}, {"%", GridColumnKind::Rate}}};
     cmd cmdcancel{*this, "cmdcancel", "&Cancel"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
     cmd notLaidOut{*this, "notLaidOut", "&Hidden letter"};

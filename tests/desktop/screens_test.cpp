@@ -1,6 +1,7 @@
 #include "desktop/captions.h"
 #include "desktop/form_view.h"
 #include "desktop/main_window.h"
+#include "records/lines.h"
 #include "support/empty_practice.h"
 
 #include <QAbstractButton>
@@ -100,6 +101,20 @@ TEST_F(Windows, FollowTheScreensOfTheRun)
     EXPECT_EQ(run->screens.OnDisplay(), summary);
     EXPECT_EQ(&Top(), page);
     EXPECT_FALSE(ended);
+}
+
+TEST_F(Windows, LeaveTheKeyboardToTheScreenOnDisplay)
+{
+    Start();
+    auto* hidden = dynamic_cast<Form*>(run->screens.OnDisplay());
+    run->GlBusinessKind = kNormal;
+    run->screens.Show("frmbusinesscal", {.caption = "Normal Business"});
+    const FormView& page = Top();
+    const QWidget* field = page.Find(page.form.focused())->keyboard();
+    EXPECT_EQ(window->focusWidget(), field);
+    hidden->caption = "changed by what another screen does";
+    QApplication::processEvents();
+    EXPECT_EQ(window->focusWidget(), field);
 }
 
 TEST_F(Windows, TakeDownScreensThatStandOverEachOther)
