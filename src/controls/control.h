@@ -12,7 +12,7 @@ class Form;
 class frame;
 
 /// A key that is no character.
-enum class Key { Up, Down, Left, Right, Home, End, Enter, Tab, BackTab, Escape, Backspace, Delete, PageUp, PageDown };
+enum class Key { Up, Down, Left, Right, Home, End, Enter, Tab, BackTab, Escape, Backspace, Delete, PageUp, PageDown, F1 };
 
 /// What a form consists of: a named thing that can be shown, enabled and reached by the keyboard. Knows no toolkit;
 /// what draws it listens to `changed`.

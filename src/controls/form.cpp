@@ -46,6 +46,18 @@ void AddStops(const frame& in, std::vector<Control*>& stops)
     std::for_each(in.layout().buttonsLeft.begin(), in.layout().buttonsLeft.end(), add);
 }
 
+/// The picture that stands behind the control in its row: its help or its look-up.
+image* PictureBehind(const Control& control)
+{
+    if (!control.container)
+        return nullptr;
+    for (const LayoutRow& row : control.container->layout().rows)
+        for (auto at = std::find(row.cells.begin(), row.cells.end(), &control); at != row.cells.end(); ++at)
+            if (auto* picture = dynamic_cast<image*>(*at))
+                return picture;
+    return nullptr;
+}
+
 } // namespace
 
 Form::Form(std::string name, std::string captionText, MessageBoxes& boxes, std::string title)
@@ -183,6 +195,8 @@ void Form::DefaultKey(Key key)
         FocusNext();
     if (key == Key::BackTab || key == Key::Up)
         FocusPrevious();
+    if (image* picture = key == Key::F1 && focused_ ? PictureBehind(*focused_) : nullptr)
+        Click(*picture);
     const frame* front = Front();
     if (key == Key::Escape && front && front->onEscape)
         front->onEscape();

@@ -67,6 +67,7 @@ bool ControlView::Wants(Key key) const
     case Key::Tab:
     case Key::BackTab:
     case Key::Escape:
+    case Key::F1:
         return true;
     default:
         return false;

@@ -154,6 +154,7 @@ std::optional<Key> FormView::KeyOf(const QKeyEvent& event)
         {Qt::Key_Escape, Key::Escape},
         {Qt::Key_PageUp, Key::PageUp},
         {Qt::Key_PageDown, Key::PageDown},
+        {Qt::Key_F1, Key::F1},
     };
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return std::nullopt;

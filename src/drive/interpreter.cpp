@@ -118,7 +118,8 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
         {"keys", &Interpreter::Keys,
          "keys F.C text{ENTER}         focus, then type; {SELECTALL} {ENTER} {TAB} {BACKTAB} {UP} {DOWN} {LEFT} "
          "{RIGHT} {HOME}\n"
-         "                             {END} {PGUP} {PGDN} {BACKSPACE} {DELETE} {ESC} {ALT+x}; {{ is a brace; keys F "
+         "                             {END} {PGUP} {PGDN} {BACKSPACE} {DELETE} {ESC} {F1} {ALT+x}; {{ is a brace; "
+         "keys F "
          "... types\n"
          "                             where the focus is"},
         {"click", &Interpreter::Click, "click F.C                    press a button, image, check box or option"},

@@ -11,10 +11,21 @@ namespace pgbp {
 namespace {
 
 constexpr std::pair<std::string_view, Key> kKeys[] = {
-    {"UP", Key::Up},           {"DOWN", Key::Down},     {"LEFT", Key::Left},           {"RIGHT", Key::Right},
-    {"HOME", Key::Home},       {"END", Key::End},       {"ENTER", Key::Enter},         {"TAB", Key::Tab},
-    {"BACKTAB", Key::BackTab}, {"ESC", Key::Escape},    {"BACKSPACE", Key::Backspace}, {"DELETE", Key::Delete},
-    {"PGUP", Key::PageUp},     {"PGDN", Key::PageDown},
+    {"UP", Key::Up},
+    {"DOWN", Key::Down},
+    {"LEFT", Key::Left},
+    {"RIGHT", Key::Right},
+    {"HOME", Key::Home},
+    {"END", Key::End},
+    {"ENTER", Key::Enter},
+    {"TAB", Key::Tab},
+    {"BACKTAB", Key::BackTab},
+    {"ESC", Key::Escape},
+    {"BACKSPACE", Key::Backspace},
+    {"DELETE", Key::Delete},
+    {"PGUP", Key::PageUp},
+    {"PGDN", Key::PageDown},
+    {"F1", Key::F1},
 };
 
 KeyStroke Named(const std::string& name)

@@ -19,7 +19,7 @@ class Hub : public Form {
     explicit Hub(MessageBoxes& boxes) : Form("Hub", "Hub", boxes, "Vorn")
     {
         framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Field},
-                     .rows = {{{&cmdopen, &txtone}}, {{nullptr, &txttwo}}},
+                     .rows = {{{&cmdopen, &txtone}}, {{nullptr, &txttwo, &help}}},
                      .buttonsLeft = {&cmddetails}});
         side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&txtside}}}, .buttonsRight = {&cmdcancel}});
         side.onEscape = [this] { side.visible = false; };
@@ -29,11 +29,14 @@ class Hub : public Form {
             SetFocus(txtside);
         };
         cmdcancel.onClick = [this] { side.visible = false; };
+        help.onClick = [this] { ++helped; };
     }
     frame framain{*this, "framain", "", FramePlace::Main};
     cmd cmdopen{*this, "cmdopen", "Normal Business"};
     txtn txtone{*this, "txtone"};
     txtn txttwo{*this, "txttwo"};
+    image help{*this, "help", "Topic"};
+    int helped = 0;
     cmd cmddetails{*this, "cmddetails", "&Details"};
     frame side{*this, "side"};
     txt txtside{*this, "txtside"};
@@ -91,6 +94,19 @@ TEST_F(Forms, GiveEveryButtonALetterOfItsOwn)
     EXPECT_FALSE(form.Mnemonic(U'z'));
     form.cmddetails.enabled = false;
     EXPECT_FALSE(form.Mnemonic(U'd'));
+}
+
+TEST_F(Forms, OpenTheHelpOfTheFieldWithTheFocus)
+{
+    form.SetFocus(form.txtone);
+    form.Press(Key::F1);
+    EXPECT_EQ(form.helped, 0); // none in this row
+    form.SetFocus(form.txttwo);
+    form.Press(Key::F1);
+    EXPECT_EQ(form.helped, 1);
+    form.help.enabled = false;
+    form.Press(Key::F1);
+    EXPECT_EQ(form.helped, 1);
 }
 
 TEST_F(Forms, RunLostFocusBeforeAClick)
