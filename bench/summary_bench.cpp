@@ -2,86 +2,13 @@
 // of the head of income, each beside the bare prepared statements that touch the same rows.
 
 #include "bare_statements.h"
-#include "income/frmbusiness.h"
-#include "module/module.h"
-#include "startup/sub_main.h"
-#include "store/files.h"
-#include "suite/fill.h"
-#include "support/empty_practice.h"
-
-#include <benchmark/benchmark.h>
-
-#include <map>
-#include <memory>
+#include "filled_practice.h"
 
 namespace {
 
 using namespace pgbp;
 
-constexpr const char* kCode = "BENCHr2023-24";
-
-/// A practice of that many assessee-years around one firm with three lines of business.
-class FilledPractice : public EmptyPractice {
-  public:
-    explicit FilledPractice(int assesseeYears)
-    {
-        const auto root = folder.path() / "practice";
-        CreatePractice(root, PGBP_DATA);
-        if (assesseeYears > 1)
-            FillPractice(Practice(root), PGBP_DATA, assesseeYears);
-        AddFirm(Practice(root));
-        run = std::make_unique<Run>(Host{boxes, files, processes, root});
-        RegisterScreens(*run);
-        WriteRecord(root);
-        SubMain(*run, why);
-    }
-
-    frmbusiness& Summary() { return static_cast<frmbusiness&>(*run->screens.Find("frmbusiness")); }
-    std::filesystem::path Root() const { return folder.path() / "practice"; }
-
-  private:
-    void WriteRecord(const std::filesystem::path& root)
-    {
-        HandOver record;
-        record.Glcode = kCode;
-        record.Glyear = "2023-24";
-        record.Glstatus = "06";
-        record.GlPrCode = "BENCHr2022-23";
-        record.GlServer = (root / "server").string();
-        record.GlClient = (root / "client").string();
-        WriteHandOver(OpenFile({Practice(root).HandOverFile(), {}}), record);
-    }
-
-    static void AddFirm(const Practice& practice)
-    {
-        Transaction transaction({practice.company, practice.balance});
-        for (int i = 0; i < 3; ++i) {
-            const double sno = 1e7 + i;
-            practice.company.Insert("business", {{"code", kCode},
-                                                 {"Type", "1"},
-                                                 {"SNO", sno},
-                                                 {"name1", "Line " + std::to_string(i)},
-                                                 {"name2", ""},
-                                                 {"PNL", 1000 * i},
-                                                 {"NET", 250000.0 + i}});
-            practice.balance.Insert("qelgeneral", {{"code", kCode}, {"Type", "NEWPL"}, {"amt1", 255}, {"amt2", sno}});
-        }
-        for (const char* type : {"LESSINTT", "LESSREMU", "PARTREMU"})
-            practice.company.Insert("business1", {{"code", kCode}, {"Type", type}, {"amt1", 100000}});
-        transaction.Commit();
-    }
-};
-
-FilledPractice& PracticeOf(benchmark::State& state)
-{
-    static std::map<long, std::unique_ptr<FilledPractice>> practices;
-    auto& practice = practices[state.range(0)];
-    if (!practice)
-        practice = std::make_unique<FilledPractice>(static_cast<int>(state.range(0)));
-    return *practice;
-}
-
-void Sizes(benchmark::internal::Benchmark* benchmark) { benchmark->Arg(1)->Arg(1000)->Arg(100000)->UseRealTime(); }
+constexpr const char* kCode = FilledPractice::kCode;
 
 /// The rows that one recompute of a firm's summary reads.
 void PrepareRecompute(BareStatements& bare)
@@ -108,7 +35,7 @@ void PrepareRecompute(BareStatements& bare)
 
 void RecomputeFloor(benchmark::State& state)
 {
-    BareStatements bare(PracticeOf(state).Root(), kCode);
+    BareStatements bare(PracticeOf<FilledPractice>(state).Root(), kCode);
     PrepareRecompute(bare);
     for (auto _ : state)
         benchmark::DoNotOptimize(bare.ReadAll());
@@ -117,7 +44,7 @@ BENCHMARK(RecomputeFloor)->Apply(Sizes);
 
 void Recompute(benchmark::State& state)
 {
-    frmbusiness& summary = PracticeOf(state).Summary();
+    frmbusiness& summary = PracticeOf<FilledPractice>(state).Summary();
     for (auto _ : state)
         summary.Activate();
 }
@@ -126,9 +53,9 @@ BENCHMARK(Recompute)->Apply(Sizes);
 /// The list reads its lines, rebuilds them in the working table and reads them back by name.
 void OpenListFloor(benchmark::State& state)
 {
-    BareStatements bare(PracticeOf(state).Root(), kCode);
+    BareStatements bare(PracticeOf<FilledPractice>(state).Root(), kCode);
     for (const char* sql :
-         {"select * from business where code = ? and Type = '1' order by rowid", "begin immediate",
+         {"select * from business where code = ? and Type = '1' order by rowid", "begin",
           "delete from qeltemp.misc where code1 = ?",
           "insert into qeltemp.misc (code1, Name, amt1, amt2, amt3, SNO) select code, name1 || ' ' || "
           "name2, PNL, NET, Minor, SNO from business where code = ? and Type = '1'",
@@ -141,7 +68,7 @@ BENCHMARK(OpenListFloor)->Apply(Sizes);
 
 void OpenList(benchmark::State& state)
 {
-    frmbusiness& summary = PracticeOf(state).Summary();
+    frmbusiness& summary = PracticeOf<FilledPractice>(state).Summary();
     for (auto _ : state) {
         summary.lines.Open(kNormal);
         summary.lines.Leave();
@@ -151,9 +78,9 @@ BENCHMARK(OpenList)->Apply(Sizes);
 
 void WriteHeadFloor(benchmark::State& state)
 {
-    BareStatements bare(PracticeOf(state).Root(), kCode);
+    BareStatements bare(PracticeOf<FilledPractice>(state).Root(), kCode);
     for (const char* sql :
-         {"begin immediate", "delete from balance.qelgeneral where code = ? and Type = 'BUSI'",
+         {"begin", "delete from balance.qelgeneral where code = ? and Type = 'BUSI'",
           "insert into balance.qelgeneral (code, Type, amt1, amt9, amt14) values (?, 'BUSI', 1, 9, 14)", "commit"})
         bare.Prepare(sql);
     for (auto _ : state)
@@ -163,7 +90,7 @@ BENCHMARK(WriteHeadFloor)->Apply(Sizes);
 
 void WriteHead(benchmark::State& state)
 {
-    frmbusiness& summary = PracticeOf(state).Summary();
+    frmbusiness& summary = PracticeOf<FilledPractice>(state).Summary();
     for (auto _ : state)
         summary.StoreHeadOfIncome();
 }

@@ -37,7 +37,7 @@ def print_ratios(times):
 
 
 def flatness(times):
-    for thing in ("Recompute", "OpenList", "WriteHead"):
+    for thing in ("Recompute", "OpenList", "WriteHead", "SaveLine", "OpenLine", "Keystroke", "OpenItems", "SaveItems"):
         small, large = times.get(f"{thing}/1"), times.get(f"{thing}/100000")
         if small and large:
             print(f"{thing:<34} 100,000 assessee-years against 1: {large[0] / small[0]:.2f}")
@@ -67,7 +67,7 @@ def start(programs):
 
 def main():
     programs = pathlib.Path(sys.argv[1])
-    wanted = sys.argv[2:] or ["services", "statements", "annexure", "workbook", "summary", "start"]
+    wanted = sys.argv[2:] or ["services", "statements", "annexure", "workbook", "summary", "computation", "start"]
     for name in wanted:
         print(f"-- {name}", flush=True)
         if name == "start":

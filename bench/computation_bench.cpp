@@ -1,0 +1,277 @@
+// A line of business with a list of 500 items, five rows of annexure and another amount, in a practice of 1, 1,000 and
+// 100,000 assessee-years: opened, saved, a digit typed, its list opened and saved, each beside the bare prepared
+// statements that the same result takes.
+
+#include "bare_statements.h"
+#include "computation/frmbusinesscal.h"
+#include "filled_practice.h"
+
+namespace {
+
+using namespace pgbp;
+
+constexpr const char* kCode = FilledPractice::kCode;
+constexpr double kSno = 10000000; // the firm's first line
+constexpr int kItems = 500;
+constexpr int kAssets = 5;
+
+class PracticeWithLine : public FilledPractice {
+  public:
+    explicit PracticeWithLine(int assesseeYears) : FilledPractice(assesseeYears)
+    {
+        Transaction transaction({run->company, run->balance});
+        for (int i = 0; i < kItems; ++i)
+            run->company.Insert("business1", {{"code", kCode},
+                                              {"SNO", kSno},
+                                              {"Type", "23l"},
+                                              {"name1", "36(1)(va)"},
+                                              {"name2", "Contribution paid in time"},
+                                              {"amt1", 1250.5}});
+        for (int i = 0; i < kAssets; ++i)
+            run->balance.Insert("fassets", {{"code", kCode},
+                                            {"Type", "P"},
+                                            {"SNO", kSno},
+                                            {"f_name", "Machine"},
+                                            {"f_opbal", 80000},
+                                            {"F_Dep", 12000}});
+        run->company.Insert("misc_items", {{"code", kCode}, {"Type", "BusOth"}, {"sno", kSno}, {"amt1", 700}});
+        transaction.Commit();
+        run->GlBusinessKind = kNormal;
+    }
+
+    frmbusinesscal& OpenLine()
+    {
+        const Recordset line = run->company.Query("select * from {business} where code = ? and sno = ?", kCode, kSno);
+        run->screens.Show("frmbusinesscal",
+                          {.caption = "Normal Business", .mode = Mode::Edit, .business = Record(line.First())});
+        return static_cast<frmbusinesscal&>(*run->screens.OnDisplay());
+    }
+
+    void LeaveLine()
+    {
+        auto& form = static_cast<frmbusinesscal&>(*run->screens.OnDisplay());
+        form.Click(form.header.CmdBack);
+        run->screens.Sweep();
+    }
+};
+
+PracticeWithLine& Practised(const benchmark::State& state) { return PracticeOf<PracticeWithLine>(state); }
+
+/// The rows of the list in `table`, whose statement names columns and values of the rest.
+std::string InsertItem(const std::string& table, const std::string& columns, const std::string& values)
+{
+    return "insert into " + table +
+           " (code, Type, name1, name2, name3, amt1, amt2, amt3, amt4, AD1, CITY, State, PIN, utn, flag1" + columns +
+           ") values (?, '23l', '36(1)(va)', 'Contribution paid in time', null, 1250.5, null, null, null, null, null, "
+           "null, null, null, 0" +
+           values + ")";
+}
+
+/// What a save changes: the line, its details, the other amount and its annexure, in one commit over both files.
+void SaveLineFloor(benchmark::State& state)
+{
+    BareStatements bare(Practised(state).Root(), kCode);
+    bare.Prepare("begin");
+    bare.Prepare(
+        "update business set Type = '1', name1 = 'Line 0', name2 = '', PNL = 0, dep1 = 0, dep2 = 60000, q10abc1 = 0, "
+        "q10abc2 = 0, NET = -684550, books = 0, turnover = 0, sec44 = 0, net44 = 0 where code = ? and sno = 10000000");
+    bare.Prepare("delete from business1 where code = ? and sno = 10000000");
+    bare.Prepare("delete from main.misc_items where code = ? and sno = 10000000 and Type = 'BusOth'");
+    bare.Prepare("insert into main.misc_items (code, Type, sno, amt1) values (?, 'BusOth', 10000000, 700)");
+    bare.Prepare(InsertItem("business1", ", SNO, Minor", ", 10000000, null"), kItems);
+    bare.Prepare("delete from fassets where code = ? and Type = 'P' and sno = 10000000");
+    bare.Prepare("insert into fassets (code, Type, SNO, f_name, f_opbal, F_Dep) values (?, 'P', 10000000, 'Machine', "
+                 "80000, 12000)",
+                 kAssets);
+    bare.Prepare("commit");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(bare.ReadAll());
+}
+BENCHMARK(SaveLineFloor)->Apply(Sizes);
+
+void SaveLine(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    for (auto _ : state) {
+        state.PauseTiming();
+        frmbusinesscal& form = practice.OpenLine();
+        state.ResumeTiming();
+        form.Click(form.header.CmdSave);
+        state.PauseTiming();
+        practice.run->screens.Sweep();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(SaveLine)->Apply(Sizes);
+
+/// The rows that an opened line shows.
+constexpr const char* kReads[] = {
+    "select * from business where code = ? and sno = 10000000",
+    "select nm from tax.statecode order by nm",
+    "select name from main.misc where type = 'CITY' order by name",
+    "select * from tax.system where Type = '44AD' and [from] = 2024",
+    "select amt1 from main.misc_items where code = ? and Type = 'BusOth' and sno = 10000000",
+    "select * from fassets where code = ? and Type = 'P' and sno = 10000000 order by rowid",
+    "select * from business1 where code = ? and sno = 10000000 order by rowid",
+    "select name8, amt1 from balance.qelgeneral where code = ? and Type = 'NEWPLA'",
+    "select Type, amt1, name8 from balance.qelgeneral where code = ? and (Type = 'NEWPL' or Type = 'NEWINDPL') and "
+    "amt2 = 10000000",
+};
+
+void OpenLineReadsFloor(benchmark::State& state)
+{
+    BareStatements bare(Practised(state).Root(), kCode);
+    for (const char* sql : kReads)
+        bare.Prepare(sql);
+    for (auto _ : state)
+        benchmark::DoNotOptimize(bare.ReadAll());
+}
+BENCHMARK(OpenLineReadsFloor)->Apply(Sizes);
+
+/// The same reads, and the working copies: details in the working file, annexure in its own, a commit each.
+void OpenLineFloor(benchmark::State& state)
+{
+    BareStatements bare(Practised(state).Root(), kCode);
+    for (const char* sql : kReads)
+        bare.Prepare(sql);
+    for (const char* sql :
+         {"begin", "delete from qeltemp.temp where code = ?", "delete from qeltemp.temp1 where code = ?"})
+        bare.Prepare(sql);
+    bare.Prepare(InsertItem("qeltemp.temp1", "", ""), kItems);
+    for (const char* sql : {"commit", "begin", "delete from fassets where code = ? and Type = 'P' and sno = 90000"})
+        bare.Prepare(sql);
+    bare.Prepare(
+        "insert into fassets (code, Type, SNO, f_name, f_opbal, F_Dep) values (?, 'P', 90000, 'Machine', 80000, 12000)",
+        kAssets);
+    bare.Prepare("commit");
+    bare.Prepare("select Type, sum(amt1), sum(amt2), sum(amt3), sum(amt3 - amt2) from qeltemp.temp1 where code = ? "
+                 "group by Type");
+    for (auto _ : state)
+        benchmark::DoNotOptimize(bare.ReadAll());
+    bare.Run("delete from fassets where code = '" + std::string(kCode) + "' and sno = 90000");
+}
+BENCHMARK(OpenLineFloor)->Apply(Sizes);
+
+void OpenLine(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    for (auto _ : state) {
+        practice.OpenLine();
+        state.PauseTiming();
+        practice.LeaveLine();
+        state.ResumeTiming();
+    }
+}
+BENCHMARK(OpenLine)->Apply(Sizes);
+BENCHMARK(OpenLine)->Name("OpenLineReads")->Apply(Sizes);
+
+/// Each list's total read anew from the working table.
+void KeystrokeFloor(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    practice.OpenLine();
+    {
+        BareStatements bare(practice.Root(), kCode);
+        for (const char* type : {"511", "560", "23a", "544", "less", "23l", "564", "570", "PARTINTT", "PARTREMU"})
+            bare.Prepare("select sum(amt1) from qeltemp.temp1 where code = ? and Type = '" + std::string(type) + '\'');
+        bare.Prepare("select sum(amt3 - amt2) from qeltemp.temp1 where code = ? and Type = '568'");
+        bare.Prepare("select sum(amt3) from qeltemp.temp1 where code = ? and Type = '35'");
+        bare.Prepare("select sum(amt2) from qeltemp.temp1 where code = ? and Type = '10abc'");
+        for (auto _ : state)
+            benchmark::DoNotOptimize(bare.ReadAll());
+    }
+    practice.LeaveLine();
+}
+BENCHMARK(KeystrokeFloor)->Apply(Sizes);
+
+void Keystroke(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    frmbusinesscal& form = practice.OpenLine();
+    form.SetFocus(form.TxtOth);
+    char32_t digit = U'1';
+    for (auto _ : state) {
+        form.TxtOth.SelectAll();
+        form.Type(digit);
+        digit = digit == U'9' ? U'1' : digit + 1;
+    }
+    practice.LeaveLine();
+}
+BENCHMARK(Keystroke)->Apply(Sizes);
+
+void OpenItemsFloor(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    practice.OpenLine();
+    {
+        BareStatements bare(practice.Root(), kCode);
+        for (const char* sql :
+             {"begin", "delete from qeltemp.temp where code = ?",
+              "insert into qeltemp.temp (code, name1, name2, name3, amt1, amt2, amt3, amt4) select code, name1, "
+              "name2, name3, amt1, amt2, amt3, amt4 from qeltemp.temp1 where code = ? and Type = '23l'",
+              "commit", "select * from qeltemp.temp where code = ? order by rowid"})
+            bare.Prepare(sql);
+        for (auto _ : state)
+            benchmark::DoNotOptimize(bare.ReadAll());
+    }
+    practice.LeaveLine();
+}
+BENCHMARK(OpenItemsFloor)->Apply(Sizes);
+
+void OpenItems(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    frmbusinesscal& form = practice.OpenLine();
+    for (auto _ : state) {
+        form.Click(form.cmd23l);
+        state.PauseTiming();
+        form.Click(form.fra2.back);
+        state.ResumeTiming();
+    }
+    practice.LeaveLine();
+}
+BENCHMARK(OpenItems)->Apply(Sizes);
+
+void SaveItemsFloor(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    practice.OpenLine();
+    {
+        BareStatements bare(practice.Root(), kCode);
+        for (const char* sql : {"begin", "delete from qeltemp.temp1 where code = ? and Type = '23l'"})
+            bare.Prepare(sql);
+        bare.Prepare(InsertItem("qeltemp.temp1", "", ""), kItems);
+        for (const char* sql : {"delete from qeltemp.temp where code = ?", "commit",
+                                "select Type, sum(amt1) from qeltemp.temp1 where code = ? group by Type"})
+            bare.Prepare(sql);
+        BareStatements fill(practice.Root(), kCode);
+        fill.Prepare("insert into qeltemp.temp (code, name1, name2, name3, amt1, amt2, amt3, amt4) select code, name1, "
+                     "name2, name3, amt1, amt2, amt3, amt4 from qeltemp.temp1 where code = ? and Type = '23l'");
+        for (auto _ : state) {
+            state.PauseTiming();
+            fill.ReadAll();
+            state.ResumeTiming();
+            benchmark::DoNotOptimize(bare.ReadAll());
+        }
+    }
+    practice.LeaveLine();
+}
+BENCHMARK(SaveItemsFloor)->Apply(Sizes);
+
+void SaveItems(benchmark::State& state)
+{
+    PracticeWithLine& practice = Practised(state);
+    frmbusinesscal& form = practice.OpenLine();
+    for (auto _ : state) {
+        state.PauseTiming();
+        form.Click(form.cmd23l);
+        state.ResumeTiming();
+        form.Click(form.fra2.save);
+    }
+    practice.LeaveLine();
+}
+BENCHMARK(SaveItems)->Apply(Sizes);
+
+} // namespace
+
+BENCHMARK_MAIN();
