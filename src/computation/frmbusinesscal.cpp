@@ -151,8 +151,7 @@ void frmbusinesscal::Wire()
     for (const AdjustmentList& list : lists_)
         if (!list.below) // those of the other adjustments are opened by their own frame
             list.button.onClick = [this, &list] { OpenList(list.type); };
-    for (ListFrame* kept : std::initializer_list<ListFrame*>{&fra1, &fra2, &fra4})
-        kept->left = [this] { RefreshTotals(); };
+    fra1.left = fra2.left = [this] { RefreshTotals(); };
     fra4.left = [this] {
         fra4.RestoreCaptions();
         RefreshTotals();
@@ -163,8 +162,10 @@ void frmbusinesscal::Wire()
         button->onClick = [this, button] { OpenPartners(*button); };
     cmdother.onClick = [this] { other.Open(); };
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
-    CmdDep.onClick = [this] { OpenAnnexure("Depreciation Annexure"); };
-    CmdF.onClick = [this] { OpenAnnexure("Capital Gain Annexure"); };
+    CmdDep.onClick = [this] {
+        OpenAnnexure(run.Year() <= 2006 ? "frmfassets" : "frmfassetsNew", "Depreciation Annexure");
+    };
+    CmdF.onClick = [this] { OpenAnnexure("frmfassetsNew", "Capital Gain Annexure"); };
     presumptive.listReplaced = [this] { RefreshTotals(); };
     presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
     header.CmdSave.onClick = [this] { Save(); };
@@ -263,19 +264,19 @@ void frmbusinesscal::ApplyYearAndStatus()
     presumptive.cmdDel1.enabled = header.IsEdit();
 }
 
+/// The working rows of the annexure are those of the line until the annexure changes them.
 void frmbusinesscal::Activate()
 {
-    const bool fromAnnexure = std::exchange(run.GLwhere, 0) == kAnnexureOfComputation;
-    if (Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit()) {
+    const auto annexure = AnnexureDepreciation(run, kUnsavedLine);
+    const bool takesStored = Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit();
+    if (takesStored)
         ReadStatementFigures();
-        const auto stored = AnnexureDepreciation(run, header.Sno());
-        if (stored && !fromAnnexure)
-            txtlessdep = Amount(*stored);
-    }
-    const auto working = AnnexureDepreciation(run, kUnsavedLine);
-    if (fromAnnexure)
-        txtlessdep = Rupees(working.value_or(0));
-    txtlessdep.enabled = !working;
+    if (run.GLwhere == kAnnexureOfComputation)
+        txtlessdep = Rupees(annexure.value_or(0));
+    else if (takesStored && annexure)
+        txtlessdep = Amount(*annexure);
+    txtlessdep.enabled = !annexure;
+    run.GLwhere = 0;
     CalBalance();
 }
 
@@ -288,10 +289,12 @@ void frmbusinesscal::ReadStatementFigures()
     txtadddep = Amount(figures.depreciation);
 }
 
-void frmbusinesscal::OpenAnnexure(const std::string& annexure)
+void frmbusinesscal::OpenAnnexure(const char* screen, const char* annexure)
 {
     run.GLwhere = kAnnexureOfComputation;
-    run.screens.Show(run.Year() <= 2006 ? "frmfassets" : "frmfassetsNew", {.caption = annexure});
+    run.screens.Show(screen, {.caption = annexure});
+    if (run.screens.OnDisplay() == this)
+        run.GLwhere = 0;
 }
 
 void frmbusinesscal::RefreshTotals()
@@ -320,19 +323,19 @@ void frmbusinesscal::ShowListTotals()
         {&other.section10abc.lbl10abc, other.section10abc.Counted(totals_.Amt2("10abc"))},
     };
     for (const auto& [shown, sum] : sums)
-        *shown = Amount(sum);
+        *shown = SumText(sum);
 }
 
 /// The sums of the lists stand as they are between two changes of a list: a key in an amount asks the store nothing.
 void frmbusinesscal::CalBalance()
 {
-    lbltot1 = Amount(Val(header.txtpnl) + Val(lbl511) + Val(lbl560) + Val(txtadddep) + Val(lbl23a) + Val(TxtOth) +
-                     Val(lbladdintt) + Val(lbladdremu));
-    lbltot2 = Amount(Val(lbltot1) - Val(lbl17) - Val(lblless) - Val(txtlessdep) - Val(lbl23l) - Val(txtlesspart1) -
-                     Val(txtlesspart2));
-    lblother = Amount(Val(other.lbl564) + Val(other.lbl570) - Val(other.lbl568) - Val(other.Lbl35) -
-                      Val(other.section10abc.lbl10abc));
-    lblincome = Amount(Val(lbltot2) + Val(lblother));
+    lbltot1 = SumText(Val(header.txtpnl) + Val(lbl511) + Val(lbl560) + Val(txtadddep) + Val(lbl23a) + Val(TxtOth) +
+                      Val(lbladdintt) + Val(lbladdremu));
+    lbltot2 = SumText(Val(lbltot1) - Val(lbl17) - Val(lblless) - Val(txtlessdep) - Val(lbl23l) - Val(txtlesspart1) -
+                      Val(txtlesspart2));
+    lblother = SumText(Val(other.lbl564) + Val(other.lbl570) - Val(other.lbl568) - Val(other.Lbl35) -
+                       Val(other.section10abc.lbl10abc));
+    lblincome = SumText(Val(lbltot2) + Val(lblother));
 }
 
 double frmbusinesscal::BookProfit(double interest, double remuneration) const
@@ -359,7 +362,7 @@ bool frmbusinesscal::NothingEntered() const
     const TextControl* const entered[] = {&header.txtpnl, &lbl511, &lbl560,  &txtadddep,  &lbl23a, &lbladdintt,
                                           &lbladdremu,    &lbl17,  &lblless, &txtlessdep, &lbl23l, &lblother};
     return std::all_of(std::begin(entered), std::end(entered), [](const auto* amount) { return Val(*amount) == 0; }) &&
-           partners.NobodyListed() && !totals_.Has("PARTREMU") && !totals_.Has("PARTINTT");
+           !totals_.Has("PARTREMU") && !totals_.Has("PARTINTT");
 }
 
 void frmbusinesscal::Save()
@@ -424,8 +427,8 @@ void frmbusinesscal::Back()
 
 void frmbusinesscal::Leave()
 {
-    DropWorkAnnexure(run);
     run.screens.Return();
+    DropWorkAnnexure(run); // a store that is locked must not keep the preparer here; the next opening empties it too
 }
 
 } // namespace pgbp

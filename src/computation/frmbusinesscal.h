@@ -104,7 +104,7 @@ class frmbusinesscal : public Screen {
     void ApplyYearAndStatus();
     void ReadStatementFigures();
     void ReadDepreciation();
-    void OpenAnnexure(const std::string& annexure);
+    void OpenAnnexure(const char* screen, const char* annexure);
     void RefreshTotals();
     void ShowListTotals();
 

@@ -65,10 +65,10 @@ void frmbusinesscal1::RefreshTotals()
 
 void frmbusinesscal1::CalBalance()
 {
-    lbl28a = Amount(totals_.Amt1("28a"));
-    lbl28l = Amount(totals_.Amt1("28l"));
-    lbltot1 = Amount(Val(header.txtpnl) + Val(lbl28a));
-    lblincome = Amount(Val(lbltot1) - Val(lbl28l));
+    lbl28a = SumText(totals_.Amt1("28a"));
+    lbl28l = SumText(totals_.Amt1("28l"));
+    lbltot1 = SumText(Val(header.txtpnl) + Val(lbl28a));
+    lblincome = SumText(Val(lbltot1) - Val(lbl28l));
 }
 
 void frmbusinesscal1::Save()
@@ -77,7 +77,7 @@ void frmbusinesscal1::Save()
         return;
     // A new specified line is stored without a kind, which the summary does not list; a stored one keeps its own.
     const auto type = run.GlBusinessKind == kSpecified ? std::nullopt : std::optional(TypeOf(kSpeculation));
-    Transaction transaction({run.company, run.balance});
+    Transaction transaction({run.company});
     const double sno = header.WriteRow(type, {{"PNL", Val(header.txtpnl)}, {"NET", Val(lblincome)}, {"dep1", 0}});
     CopyWorkToLine(
         run, sno, [](std::string_view) { return true; }, Apostrophes::Keep);

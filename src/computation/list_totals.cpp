@@ -10,9 +10,13 @@ void ListTotals::Read(const Run& run)
     for (const Row row :
          run.qeltemp.Query("select [Type], sum(amt1), sum(amt2), sum(amt3), sum(amt3 - amt2) from {temp1} where code = "
                            "? group by [Type]",
-                           run.Code()))
-        byType_[Upper(row.At(0).Text())] = {row.At(1).Number(), row.At(2).Number(), row.At(3).Number(),
-                                            row.At(4).Number()};
+                           run.Code())) {
+        Sums& sums = byType_[Upper(row.At(0).Text())];
+        sums.amt1 += row.At(1).Number();
+        sums.amt2 += row.At(2).Number();
+        sums.amt3 += row.At(3).Number();
+        sums.amt3LessAmt2 += row.At(4).Number();
+    }
 }
 
 ListTotals::Sums ListTotals::Of(const char* type) const

@@ -445,6 +445,7 @@ void Partners::Save()
 void Partners::Leave()
 {
     DropWorkList(run_);
+    ShowGrid();
     frapartner.visible = false;
     use_.left();
 }

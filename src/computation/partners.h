@@ -37,8 +37,6 @@ class Partners {
     Partners(Screen& form, PartnersUse use);
 
     void Open();
-    /// The grid names nobody.
-    bool NobodyListed() const { return DbPart.Rows() == 0 || DbPart.Cell(1, 0).empty(); }
     /// Neither interest nor remuneration is entered.
     bool DrawNothing() const { return Val(lblin) == 0 && Val(lblre) == 0; }
 

@@ -2,26 +2,19 @@
 
 #include "records/keys.h"
 #include "services/text.h"
-#include "store/schema.h"
-
-#include <algorithm>
 
 namespace pgbp {
 namespace {
 
 constexpr const char* kRowsOfLine = "from {fassets} where code = ? and [Type] = 'P' and sno = ?";
 
-/// All columns of the annexure but the number of the line.
-std::string CarriedColumns()
+/// All columns of the table, as it is, but the number of the line.
+std::string CarriedColumns(const Recordset& rows)
 {
-    const auto tables = Tables();
-    const auto annexure = std::find_if(tables.begin(), tables.end(), [](const Table& table) {
-        return table.file == "balance" && table.name == "fassets";
-    });
     std::string columns;
-    for (const Column& column : annexure->columns)
-        if (!EqualsIgnoringCase(column.name, "sno"))
-            columns += (columns.empty() ? "[" : ", [") + std::string(column.name) + ']';
+    for (const std::string& column : rows.Columns())
+        if (!EqualsIgnoringCase(column, "sno"))
+            columns += (columns.empty() ? "[" : ", [") + column + ']';
     return columns;
 }
 
@@ -29,9 +22,10 @@ std::string CarriedColumns()
 
 void CopyAnnexureToWork(const Run& run, double sno)
 {
-    if (!AnnexureDepreciation(run, sno))
+    const Recordset stored = run.balance.Query(std::string("select * ") + kRowsOfLine, run.Code(), sno);
+    if (stored.Empty())
         return DropWorkAnnexure(run);
-    const std::string columns = CarriedColumns();
+    const std::string columns = CarriedColumns(stored);
     Transaction transaction({run.balance});
     run.balance.Delete(kRowsOfLine, run.Code(), kUnsavedLine);
     run.balance.Execute("insert into {fassets} (" + columns + ", sno) select " + columns + ", " +

@@ -106,6 +106,12 @@ std::string Format(double amount, std::string_view picture) { return FormatPlace
 
 std::string Amount(double rupees) { return FormatPlaces(rupees, 2); }
 
+std::string SumText(double rupees)
+{
+    constexpr double kLargest = std::numeric_limits<double>::max();
+    return Amount(std::clamp(rupees, -kLargest, kLargest));
+}
+
 std::string Rupees(double rupees) { return FormatPlaces(rupees, 0); }
 
 double RoundOff(double amount, int places)

@@ -19,6 +19,10 @@ std::string Format(double amount, std::string_view picture);
 /// Rupees and paise, "###0.00".
 std::string Amount(double rupees);
 
+/// Rupees and paise of a sum. A sum beyond the largest double is shown as that one: a screen opens with whatever
+/// amounts are stored.
+std::string SumText(double rupees);
+
 /// Whole rupees, "###0".
 std::string Rupees(double rupees);
 

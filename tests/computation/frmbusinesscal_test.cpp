@@ -260,6 +260,42 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 0);
 }
 
+TEST_F(Computation, AnotherScreenAfterTheAnnexureKeepsItsTotal)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    for (const char* name : {"frmfassetsNew", "FrmbspnlPGBP"})
+        run->screens.Register(name, [name](pgbp::Run& its) { return std::make_unique<Screen>(its, name, ""); });
+    screen.Click(screen.CmdDep);
+    Balance().Execute("update {fassets} set F_Dep = 100 where sno = 90000");
+    run->screens.Return();
+    screen.Click(screen.header.CmdPNL);
+    run->screens.Return();
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(Stored("select dep2 from {business} where 1 = 1"), "200");
+}
+
+TEST_F(Computation, AmountsBeyondTheLargestOpenAndCanBeDeleted)
+{
+    Year(2006);
+    Line("1", {{"PNL", 1.7e308}, {"dep1", 1.7e308}});
+    frmbusinesscal& screen = OpenScreen();
+    boxes.answers = {Answer::Yes};
+    screen.Click(screen.header.CmdDel);
+    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "0");
+}
+
+TEST_F(Computation, ALockedStoreDoesNotKeepThePreparer)
+{
+    FullLine();
+    frmbusinesscal& screen = OpenScreen();
+    run->balance.Execute(
+        "create trigger [balance].refuse before delete on fassets begin select raise(abort, 'locked'); "
+        "end");
+    screen.Click(screen.header.CmdBack);
+    EXPECT_EQ(run->screens.OnDisplay()->name(), "frmbusiness");
+}
+
 TEST_F(Computation, StatementIsOpenedForTheLine)
 {
     FullLine();

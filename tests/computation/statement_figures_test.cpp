@@ -46,6 +46,8 @@ const Case kCases[] = {
     {"ProfessionIsAdded", 2017, "01", false, {{"NEWPL", 255, "100"}, {"NEWPL", 1166, "25"}}, 125, 0},
     {"ProfessionBefore2017", 2016, "01", false, {{"NEWPL", 255, "100"}, {"NEWPL", 1166, "25"}}, 100, 0},
     {"IndAsOfCompany", 2018, "12", false, {{"NEWINDPL", 7149, "800"}, {"NEWPL", 1166, "1"}}, 801, 0},
+    {"IndAsOfDomesticCompany", 2018, "13", false, {{"NEWINDPL", 7149, "800"}}, 800, 0},
+    {"IndAsOfOtherCompany", 2020, "15", false, {{"NEWINDPL", 7149, "800"}}, 800, 0},
     {"IndAsBefore2018", 2017, "12", false, {{"NEWINDPL", 7149, "800"}}, 0, 0},
     {"IndAsOfFirm", 2018, "06", false, {{"NEWINDPL", 7149, "800"}}, 0, 0},
     {"IndAsNotBesideZero", 2018, "13", false, {{"NEWPL", 255, "0"}, {"NEWINDPL", 7149, "800"}}, 0, 0},
