@@ -57,6 +57,7 @@ void FormView::AddMain(frame& main, const ButtonRow& buttons)
     pages_->layout()->addWidget(page);
     auto& view = static_cast<FrameView&>(Add(main, {.parent = page->viewport()}));
     page->setWidget(view.widget());
+    page->KeepInSight([&view] { return view.FinalRow(); });
     view.AddButtons(buttons);
     mains_.emplace_back(&main, page);
 }
@@ -170,8 +171,10 @@ void FormView::Refresh()
     mnemonics_ = form.Mnemonics();
     for (const auto& view : views_)
         view->FromModel();
-    for (const auto& [main, page] : mains_)
+    for (const auto& [main, page] : mains_) {
         page->setVisible(main->visible);
+        page->RefreshFoot();
+    }
     cards_->Arrange();
     MoveFocus();
 }
@@ -208,7 +211,7 @@ void FormView::ShowFocused(const ControlView& view)
 {
     for (QWidget* around = view.widget()->parentWidget(); around && around != this; around = around->parentWidget())
         if (auto* page = dynamic_cast<Page*>(around))
-            page->ensureWidgetVisible(view.widget(), kPadding, kPadding);
+            page->ScrollTo(*view.widget());
 }
 
 bool FormView::eventFilter(QObject* object, QEvent* event)

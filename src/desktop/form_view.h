@@ -16,6 +16,7 @@ namespace pgbp {
 
 class Actions;
 class CardLayer;
+class Page;
 struct ButtonRow;
 
 /// Draws any form: its main frames as pages, its side frames as cards over them, and one row of buttons below. The form
@@ -74,7 +75,7 @@ class FormView : public QWidget {
     std::unordered_map<const Control*, ControlView*> byControl_;
     std::unordered_map<const QObject*, ControlView*> watched_;
     std::map<const PushControl*, char> mnemonics_;
-    std::vector<std::pair<frame*, QWidget*>> mains_; ///< main frames, each with its page
+    std::vector<std::pair<frame*, Page*>> mains_; ///< main frames, each with its page
     std::vector<frame*> notShownYet_;
     QWidget* pages_ = nullptr;
     CardLayer* cards_ = nullptr;

@@ -224,6 +224,16 @@ void FrameView::AddButtons(const ButtonRow& row)
     add(*row.right, frame_.layout().buttonsRight);
 }
 
+QRect FrameView::FinalRow() const
+{
+    for (const Wide& wide : wide_)
+        if (wide.totalBelow && wide.totalBelow->style == RowStyle::Final && IsShown(*wide.totalBelow)) {
+            const QRect row = rows_->cellRect(wide.line, 0).united(rows_->cellRect(wide.line + 1, 0));
+            return row.translated(rows_->parentWidget()->mapTo(widget(), QPoint())).adjusted(0, -kUnit, 0, kUnit);
+        }
+    return {};
+}
+
 void FrameView::FromModel()
 {
     widget()->setVisible(frame_.visible);

@@ -28,6 +28,9 @@ class FrameView : public ControlView {
 
     void AddButtons(const ButtonRow& row);
 
+    /// The place of the final figure with the line above it; empty when there is none.
+    QRect FinalRow() const;
+
   private:
     struct Columns {
         int first = 0;

@@ -2,6 +2,8 @@
 
 #include <QScrollArea>
 
+#include <functional>
+
 class QBoxLayout;
 class QHBoxLayout;
 
@@ -13,8 +15,23 @@ class Page : public QScrollArea {
   public:
     explicit Page(QWidget* parent);
 
+    /// Rows of the content that are seen at the foot of the page as long as they are scrolled out of sight; `rows`
+    /// gives their place in the content, empty when there are none.
+    void KeepInSight(std::function<QRect()> rows);
+    /// Makes the foot like the content.
+    void RefreshFoot();
+    /// Scrolls so far that the field is seen.
+    void ScrollTo(QWidget& field);
+
     QSize sizeHint() const override { return widget()->sizeHint(); }
     QSize minimumSizeHint() const override;
+
+  protected:
+    void resizeEvent(QResizeEvent* event) override;
+
+  private:
+    std::function<QRect()> rowsOfFoot_;
+    QWidget* foot_ = nullptr;
 };
 
 /// One row of buttons: ways to other places at the left, Save, Cancel and Back at the right.

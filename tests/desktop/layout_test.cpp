@@ -2,6 +2,7 @@
 #include "desktop/theme.h"
 
 #include <QLineEdit>
+#include <QScrollArea>
 #include <QTableView>
 
 using namespace pgbp;
@@ -16,10 +17,16 @@ class Pages : public ShownForm {
         return {widget->mapTo(&view, QPoint(0, 0)), widget->size()};
     }
 
+    static QImage Picture(QWidget& widget, const QRect& part)
+    {
+        return widget.grab(part).toImage().convertToFormat(QImage::Format_RGB32);
+    }
+
     /// The colour is in the picture of the control.
     bool Paints(const Control& control, const QColor& color)
     {
-        const QImage picture = view.Find(&control)->widget()->grab().toImage();
+        QWidget& widget = *view.Find(&control)->widget();
+        const QImage picture = Picture(widget, widget.rect());
         for (int y = 0; y < picture.height(); ++y)
             for (int x = 0; x < picture.width(); ++x)
                 if (picture.pixelColor(x, y) == color)
@@ -76,6 +83,31 @@ TEST_F(Pages, ScrollToTheFieldWithTheFocusWhileTheButtonsStay)
     Settle();
     EXPECT_TRUE(view.rect().contains(PlaceOf(form.CmdBack)));
     EXPECT_TRUE(view.rect().intersects(PlaceOf(form.note)));
+}
+
+TEST_F(Pages, KeepTheFinalFigureInSight)
+{
+    view.resize(1100, 400);
+    Settle();
+    const auto& page = *view.findChild<QScrollArea*>();
+    const int bottom = page.mapTo(&view, QPoint(0, page.viewport()->height())).y();
+    QWidget& figure = *view.Find(&form.net)->widget();
+    const auto isSeenAtTheFoot = [&] {
+        const QRect digits = figure.rect().adjusted(kUnit, kUnit, -kUnit, -kUnit);
+        const QPoint corner(PlaceOf(form.net).left(), bottom - kUnit - figure.height());
+        return Picture(view, digits.translated(corner)) == Picture(figure, digits);
+    };
+    EXPECT_GT(PlaceOf(form.net).top(), bottom);
+    EXPECT_TRUE(isSeenAtTheFoot());
+    view.Act([&] { form.net = "-7.00"; });
+    Settle();
+    EXPECT_TRUE(isSeenAtTheFoot());
+    Focus(form.kinds);
+    Focus(form.tick);
+    EXPECT_LE(PlaceOf(form.tick).bottom(), bottom - figure.height());
+    view.resize(1100, 900);
+    Settle();
+    EXPECT_FALSE(isSeenAtTheFoot());
 }
 
 TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)

@@ -37,7 +37,8 @@ class SampleForm : public Form {
                               {{nullptr, &totalCaption, nullptr, &total, &totalP}, RowStyle::Total},
                               {{&lines}},
                               {{&titles}},
-                              {{&note}}},
+                              {{&note}},
+                              {{nullptr, &netCaption, nullptr, &net}, RowStyle::Final}},
                      .buttonsLeft = {&cmddetails}});
         side.Lay({.columns = {LayoutColumn::Field, LayoutColumn::Button},
                   .rows = {{{&sidetext}}, {{&sideamount, &cmdadd}}, {{&siderows}}},
@@ -74,6 +75,8 @@ class SampleForm : public Form {
                 {"Key", GridColumnKind::Hidden}}};
     list titles{*this, "titles"};
     Txt1 note{*this, "note"};
+    label netCaption{*this, "netCaption", "Net"};
+    label net{*this, "net", "1049.50", LabelLook::Amount};
     cmd cmddetails{*this, "cmddetails", "&Details"};
     frame side{*this, "side", "Side"};
     txt sidetext{*this, "sidetext"};
