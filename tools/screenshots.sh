@@ -131,6 +131,16 @@ $line
 click frmbusinesscal.CmdPartner
 click frmbusinesscal.CmdImp
 END
+shot partner-address 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdPartner
+keys frmbusinesscal.TxtPart_PAN ABQPG4821K{ENTER}
+END
+PGBP_THEME=dark shot partners-dark 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdPartner
+dblclick frmbusinesscal.DbPart 1
+END
 shot computation-short 1004r2023-24 <<END
 click frmbusiness.cmd2
 dblclick frmbusiness.DBGrid1 1

@@ -78,7 +78,7 @@ class frmbusinesscal : public Screen {
     label lblincomec{*this, "lblincomec", "Net Income From the above Business :"};
     label lblincome{*this, "lblincome", "0.00", LabelLook::Amount};
 
-    cmd CmdF{*this, "CmdF", "STCG on Depreciable Assets"};
+    cmd CmdF{*this, "CmdF", "STC&G on Depreciable Assets"};
     cmd Command1{*this, "Command1", "&Fill Partners/Members Details"};
 
     PresumptiveFrame presumptive{*this};
