@@ -12,7 +12,25 @@ class Form;
 class frame;
 
 /// A key that is no character.
-enum class Key { Up, Down, Left, Right, Home, End, Enter, Tab, BackTab, Escape, Backspace, Delete, PageUp, PageDown, F1 };
+enum class Key {
+    Up,
+    Down,
+    Left,
+    Right,
+    Home,
+    End,
+    Enter,
+    Tab,
+    BackTab,
+    Escape,
+    Backspace,
+    Delete,
+    PageUp,
+    PageDown,
+    F1,
+    ControlDown, ///< to the grid of the frame
+    Undo         ///< Ctrl+Z
+};
 
 /// What a form consists of: a named thing that can be shown, enabled and reached by the keyboard. Knows no toolkit;
 /// what draws it listens to `changed`.

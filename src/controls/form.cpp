@@ -200,6 +200,8 @@ void Form::DefaultKey(Key key)
     const frame* front = Front();
     if (key == Key::Escape && front && front->onEscape)
         front->onEscape();
+    if (key == Key::Undo && front && front->onUndo)
+        front->onUndo();
 }
 
 void Form::Type(char32_t character)

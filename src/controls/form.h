@@ -30,6 +30,9 @@ class Form {
     Event<> changed;
     Event<> focusMoved;
     Property<std::string> caption;
+    /// What needs no answer: what was saved and when, what was not stored and why. Stands in the status line until the
+    /// next one; never takes the focus.
+    Property<std::string> notice{changed, ""};
 
     /// The form became the window in front: first display and every return to it.
     virtual void Activate() {}

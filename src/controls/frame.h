@@ -45,6 +45,7 @@ class frame : public Control {
     Property<std::string> caption;
     const FramePlace place;
     std::function<void()> onEscape; ///< the Escape key while the frame is up
+    std::function<void()> onUndo;   ///< Ctrl+Z while the frame is up and the field with the focus has nothing to undo
 
     /// Lays the controls out and makes the frame their container.
     void Lay(Layout layout);

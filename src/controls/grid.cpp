@@ -96,6 +96,10 @@ bool grid::KeyDown(Key key)
         if (currentRow_ > 0)
             DoubleClick(currentRow_);
         return true;
+    case Key::Delete:
+        if (currentRow_ > 0 && onDelete)
+            onDelete(currentRow_);
+        return true;
     default:
         return false;
     }

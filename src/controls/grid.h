@@ -27,6 +27,7 @@ class grid : public Control {
     grid(Form& form, std::string_view name, std::vector<GridColumn> columns);
 
     std::function<void(int row)> onDoubleClick; ///< a double click or Enter on a row
+    std::function<void(int row)> onDelete;      ///< the Delete key on a row
 
     const std::vector<GridColumn>& columns() const { return columns_; }
     void SetHeading(int column, std::string heading);

@@ -68,6 +68,8 @@ bool ControlView::Wants(Key key) const
     case Key::BackTab:
     case Key::Escape:
     case Key::F1:
+    case Key::ControlDown:
+    case Key::Undo:
         return true;
     default:
         return false;

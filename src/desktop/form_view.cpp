@@ -156,7 +156,12 @@ std::optional<Key> FormView::KeyOf(const QKeyEvent& event)
         {Qt::Key_PageUp, Key::PageUp},
         {Qt::Key_PageDown, Key::PageDown},
         {Qt::Key_F1, Key::F1},
+        {Qt::Key_Delete, Key::Delete},
     };
+    if (event.matches(QKeySequence::Undo))
+        return Key::Undo;
+    if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Down)
+        return Key::ControlDown;
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))
         return std::nullopt;
     for (const auto& [pressed, key] : kKeys)

@@ -135,6 +135,9 @@ QWidget* MainWindow::BuildStatusLine()
     }
     statusClient_->setMaximumWidth(kWidestName);
     row->addStretch(1);
+    notice_ = new ElidedLabel(line);
+    notice_->GiveWay(kLeastTitle);
+    row->addWidget(notice_);
     return line;
 }
 
@@ -183,6 +186,7 @@ void MainWindow::CatchUp()
     }
     if (!displayed.empty())
         ShowTexts(*displayed.front());
+    ShowNotice();
 }
 
 void MainWindow::ShowTexts(const Screen& page)
@@ -195,6 +199,12 @@ void MainWindow::ShowTexts(const Screen& page)
     year_->Show(Text(run_.Glyear) + "   " + Text(StatusInWords(run_.Glstatus)));
     statusClient_->Show(client);
     status_->Show(StatusLine(run_));
+}
+
+void MainWindow::ShowNotice()
+{
+    if (const Screen* front = run_.screens.OnDisplay())
+        notice_->Show(Text(front->notice));
 }
 
 /// Between two actions: no handler of a screen runs, so what was left can go, the widgets first.

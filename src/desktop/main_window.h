@@ -47,6 +47,7 @@ class MainWindow : public QWidget {
     Shown& ShownFor(Screen& screen, bool modal);
     void Drop(const std::function<bool(const Shown&)>& unwanted);
     void ShowTexts(const Screen& page);
+    void ShowNotice();
     void Settled();
 
     Run& run_;
@@ -59,6 +60,7 @@ class MainWindow : public QWidget {
     ElidedLabel* year_ = nullptr;
     ElidedLabel* statusClient_ = nullptr;
     ElidedLabel* status_ = nullptr;
+    ElidedLabel* notice_ = nullptr;
 };
 
 } // namespace pgbp

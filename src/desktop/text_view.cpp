@@ -82,6 +82,8 @@ bool TextView::KeyPressed(const QKeyEvent& event) { return sync_->KeyPressed(eve
 bool TextView::Wants(Key key) const
 {
     const bool isCaretMove = key == Key::Up || key == Key::Down;
+    if (key == Key::Undo) // what was typed here is taken back first
+        return line_ && !line_->isUndoAvailable();
     return ControlView::Wants(key) && !(box_.multiLine && isCaretMove);
 }
 

@@ -112,15 +112,16 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
     static const std::vector<Command> commands = {
         {"show", &Interpreter::Show, "show                         name and caption of the form on display"},
         {"get", &Interpreter::Get,
-         "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, and F.caption"},
+         "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, and F.caption, "
+         "F.notice"},
         {"set", &Interpreter::Set,
          "set F.C text                 focus, replace the text key by key through the key filter, leave the field"},
         {"keys", &Interpreter::Keys,
          "keys F.C text{ENTER}         focus, then type; {SELECTALL} {ENTER} {TAB} {BACKTAB} {UP} {DOWN} {LEFT} "
          "{RIGHT} {HOME}\n"
-         "                             {END} {PGUP} {PGDN} {BACKSPACE} {DELETE} {ESC} {F1} {ALT+x}; {{ is a brace; "
-         "keys F "
-         "... types\n"
+         "                             {END} {PGUP} {PGDN} {BACKSPACE} {DELETE} {ESC} {F1} {CTRL+DOWN} {CTRL+Z} "
+         "{ALT+x};\n"
+         "                             {{ is a brace; keys F ... types\n"
          "                             where the focus is"},
         {"click", &Interpreter::Click, "click F.C                    press a button, image, check box or option"},
         {"select", &Interpreter::Select,
@@ -178,7 +179,7 @@ Interpreter::Target Interpreter::Resolve(const std::string& path) const
         target.property = rest.substr(last + 1);
     else if (!target.control)
         target.property = rest;
-    if (!target.control && target.property != "caption")
+    if (!target.control && target.property != "caption" && target.property != "notice")
         throw DriveError("the form " + target.form->name() + " has no control " + rest.substr(0, last));
     return target;
 }
@@ -266,7 +267,7 @@ void Interpreter::Get(const std::string& path)
 {
     const auto [form, control, property] = Resolve(path);
     if (!control)
-        out_ << form->caption.get();
+        out_ << (property == "notice" ? form->notice : form->caption).get();
     else if (property.empty())
         out_ << OnOneLine(control->Shows());
     else if (property == "caption")

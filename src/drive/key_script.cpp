@@ -26,6 +26,8 @@ constexpr std::pair<std::string_view, Key> kKeys[] = {
     {"PGUP", Key::PageUp},
     {"PGDN", Key::PageDown},
     {"F1", Key::F1},
+    {"CTRL+DOWN", Key::ControlDown},
+    {"CTRL+Z", Key::Undo},
 };
 
 KeyStroke Named(const std::string& name)

@@ -58,6 +58,8 @@ std::string DayText(const DateTime& date)
     return Padded(date.day, 2) + '-' + Padded(date.month, 2) + '-' + Padded(date.year, 4);
 }
 
+std::string TimeText(const DateTime& date) { return Padded(date.hour, 2) + ':' + Padded(date.minute, 2); }
+
 std::string StampText(const DateTime& date)
 {
     using namespace std::chrono;

@@ -28,6 +28,9 @@ std::optional<DateTime> FromIsoText(std::string_view text);
 /// "dd-MM-yyyy".
 std::string DayText(const DateTime& date);
 
+/// "HH:mm".
+std::string TimeText(const DateTime& date);
+
 /// "dddd MMM, d yyyy   H:MM AMPM", for example "Sunday Mar, 31 2024   2:05 PM".
 std::string StampText(const DateTime& date);
 

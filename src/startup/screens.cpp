@@ -1,5 +1,6 @@
 #include "startup/screens.h"
 
+#include "services/format.h"
 #include "startup/run.h"
 
 #include <algorithm>
@@ -9,6 +10,11 @@ namespace pgbp {
 Screen::Screen(Run& itsRun, std::string name, std::string captionText)
     : Form(std::move(name), std::move(captionText), itsRun.host.boxes, itsRun.title), run(itsRun)
 {
+}
+
+void Screen::TellSaved(const std::string& what, double rupees)
+{
+    notice = what + " saved, " + FormatAmountIndian(Amount(rupees), kIndianGrouping) + ", " + TimeText(run.host.now());
 }
 
 void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
@@ -53,7 +59,10 @@ void Screens::Return()
     const Placement placement = shown_.back().placement;
     left_.push_back(std::move(shown_.back().screen));
     shown_.pop_back();
-    if (Screen* below = OnDisplay())
+    Screen* below = OnDisplay();
+    if (below && !left_.back()->notice.get().empty()) // what was told on leaving is read where the preparer comes back
+        below->notice = left_.back()->notice;
+    if (below)
         below->Do([&] { placement == Placement::Modal ? below->ModalClosed() : below->Activate(); });
     changed();
 }

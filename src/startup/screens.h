@@ -38,6 +38,9 @@ class Screen : public Form {
 
     Run& run;
 
+    /// Tells in the status line that `what` was saved with its amount, and when.
+    void TellSaved(const std::string& what, double rupees);
+
     /// Comes before the first display.
     virtual void Open(const Opening&) {}
     /// A modal screen that lay over this one was left.
