@@ -4,6 +4,17 @@
 #include <stdexcept>
 
 namespace pgbp {
+namespace {
+
+std::string TabSeparated(const std::vector<std::string>& cells)
+{
+    std::string line;
+    for (std::size_t i = 0; i < cells.size(); ++i)
+        line += (i == 0 ? "" : "\t") + cells[i];
+    return line;
+}
+
+} // namespace
 
 grid::grid(Form& form, std::string_view name, std::vector<GridColumn> columns)
     : Control(form, name), columns_(std::move(columns))
@@ -39,6 +50,16 @@ void grid::SetRows(std::vector<std::vector<std::string>> rows)
     changed();
 }
 
+void grid::SetFooter(std::vector<std::string> cells)
+{
+    if (!cells.empty())
+        cells.resize(columns_.size());
+    if (footer_ == cells)
+        return;
+    footer_ = std::move(cells);
+    changed();
+}
+
 void grid::SetCurrentRow(int row)
 {
     currentRow_ = std::clamp(row, Rows() == 0 ? 0 : 1, Rows());
@@ -62,13 +83,12 @@ void grid::DoubleClick(int row)
 std::string grid::Shows() const
 {
     std::string lines;
-    for (const auto& row : rows_) {
-        lines += lines.empty() ? "" : "\n";
-        for (std::size_t i = 0; i < row.size(); ++i)
-            lines += (i == 0 ? "" : "\t") + row[i];
-    }
+    for (const auto& row : rows_)
+        lines += (lines.empty() ? "" : "\n") + TabSeparated(row);
     return lines;
 }
+
+std::string grid::ShowsBelow() const { return TabSeparated(footer_); }
 
 bool grid::KeyDown(Key key)
 {

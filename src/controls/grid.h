@@ -2,6 +2,7 @@
 
 #include "controls/control.h"
 
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -19,9 +20,15 @@ struct GridColumn {
     std::string heading;
     GridColumnKind kind = GridColumnKind::Text;
     int weight = 1; ///< share of the width among the text columns
+    /// How a cell's text is drawn, say a code in words; the text itself stays. None: as it is.
+    std::function<std::string(const std::string& text)> drawn = {};
+
+    std::string Drawn(const std::string& text) const { return drawn ? drawn(text) : text; }
+    bool IsNumber() const { return kind == GridColumnKind::Amount || kind == GridColumnKind::Rate; }
 };
 
-/// Rows of texts under headings. Row 0 is the heading row, the first row of data is row 1.
+/// Rows of texts under headings, with a row of totals below them where there is one. Row 0 is the heading row, the
+/// first row of data is row 1.
 class grid : public Control {
   public:
     grid(Form& form, std::string_view name, std::vector<GridColumn> columns);
@@ -37,6 +44,9 @@ class grid : public Control {
     void SetCell(int row, int column, std::string text);
     void SetRows(std::vector<std::vector<std::string>> rows);
     void Clear() { SetRows({}); }
+    /// Texts that stand under the columns and are not scrolled with the rows; none at all: no such row.
+    void SetFooter(std::vector<std::string> cells);
+    const std::vector<std::string>& footer() const { return footer_; }
 
     int currentRow() const { return currentRow_; } ///< 0 when there is none
     int currentColumn() const { return currentColumn_; }
@@ -46,12 +56,14 @@ class grid : public Control {
     void DoubleClick(int row);
 
     std::string Shows() const override; ///< rows as lines of tab-separated texts
+    std::string ShowsBelow() const;     ///< the footer as such a line
     bool TakesFocus() const override { return true; }
     bool KeyDown(Key key) override;
 
   private:
     std::vector<GridColumn> columns_;
     std::vector<std::vector<std::string>> rows_;
+    std::vector<std::string> footer_;
     int currentRow_ = 0;
     int currentColumn_ = 0;
 };

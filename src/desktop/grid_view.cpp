@@ -3,6 +3,7 @@
 #include "desktop/captions.h"
 #include "desktop/cell_delegate.h"
 #include "desktop/form_view.h"
+#include "desktop/grid_foot.h"
 #include "desktop/theme.h"
 #include "services/format.h"
 
@@ -13,12 +14,22 @@
 #include <QItemSelectionModel>
 #include <QKeyEvent>
 #include <QTableView>
+#include <QVBoxLayout>
 
 #include <algorithm>
 #include <map>
 #include <set>
 
 namespace pgbp {
+namespace {
+
+QString DrawnText(const grid& lines, int row, int column)
+{
+    const std::string& text = lines.Cell(row, column);
+    return Text(row == 0 ? text : lines.columns()[static_cast<std::size_t>(column)].Drawn(text));
+}
+
+} // namespace
 
 /// Reads the grid in place.
 class GridModel : public QAbstractTableModel {
@@ -59,19 +70,18 @@ class GridModel : public QAbstractTableModel {
   private:
     QVariant CellData(int row, int column, int role) const
     {
-        const GridColumnKind kind = grid_.columns()[static_cast<std::size_t>(column)].kind;
-        const bool isNumber = kind == GridColumnKind::Amount || kind == GridColumnKind::Rate;
+        const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
         switch (role) {
         case Qt::DisplayRole:
-            return Text(grid_.Cell(row, column));
+            return DrawnText(grid_, row, column);
         case Qt::ToolTipRole:
-            return kind == GridColumnKind::Text ? Text(grid_.Cell(row, column)) : QVariant();
+            return its.kind == GridColumnKind::Text ? DrawnText(grid_, row, column) : QVariant();
         case Qt::TextAlignmentRole:
-            return QVariant::fromValue((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+            return QVariant::fromValue((its.IsNumber() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
         case Qt::ForegroundRole:
-            if (isNumber && Val(grid_.Cell(row, column)) < 0)
+            if (its.IsNumber() && Val(grid_.Cell(row, column)) < 0)
                 return Theme().negative;
-            return kind == GridColumnKind::Serial ? Theme().muted : Theme().text;
+            return its.kind == GridColumnKind::Serial ? Theme().muted : Theme().text;
         default:
             return {};
         }
@@ -89,8 +99,12 @@ constexpr int kLeastText = 18 * kUnit; ///< of a text column; narrower, and the 
 
 GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
     : ControlView(itsGrid, itsForm), grid_(itsGrid), model_(std::make_unique<GridModel>(itsGrid)),
-      table_(new QTableView(place.parent))
+      box_(new QWidget(place.parent)), table_(new QTableView(box_))
 {
+    auto* below = new QVBoxLayout(box_);
+    below->setContentsMargins(0, 0, 0, 0);
+    below->setSpacing(0);
+    below->addWidget(table_);
     changedListener_ = grid_.changed.Add([this] { stale_ = true; });
     const auto& columns = grid_.columns();
     first_ =
@@ -108,7 +122,7 @@ GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
                      });
     QObject::connect(table_, &QTableView::doubleClicked, &connections,
                      [this](const QModelIndex& index) { form.Act([&] { grid_.DoubleClick(index.row() + 1); }); });
-    Shows(table_);
+    Shows(box_);
 }
 
 /// The widget outlives this view for a moment and must not look for the rows any more.
@@ -144,14 +158,33 @@ void GridView::Dress()
                                 grid_.columns()[static_cast<std::size_t>(column)].kind == GridColumnKind::Hidden);
 }
 
+QWidget* GridView::keyboard() const { return table_; }
+
 void GridView::FromModel()
 {
     ControlView::FromModel();
-    if (std::exchange(stale_, false)) {
+    const bool wasStale = std::exchange(stale_, false);
+    if (wasStale) {
         model_->Reload();
+        ShowFoot();
         ShareWidth();
     }
     FollowCurrentRow();
+    if (wasStale)
+        table_->scrollTo(table_->currentIndex());
+}
+
+void GridView::ShowFoot()
+{
+    const bool hasFoot = !grid_.footer().empty();
+    if (hasFoot && !foot_) {
+        foot_ = new GridFoot(grid_, *table_, box_);
+        box_->layout()->addWidget(foot_);
+    }
+    if (foot_) {
+        foot_->setVisible(hasFoot);
+        foot_->update();
+    }
 }
 
 void GridView::FollowCurrentRow()
@@ -171,8 +204,9 @@ void GridView::ShareWidth()
     int weights = 0;
     for (int i = 0; i < model_->columnCount(); ++i) {
         const GridColumn& column = columns[static_cast<std::size_t>(i)];
-        table_->setColumnWidth(i, FixedWidth(column));
-        left -= FixedWidth(column);
+        const int width = FixedWidth(i);
+        table_->setColumnWidth(i, width);
+        left -= width;
         if (column.kind == GridColumnKind::Text) {
             texts.emplace(column.weight, i);
             weights += column.weight;
@@ -186,19 +220,21 @@ void GridView::ShareWidth()
     }
 }
 
-int GridView::FixedWidth(const GridColumn& column) const
+int GridView::FixedWidth(int at) const
 {
+    const GridColumn& column = grid_.columns()[static_cast<std::size_t>(at)];
     const auto widthOf = [this](const QString& text) {
         return table_->fontMetrics().horizontalAdvance(text) + 3 * CellDelegate::kMargin;
     };
-    const int heading = widthOf(Text(column.heading));
+    const int total = foot_ && foot_->isVisibleTo(box_) ? foot_->WidthFor(at) : 0;
+    const int least = std::max(widthOf(Text(column.heading)), total);
     switch (column.kind) {
     case GridColumnKind::Amount:
-        return std::max(widthOf("000000000000.00"), heading);
+        return std::max(widthOf("000000000000.00"), least);
     case GridColumnKind::Rate:
-        return std::max(widthOf("100.00"), heading);
+        return std::max(widthOf("100.00"), least);
     case GridColumnKind::Serial:
-        return std::max(widthOf("0000"), heading);
+        return std::max(widthOf("0000"), least);
     default:
         return 0;
     }
@@ -215,14 +251,16 @@ bool GridView::KeyPressed(const QKeyEvent& event)
 
 bool GridView::Noticed(QEvent& event)
 {
-    if (event.type() == QEvent::Resize)
+    if (event.type() == QEvent::Resize) {
         ShareWidth();
+        table_->scrollTo(table_->currentIndex());
+    }
     return false;
 }
 
 bool GridView::Wants(Key key) const { return key != Key::Left && key != Key::Right; }
 
-/// The selected rows as a spreadsheet takes them.
+/// The selected rows as they are read, for a spreadsheet.
 void GridView::Copy() const
 {
     std::set<int> rows;
@@ -233,7 +271,7 @@ void GridView::Copy() const
         QStringList cells;
         for (int column = 0; column < model_->columnCount(); ++column)
             if (!table_->isColumnHidden(column))
-                cells << Text(grid_.Cell(row + 1, column));
+                cells << DrawnText(grid_, row + 1, column);
         copied += cells.join('\t') + '\n';
     }
     QGuiApplication::clipboard()->setText(copied);

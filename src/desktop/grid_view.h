@@ -7,9 +7,10 @@ class QTableView;
 
 namespace pgbp {
 
+class GridFoot;
 class GridModel;
 
-/// A grid: heading fixed, amounts at the right and never scrolled out, texts share what is left and elide.
+/// A grid: heading and totals fixed, amounts at the right and never scrolled out, texts share what is left and elide.
 class GridView : public ControlView {
   public:
     GridView(grid& itsGrid, FormView& itsForm, const Place& place);
@@ -19,6 +20,7 @@ class GridView : public ControlView {
     bool KeyPressed(const QKeyEvent& event) override;
     bool Noticed(QEvent& event) override;
     bool TakesHeight() const override { return true; }
+    QWidget* keyboard() const override;
 
   protected:
     bool Wants(Key key) const override;
@@ -26,13 +28,16 @@ class GridView : public ControlView {
   private:
     void Dress();
     void ShareWidth();
-    int FixedWidth(const GridColumn& column) const; ///< 0 for a text, which shares what is left
+    int FixedWidth(int column) const; ///< 0 for a text, which shares what is left
+    void ShowFoot();
     void FollowCurrentRow();
     void Copy() const;
 
     grid& grid_;
     std::unique_ptr<GridModel> model_;
+    QWidget* box_; ///< the rows with their totals below
     QTableView* table_;
+    GridFoot* foot_ = nullptr; ///< made when there is a total first
     int changedListener_ = 0;
     int first_ = 0;     ///< the first column that is seen
     bool stale_ = true; ///< the grid changed since it was last drawn

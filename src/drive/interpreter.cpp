@@ -112,8 +112,8 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
     static const std::vector<Command> commands = {
         {"show", &Interpreter::Show, "show                         name and caption of the form on display"},
         {"get", &Interpreter::Get,
-         "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, and F.caption, "
-         "F.notice"},
+         "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, .footer (of "
+         "a grid), and F.caption, F.notice"},
         {"set", &Interpreter::Set,
          "set F.C text                 focus, replace the text key by key through the key filter, leave the field"},
         {"keys", &Interpreter::Keys,
@@ -278,6 +278,8 @@ void Interpreter::Get(const std::string& path)
         out_ << YesNo(control->Shown());
     else if (property == "tip")
         out_ << control->toolTip.get();
+    else if (const auto* lines = dynamic_cast<const grid*>(control); lines && property == "footer")
+        out_ << lines->ShowsBelow();
     else
         throw DriveError("there is no property " + property);
     out_ << '\n';

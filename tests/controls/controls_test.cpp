@@ -91,6 +91,9 @@ TEST_F(OtherControls, AGridCountsItsHeadingAsRowZero)
     EXPECT_EQ(lines.Cell(1, 0), "a");
     EXPECT_EQ(lines.Cell(2, 1), "") << "a short row is filled up";
     EXPECT_THROW(lines.Cell(3, 0), std::out_of_range);
+    lines.SetFooter({"2 lines"});
+    EXPECT_EQ(lines.Rows(), 2) << "the footer is none of the rows";
+    EXPECT_EQ(lines.footer(), (std::vector<std::string>{"2 lines", ""}));
 
     int chosen = 0;
     lines.onDoubleClick = [&](int row) { chosen = row; };

@@ -1,3 +1,4 @@
+#include "desktop/cell_delegate.h"
 #include "desktop/sample_form.h"
 #include "desktop/theme.h"
 
@@ -118,6 +119,27 @@ TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
     EXPECT_EQ(PlaceOf(form.sidetext).right(), PlaceOf(form.siderows).right());
     EXPECT_LT(amount.right(), PlaceOf(form.cmdadd).left());
     EXPECT_LT(PlaceOf(form.cmdadd).right(), amount.right() + amount.width());
+}
+
+TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
+{
+    const auto& table = WidgetOf<QTableView>(form.lines);
+    view.Act([&] {
+        form.lines.SetRows(std::vector<std::vector<std::string>>(90, {"1", "Shop", "10.00"}));
+        form.lines.SetFooter({"", "90 lines", "900.00"});
+        form.lines.SetCurrentRow(90);
+    });
+    Settle();
+    EXPECT_TRUE(table.viewport()->rect().contains(table.visualRect(table.currentIndex())));
+    const QRect foot(table.geometry().bottomLeft() + QPoint(0, 1), QSize(table.width(), GridRowHeight() + kUnit));
+    const QImage picture = Picture(*table.parentWidget(), foot);
+    int edge = picture.width() - 1; // of the last digit
+    while (edge > 0 && picture.copy(edge, 0, 1, picture.height()) == picture.copy(1, 0, 1, picture.height()))
+        --edge;
+    EXPECT_NEAR(edge, table.viewport()->geometry().right() - CellDelegate::kMargin, 2);
+    view.Act([&] { form.lines.SetFooter({}); });
+    Settle();
+    EXPECT_EQ(table.height(), table.parentWidget()->height());
 }
 
 TEST_F(Pages, GiveANarrowColumnOfAGridTheLeastFromTheWideOnes)

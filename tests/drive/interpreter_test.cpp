@@ -24,6 +24,7 @@ class Board : public Screen {
         status.SetItems({"Individual", "Firm"});
         titles.SetItems({"one", "two"});
         lines.SetRows({{"a", "1.00"}, {"b", "2.00"}});
+        lines.SetFooter({"2 lines", "3.00"});
         amount.onChange = [this] { sum = Val(amount) > 100 ? "large" : "small"; };
         ask.onClick = [this] {
             const bool yes = boxes().Show({"Line one\nline two", "Vorn - Deletion", Icon::Question, Buttons::YesNo,
@@ -100,10 +101,11 @@ TEST_F(Driver, DoesWhatAPersonDoes)
                    "rows Board.lines\n"
                    "cell Board.lines 0 1\n"
                    "cell Board.lines 2 1\n"
+                   "get Board.lines.footer\n"
                    "dblclick Board.lines 2\n"
                    "get Board.sum\n"),
               "Board A & B\nA & B\nO'Brien & Sons, 100%; \"best\"\n125.67\n-7\nsmall\n\n31-03-2024\nFirm\nentry "
-              "0\n2\nAmount\n2.00\nb\n");
+              "0\n2\nAmount\n2.00\n2 lines\t3.00\nb\n");
 }
 
 TEST_F(Driver, AnswersBoxesAndPrintsThem)
@@ -123,6 +125,7 @@ TEST_F(Driver, RefusesWhatAPersonCouldNotDo)
         {"get Nowhere.txt", "there is no form Nowhere now"},
         {"get Board.nothing", "the form Board has no control nothing"},
         {"get Board.sum.colour", "there is no property colour"},
+        {"get Board.sum.footer", "there is no property footer"},
         {"click Board.secret", "Board.secret is hidden"},
         {"click Board.frozen", "Board.frozen is disabled"},
         {"click Board.txtname", "txtname is no button"},

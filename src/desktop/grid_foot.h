@@ -1,0 +1,29 @@
+#pragma once
+
+#include <QWidget>
+
+class QTableView;
+
+namespace pgbp {
+
+class grid;
+
+/// The totals of a grid under their columns: they stay where they are while the rows scroll.
+class GridFoot : public QWidget {
+  public:
+    GridFoot(const grid& itsGrid, QTableView& table, QWidget* parent);
+
+    /// The width a column needs for its total; 0 for one without.
+    int WidthFor(int column) const;
+
+  protected:
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    void PaintCell(QPainter& painter, int column) const;
+
+    const grid& grid_;
+    const QTableView& table_;
+};
+
+} // namespace pgbp
