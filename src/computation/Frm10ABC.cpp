@@ -5,28 +5,34 @@
 #include "store/schema.h"
 
 namespace pgbp {
-namespace {
-
-enum ItemColumn { kSerial, kHead, kSection, kDescription, kAmount };
-
-} // namespace
 
 Frm10ABC::Frm10ABC(Run& itsRun)
-    : Screen(itsRun, "Frm10ABC", "Deduction u/s 10A/10B/10C"), MSH(*this, "MSH",
-                                                                   {{"SNO", GridColumnKind::Serial},
-                                                                    {"Head", GridColumnKind::Text, 2},
-                                                                    {"Section", GridColumnKind::Text},
-                                                                    {"Description", GridColumnKind::Text, 2},
-                                                                    {"Amount", GridColumnKind::Amount}})
+    : Screen(itsRun, "Frm10ABC", "Deduction u/s 10A/10B/10C"), MSH(*this, "MSH", GridColumns(Columns())),
+      entry(*this, MSH, CmdAdd, Columns())
 {
     LayOut();
     LBLSNO.visible = false;
     TxtDescr.maxLength = ColumnWidth("company", "business1", "name2");
-    ClearFields();
-    CmdAdd.onClick = [this] { Add(); };
-    MSH.onDoubleClick = [this](int row) { TakeBack(row); };
+    entry.blankRowWhenEmpty = true;
+    entry.checks = {{[this] { return Val(TxtAmt) <= 0; }, "Please fill Amount...", &TxtAmt}};
+    entry.complete = [this](ClaimedItem& item) {
+        item.serial = LBLSNO.text();
+        item.head = section_.description;
+        item.section = section_.section;
+    };
     CmdSave.onClick = [this] { Save(); };
     framain.onEscape = CmdBack.onClick = [this] { Close(); };
+    framain.onUndo = [this] { entry.Undo(); };
+}
+
+std::vector<ItemColumn<ClaimedItem>> Frm10ABC::Columns()
+{
+    using enum GridColumnKind;
+    return {{.shown = {"SNO", Serial}, .member = &ClaimedItem::serial},
+            {.shown = {"Head", Text, 2}, .member = &ClaimedItem::head},
+            {.shown = {"Section", Text}, .member = &ClaimedItem::section},
+            {.shown = {"Description", Text, 2}, .member = &ClaimedItem::description, .field = &TxtDescr},
+            {.shown = {"Amount", Amount}, .member = &ClaimedItem::amount, .field = &TxtAmt}};
 }
 
 void Frm10ABC::LayOut()
@@ -47,61 +53,36 @@ void Frm10ABC::Open(const Opening& opening)
     LBLSNO = std::to_string(section_.index);
     LblSec = Replace(section_.section, "&", "&&");
     LblDescr = Replace(section_.description, "&", "&&");
+    std::vector<ClaimedItem> items;
     for (const Row row : run.qeltemp.Query("select * from {temp1} where code = ? and [Type] = '10ABC' and amt4 = ?" +
                                                std::string(run.qeltemp.dialect().insertionOrder),
                                            run.Code(), section_.index))
-        items_.push_back({row["amt4"].Text(), section_.description, row["name1"].Text(), row["name2"].Text(),
-                          Amount(row["amt2"].Number())});
-    ShowItems();
+        items.push_back(
+            {row["amt4"].Text(), section_.description, row["name1"].Text(), row["name2"].Text(), row["amt2"].Number()});
+    entry.Open(std::move(items));
 }
 
-/// An empty grid keeps one blank row.
-void Frm10ABC::ShowItems() { MSH.SetRows(items_.empty() ? std::vector<std::vector<std::string>>(1) : items_); }
-
-void Frm10ABC::ClearFields()
+void Frm10ABC::Close()
 {
-    TxtDescr = "";
-    TxtAmt = "0.00";
-}
-
-void Frm10ABC::Add()
-{
-    if (Val(TxtAmt) <= 0) {
-        run.Inform("Please fill Amount...");
-        SetFocus(TxtAmt);
-        return;
-    }
-    items_.push_back({LBLSNO.text(), section_.description, section_.section, TxtDescr.text(), Amount(Val(TxtAmt))});
-    ShowItems();
-    ClearFields();
-    SetFocus(TxtDescr);
-}
-
-void Frm10ABC::TakeBack(int row)
-{
-    if (items_.empty())
-        return;
-    const auto taken = items_.begin() + row - 1;
-    TxtDescr = (*taken)[kDescription];
-    TxtAmt = (*taken)[kAmount];
-    items_.erase(taken);
-    ShowItems();
-    SetFocus(TxtDescr);
+    if (MayDiscard(run, entry.Altered()))
+        run.screens.Return();
 }
 
 void Frm10ABC::Save()
 {
+    if (!entry.Finish())
+        return;
     Transaction transaction({run.qeltemp});
     run.qeltemp.Delete("from {temp1} where code = ? and [Type] = '10ABC' and amt4 = ?", run.Code(), section_.index);
-    for (const auto& item : items_)
+    for (const ClaimedItem& item : entry.items())
         run.qeltemp.Insert("temp1", {{"code", run.Code()},
                                      {"Type", "10ABC"},
-                                     {"name1", item[kSection]},
-                                     {"name2", item[kDescription]},
-                                     {"amt2", Val(item[kAmount])},
-                                     {"amt4", Val(item[kSerial])}});
+                                     {"name1", item.section},
+                                     {"name2", item.description},
+                                     {"amt2", item.amount},
+                                     {"amt4", Val(item.serial)}});
     transaction.Commit();
-    Close();
+    run.screens.Return();
 }
 
 } // namespace pgbp

@@ -1,15 +1,23 @@
 #pragma once
 
-#include "controls/buttons.h"
 #include "controls/frame.h"
-#include "controls/grid.h"
-#include "controls/text_controls.h"
+#include "entry/item_entry.h"
 #include "startup/run.h"
 
 #include <string>
-#include <vector>
 
 namespace pgbp {
+
+/// An item claimed under one of the sections 10A to 10C.
+struct ClaimedItem {
+    std::string serial{}; ///< index of the section
+    std::string head{};
+    std::string section{};
+    std::string description{};
+    double amount = 0; ///< rupees
+
+    bool operator==(const ClaimedItem&) const = default;
+};
 
 /// The items claimed under one of the sections 10A to 10C. The section is the subject that the screen is opened with;
 /// its items are rows of `temp1` under the section's index. Nothing is written before Save.
@@ -17,7 +25,7 @@ class Frm10ABC : public Screen {
   public:
     explicit Frm10ABC(Run& itsRun);
     void Open(const Opening& opening) override;
-    void Close() override { run.screens.Return(); }
+    void Close() override;
 
     frame framain{*this, "framain", "", FramePlace::Main};
     label LBLSNO{*this, "LBLSNO"}; ///< index of the section, out of view
@@ -33,17 +41,14 @@ class Frm10ABC : public Screen {
     grid MSH;
     cmd CmdSave{*this, "CmdSave", "&Save"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
+    ItemEntry<ClaimedItem> entry;
 
   private:
+    std::vector<ItemColumn<ClaimedItem>> Columns();
     void LayOut();
-    void ShowItems();
-    void ClearFields();
-    void Add();
-    void TakeBack(int row);
     void Save();
 
     Subject section_;
-    std::vector<std::vector<std::string>> items_; ///< texts by the columns of the grid
 };
 
 } // namespace pgbp

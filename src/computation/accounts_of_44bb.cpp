@@ -20,8 +20,9 @@ AccountsOf44BB::AccountsOf44BB(Screen& form)
          .buttonsRight = {&CmdBFrame1}});
     for (const Cell& cell : cells_)
         cell.field.Set("0.00");
+    stored_.Remember(Frame1);
     Command3.onClick = [this] { Open(); };
-    Frame1.onEscape = CmdBFrame1.onClick = [this] { Leave(); };
+    Frame1.onEscape = CmdBFrame1.onClick = [this] { form_.Lower(Frame1); };
 }
 
 void AccountsOf44BB::Fill()
@@ -31,11 +32,11 @@ void AccountsOf44BB::Fill()
         for (const Cell& cell : cells_)
             if (row["amt1"].Number() == cell.number)
                 cell.field.Set(Amount(ParseAmount(row["name8"].Text())));
+    stored_.Remember(Frame1);
 }
 
-void AccountsOf44BB::Store() const
+void AccountsOf44BB::Store(const Transaction&)
 {
-    Transaction transaction({run_.balance});
     run_.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'NEWPLA'", run_.Code());
     if (std::any_of(cells_.begin(), cells_.end(), [](const Cell& cell) { return Val(cell.field) != 0; })) {
         for (const Cell& cell : cells_)
@@ -44,7 +45,7 @@ void AccountsOf44BB::Store() const
         if (run_.Year() >= 2017)
             AddCell(kNetProfitFrom2017, txtn5);
     }
-    transaction.Commit();
+    stored_.Remember(Frame1);
 }
 
 void AccountsOf44BB::AddCell(int number, const txtn& field) const
@@ -59,14 +60,7 @@ void AccountsOf44BB::AddCell(int number, const txtn& field) const
 void AccountsOf44BB::Open()
 {
     run_.Inform("Fill Information in this option only in case of 44BB");
-    Frame1.visible = true;
-    form_.SetFocus(txtn2);
-}
-
-void AccountsOf44BB::Leave()
-{
-    Frame1.visible = false;
-    form_.SetFocus(Command3);
+    form_.Raise(Frame1, txtn2);
 }
 
 } // namespace pgbp

@@ -3,6 +3,7 @@
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/text_controls.h"
+#include "entry/field_texts.h"
 #include "startup/run.h"
 
 #include <vector>
@@ -17,8 +18,11 @@ class AccountsOf44BB {
 
     /// Takes the stored figures over.
     void Fill();
-    /// Replaces the stored schedule cells, rupees; without a figure none is left.
-    void Store() const;
+    /// The figures differ from the stored ones.
+    bool Altered() const { return stored_.DifferFrom(Frame1); }
+    /// Replaces the stored schedule cells, rupees; without a figure none is left. In a transaction of the caller over
+    /// `balance`.
+    void Store(const Transaction& proof);
 
     cmd Command3; ///< opens the frame
     frame Frame1;
@@ -39,11 +43,11 @@ class AccountsOf44BB {
     };
     void AddCell(int number, const txtn& field) const;
     void Open();
-    void Leave();
 
     Run& run_;
     Form& form_;
     const std::vector<Cell> cells_;
+    FieldTexts stored_;
 };
 
 } // namespace pgbp

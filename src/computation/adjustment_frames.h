@@ -1,55 +1,62 @@
 #pragma once
 
-#include "computation/list_frame.h"
+#include "controls/lists.h"
+#include "entry/list_frame.h"
 
 namespace pgbp {
 
-/// `fra1`: lists of a description and an amount. Exempt income tells its kind besides, and may have to tell the PAN.
-class DescriptionList : public ListFrame {
-  public:
-    explicit DescriptionList(Screen& form);
+// Each list has its fields in a base of their own, so that they are made before the frame that enters items through
+// them.
+
+struct DescriptionFields {
+    explicit DescriptionFields(Screen& form);
 
     label lblname;
     combo txtname;
     label Label5;
     label lblExemption;
     combo CboExType;
-    check ChkDiv; ///< hidden: nothing tells when it shows
+    check ChkDiv; ///< out of view: none of the lists asks whether an income is a dividend
     label lblamount;
     txtn txtamount;
     label lblpart3;
     label lblpart3Amount;
+};
+
+/// `fra1`: lists of a description and an amount. Exempt income tells its kind besides, and may have to tell the PAN.
+class DescriptionList : public DescriptionFields, public ListFrame {
+  public:
+    explicit DescriptionList(Screen& form);
 
   private:
     void Prepare(const AdjustmentList& list) override;
 };
 
-/// `fra2`: lists of a section, a description and an amount.
-class SectionList : public ListFrame {
-  public:
-    SectionList(Screen& form, const Names& names);
+struct SectionFields {
+    explicit SectionFields(Screen& form);
 
-    /// Lays the frame out; `beside` stand in the row of the button that adds.
-    void LayOut(const std::vector<Control*>& beside);
     label lblsec;
     txt txtsec;
     label lblname1;
     combo txtname1;
     label lblamount1;
     txtn txtamount1;
+};
+
+/// `fra2`: lists of a section, a description and an amount.
+class SectionList : public SectionFields, public ListFrame {
+  public:
+    SectionList(Screen& form, const Names& names);
+
+    /// Lays the frame out; `atSection` stand in the row of the section, `atAmount` in that of the button that adds.
+    void LayOut(const std::vector<Control*>& atSection, const std::vector<Control*>& atAmount);
 
   private:
     void Prepare(const AdjustmentList& list) override;
 };
 
-/// `fra4`: allowances spread over years: section, description, year, instalment, amount allowable. The list of sections
-/// 10A to 10C up to 2006 uses it with an amount in place of the instalment.
-class AllowanceList : public ListFrame {
-  public:
-    explicit AllowanceList(Screen& form);
-
-    /// After a list was left.
-    void RestoreCaptions();
+struct AllowanceFields {
+    explicit AllowanceFields(Screen& form);
 
     label lblseca;
     txt txtseca;
@@ -61,9 +68,17 @@ class AllowanceList : public ListFrame {
     txtn txtamt2;
     label lblamt3;
     txtn txtamt3;
+};
+
+/// `fra4`: allowances spread over years: section, description, year, instalment, amount allowable. The list of sections
+/// 10A to 10C up to 2006 uses it with an amount in place of the instalment.
+class AllowanceList : public AllowanceFields, public ListFrame {
+  public:
+    explicit AllowanceList(Screen& form);
 
   private:
     void Prepare(const AdjustmentList& list) override;
+    void Restore() override;
     void NameInstalment();
 };
 

@@ -3,7 +3,6 @@
 #include "computation/statement_figures.h"
 #include "law/book_profit.h"
 #include "law/remuneration_limit.h"
-#include "records/annexure_rows.h"
 #include "records/keys.h"
 #include "records/limits.h"
 #include "records/working_copies.h"
@@ -61,15 +60,13 @@ bool AsksForExemption(const Run& run)
 
 frmbusinesscal::frmbusinesscal(Run& itsRun)
     : Screen(itsRun, "frmbusinesscal", "Normal Business"),
-      other(*this, {.openList = [this](std::string_view type) { OpenList(type); },
-                    .balance = [this] { RefreshTotals(); },
-                    .left = [this] { SetFocus(cmdother); }}),
+      other(*this,
+            {.openList = [this](std::string_view type) { OpenList(type); }, .balance = [this] { RefreshTotals(); }}),
       partners(*this, {.bookProfit = [this](double interest,
                                             double remuneration) { return BookProfit(interest, remuneration); },
                        .takesNothing = [this] { return IsDeemedByReceipts(Kind()) && presumptive.DeductsNothing(); },
                        .refusesPay = [this] { return Kind() == kPresumptive44AD || Kind() == kProfession44ADA; },
-                       .saved = [this](double, double) { RefreshTotals(); },
-                       .left = [this] { LeavePartners(); }}),
+                       .saved = [this] { RefreshTotals(); }}),
       lists_(MakeLists())
 {
     for (txtn* amount : {&txtadddep, &TxtOth, &txtlessdep, &txtlesspart1, &txtlesspart2})
@@ -98,26 +95,27 @@ std::vector<AdjustmentList> frmbusinesscal::MakeLists()
         {.type = "560", .button = cmd560, .caption = lbl560c, .keptIn = fra2},
         {.type = "23a", .button = cmd23a, .caption = lbl23ac, .keptIn = fra2, .offers = HeadsOfAdditions(run)},
         {.type = "23l", .button = cmd23l, .caption = lbl23lc, .keptIn = fra2},
-        {.type = "564", .button = other.cmd564, .caption = other.lbl564c, .keptIn = fra2, .below = &other.fra3},
+        {.type = "564", .button = other.cmd564, .caption = other.lbl564c, .keptIn = fra2, .isOther = true},
         {.type = "570",
          .button = other.cmd570,
          .caption = other.lbl570c,
          .keptIn = fra2,
-         .below = &other.fra3,
-         .storeAlong = [this] { accounts.Store(); }},
-        {.type = "568", .button = other.cmd568, .caption = other.lbl568c, .keptIn = fra4, .below = &other.fra3},
+         .isOther = true,
+         .storeAlong = [this](const Transaction& proof) { accounts.Store(proof); },
+         .alteredAlong = [this] { return accounts.Altered(); }},
+        {.type = "568", .button = other.cmd568, .caption = other.lbl568c, .keptIn = fra4, .isOther = true},
         {.type = "10abc", // up to 2006; later its items stand under the sections of a frame of their own
          .button = other.section10abc.cmd10abc,
          .caption = other.section10abc.lbl10abcc,
          .keptIn = fra4,
-         .below = &other.fra3,
+         .isOther = true,
          .amountAlone = true},
     };
 }
 
 void frmbusinesscal::LayOut()
 {
-    fra2.LayOut({&accounts.Command3, &Image3});
+    fra2.LayOut({&Image3}, {&accounts.Command3});
     framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount},
                  .rows = {{{&header.lbldescr, &header.txtdescr1}},
                           {{nullptr, &header.txtdescr2}},
@@ -149,17 +147,15 @@ void frmbusinesscal::Wire()
     for (txtn* amount : {&header.txtpnl, &txtadddep, &txtlessdep, &txtlesspart1, &txtlesspart2, &TxtOth})
         amount->onChange = [this] { CalBalance(); };
     for (const AdjustmentList& list : lists_)
-        if (!list.below) // those of the other adjustments are opened by their own frame
+        if (!list.isOther) // those of the other adjustments are opened by their own frame
             list.button.onClick = [this, &list] { OpenList(list.type); };
-    fra1.left = fra2.left = [this] { RefreshTotals(); };
-    fra4.left = [this] {
-        fra4.RestoreCaptions();
-        RefreshTotals();
-    };
-    fra2.checks = ChecksOfSections();
+    for (ListFrame* list : std::initializer_list<ListFrame*>{&fra1, &fra2, &fra4})
+        list->panel.onLowered = [this] { RefreshTotals(); };
+    fra2.entry.checks = ChecksOfSections();
     Image3.onClick = [this] { ShowHelp(run, Image3.toolTip); };
     for (cmd* button : {&CmdPartner, &cmdpartner1, &Command1, &presumptive.CmdPart})
-        button->onClick = [this, button] { OpenPartners(*button); };
+        button->onClick = [this] { partners.Open(); };
+    partners.frapartner.onLowered = [this] { LeavePartners(); };
     cmdother.onClick = [this] { other.Open(); };
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
     CmdDep.onClick = [this] {
@@ -167,12 +163,13 @@ void frmbusinesscal::Wire()
     };
     CmdF.onClick = [this] { OpenAnnexure("frmfassetsNew", "Capital Gain Annexure"); };
     presumptive.listReplaced = [this] { RefreshTotals(); };
+    framain.onEscape = presumptive.fra44ad.onEscape = [this] { Back(); };
     presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
     header.CmdSave.onClick = [this] { Save(); };
     header.CmdDel.onClick = presumptive.cmdDel1.onClick = [this] { Delete(); };
 }
 
-std::vector<ListCheck> frmbusinesscal::ChecksOfSections()
+std::vector<Check> frmbusinesscal::ChecksOfSections()
 {
     const auto section = [this] { return Upper(Trim(fra2.txtsec.text())); };
     const auto isOfNonResidents = [section] {
@@ -180,12 +177,12 @@ std::vector<ListCheck> frmbusinesscal::ChecksOfSections()
         return std::find(std::begin(kSections), std::end(kSections), section()) != std::end(kSections);
     };
     return {
-        {[section](auto) { return section() == "32"; },
+        {[section] { return section() == "32"; },
          "In case of profit on sale of fixed asset, leave section field blank.\n"
          "Section 32 is allowed only in case of power generation usit, Please check",
          &fra2.txtsec},
-        {[this](auto) { return Val(fra2.txtamount1) <= 0; }, "Please fill Amount...", &fra2.txtamount1},
-        {[isOfNonResidents](std::string_view type) { return type == "570" && !isOfNonResidents(); },
+        {[this] { return Val(fra2.txtamount1) <= 0; }, "Please fill Amount...", &fra2.txtamount1},
+        {[this, isOfNonResidents] { return fra2.type() == "570" && !isOfNonResidents(); },
          "In this option, Section can not be other than 44BB, 44BBA, 44BBB and 12G, Plesae check", &fra2.txtsec},
     };
 }
@@ -197,26 +194,19 @@ void frmbusinesscal::OpenList(std::string_view type)
     list->keptIn.Open(*list);
 }
 
-void frmbusinesscal::OpenPartners(cmd& from)
-{
-    partnersFrom_ = &from;
-    partners.Open();
-}
-
 void frmbusinesscal::LeavePartners()
 {
     if (Kind() != kNormal && partners.DrawNothing())
         presumptive.HideDeductions();
-    SetFocus(*partnersFrom_);
 }
 
 void frmbusinesscal::Open(const Opening& opening)
 {
     EmptyWorkingCopies(run);
-    DropWorkAnnexure(run);
     PlantLimits2024(run);
     run.GLwhere = 0;
     header.Open(opening);
+    annexure_.Open(header.IsEdit() ? std::optional(header.Sno()) : std::nullopt);
     if (header.IsEdit())
         BusinessFill();
     RefreshTotals();
@@ -234,7 +224,6 @@ void frmbusinesscal::BusinessFill()
                         .Scalar("select amt1 from {misc_items} where code = ? and [Type] = 'BusOth' and sno = ?",
                                 run.Glcode, header.Sno())
                         .Number());
-    CopyAnnexureToWork(run, header.Sno());
     partners.ChkChange =
         !run.company
              .Query("select code from {business1} where code = ? and sno = ? and [Type] = 'PARTCHANGE'", run.Glcode,
@@ -267,7 +256,9 @@ void frmbusinesscal::ApplyYearAndStatus()
 /// The working rows of the annexure are those of the line until the annexure changes them.
 void frmbusinesscal::Activate()
 {
-    const auto annexure = AnnexureDepreciation(run, kUnsavedLine);
+    if (run.GLwhere == kAnnexureOfComputation)
+        annexure_.TakeOver();
+    const auto annexure = annexure_.Depreciation();
     const bool takesStored = Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit();
     if (takesStored)
         ReadStatementFigures();
@@ -278,6 +269,7 @@ void frmbusinesscal::Activate()
     txtlessdep.enabled = !annexure;
     run.GLwhere = 0;
     CalBalance();
+    header.Opened({&framain, &presumptive.fra44ad, &other.fra3, &partners.frapartner});
 }
 
 void frmbusinesscal::ModalClosed() { other.ModalClosed(); }
@@ -365,11 +357,29 @@ bool frmbusinesscal::NothingEntered() const
            !totals_.Has("PARTREMU") && !totals_.Has("PARTINTT");
 }
 
+/// What is in a list or among the partners counts too, saved there or not.
+bool frmbusinesscal::Altered() const
+{
+    return header.Altered() || annexure_.Altered() || fra1.Altered() || fra2.Altered() || fra4.Altered() ||
+           partners.Altered() || other.section35.Altered() || accounts.Altered();
+}
+
 void frmbusinesscal::Save()
 {
     if (header.RefusesSave(NothingEntered()))
         return;
+    if (!Store())
+        return ReadAnnexureAnew();
+    header.TellSaved(lblincome);
+    run.screens.Return();
+}
+
+/// False, with nothing written, when the working rows of the annexure are another run's.
+bool frmbusinesscal::Store()
+{
     Transaction transaction({run.company, run.balance});
+    if (!annexure_.IsMine())
+        return false;
     const double sno = header.WriteRow(TypeOf(Kind()), BusinessColumns());
     StoreOther(sno);
     if (partners.ChkChange.value)
@@ -377,9 +387,20 @@ void frmbusinesscal::Save()
     const bool claimed = other.section10abc.IsClaimed();
     CopyWorkToLine(
         run, sno, [&](std::string_view type) { return claimed || type != "10abc"; }, Apostrophes::Blank);
-    StoreWorkAnnexure(run, sno);
+    annexure_.Store(sno, transaction);
     transaction.Commit();
-    run.screens.Return();
+    return true;
+}
+
+void frmbusinesscal::ReadAnnexureAnew()
+{
+    annexure_.Open(header.IsEdit() ? std::optional(header.Sno()) : std::nullopt);
+    if (const auto depreciation = annexure_.Depreciation())
+        txtlessdep = Amount(*depreciation);
+    txtlessdep.enabled = !annexure_.Depreciation();
+    run.Inform("The depreciation annexure was opened by another run on this assessee-year meanwhile. Nothing was "
+               "saved, and what you keyed is still here.\n"
+               "The annexure of this line has been read anew: check the depreciation and save again.");
 }
 
 std::vector<Field> frmbusinesscal::BusinessColumns() const
@@ -420,15 +441,21 @@ void frmbusinesscal::Back()
     if (frame* card = Card())
         return card->onEscape();
     if (Kind() == kNormal || presumptive.fra44ad.visible)
-        return Leave();
+        return Close();
     framain.visible = false;
     presumptive.fra44ad.visible = true;
+}
+
+void frmbusinesscal::Close()
+{
+    if (MayDiscard(run, Altered()))
+        Leave();
 }
 
 void frmbusinesscal::Leave()
 {
     run.screens.Return();
-    DropWorkAnnexure(run); // a store that is locked must not keep the preparer here; the next opening empties it too
+    annexure_.Drop(); // a store that is locked must not keep the preparer here; the next opening empties it too
 }
 
 } // namespace pgbp

@@ -5,8 +5,9 @@
 #include "computation/line_header.h"
 #include "computation/list_totals.h"
 #include "computation/other_adjustments.h"
-#include "computation/partners.h"
 #include "computation/presumptive.h"
+#include "entry/partners.h"
+#include "records/annexure_rows.h"
 
 namespace pgbp {
 
@@ -22,7 +23,7 @@ class frmbusinesscal : public Screen {
     /// the stored statement and the annexure.
     void Activate() override;
     void ModalClosed() override;
-    void Close() override { Back(); }
+    void Close() override;
 
     /// Sums of the lists, totals and net income, each from the shown texts of the step before.
     void CalBalance();
@@ -94,22 +95,23 @@ class frmbusinesscal : public Screen {
     void LayOut();
     void Wire();
     std::vector<AdjustmentList> MakeLists();
-    std::vector<ListCheck> ChecksOfSections();
+    std::vector<Check> ChecksOfSections();
     void OpenList(std::string_view type);
-    void OpenPartners(cmd& from);
     void LeavePartners();
     double BookProfit(double interest, double remuneration) const;
 
     void BusinessFill();
     void ApplyYearAndStatus();
     void ReadStatementFigures();
-    void ReadDepreciation();
     void OpenAnnexure(const char* screen, const char* annexure);
     void RefreshTotals();
     void ShowListTotals();
 
+    bool Altered() const;
     bool NothingEntered() const;
     void Save();
+    bool Store();
+    void ReadAnnexureAnew();
     std::vector<Field> BusinessColumns() const;
     void StoreOther(double sno) const;
     void Delete();
@@ -119,8 +121,8 @@ class frmbusinesscal : public Screen {
     BusinessKind Kind() const { return static_cast<BusinessKind>(run.GlBusinessKind); }
 
     ListTotals totals_;
+    WorkAnnexure annexure_{run};
     const std::vector<AdjustmentList> lists_;
-    cmd* partnersFrom_ = nullptr; ///< button that opened the partners
 };
 
 } // namespace pgbp

@@ -14,7 +14,7 @@ frmbusinesscal1::frmbusinesscal1(Run& itsRun) : Screen(itsRun, "frmbusinesscal1"
 
 void frmbusinesscal1::LayOut()
 {
-    fra2.LayOut({});
+    fra2.LayOut({}, {});
     framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount},
                  .rows = {{{&header.lbldescr, &header.txtdescr1}},
                           {{nullptr, &header.txtdescr2}},
@@ -34,11 +34,11 @@ void frmbusinesscal1::Wire()
     header.txtpnl.onChange = [this] { CalBalance(); };
     for (const AdjustmentList* list : {&added_, &deducted_})
         list->button.onClick = [this, list] { fra2.Open(*list); };
-    fra2.left = [this] { RefreshTotals(); };
-    fra2.checks = {{[this](auto) { return Val(fra2.txtamount1) == 0; }, "Please fill Amount...", &fra2.txtamount1}};
+    fra2.panel.onLowered = [this] { RefreshTotals(); };
+    fra2.entry.checks = {{[this] { return Val(fra2.txtamount1) == 0; }, "Please fill Amount...", &fra2.txtamount1}};
     header.CmdSave.onClick = [this] { Save(); };
     header.CmdDel.onClick = [this] { Delete(); };
-    header.CmdBack.onClick = [this] { Back(); };
+    framain.onEscape = header.CmdBack.onClick = [this] { Back(); };
 }
 
 void frmbusinesscal1::Open(const Opening& opening)
@@ -55,6 +55,7 @@ void frmbusinesscal1::Activate()
 {
     if (header.ProfitIsOfStatement() && header.IsEdit())
         header.txtpnl = Amount(ReadPlainNetProfit(run, header.Sno()));
+    header.Opened({&framain});
 }
 
 void frmbusinesscal1::RefreshTotals()
@@ -82,6 +83,7 @@ void frmbusinesscal1::Save()
     CopyWorkToLine(
         run, sno, [](std::string_view) { return true; }, Apostrophes::Keep);
     transaction.Commit();
+    header.TellSaved(lblincome);
     run.screens.Return();
 }
 
@@ -95,7 +97,13 @@ void frmbusinesscal1::Back()
 {
     if (frame* card = Card())
         return card->onEscape();
-    run.screens.Return();
+    Close();
+}
+
+void frmbusinesscal1::Close()
+{
+    if (MayDiscard(run, header.Altered() || fra2.Altered()))
+        run.screens.Return();
 }
 
 } // namespace pgbp

@@ -14,7 +14,7 @@ class frmbusinesscal1 : public Screen {
 
     void Open(const Opening& opening) override;
     void Activate() override;
-    void Close() override { Back(); }
+    void Close() override;
 
     void CalBalance();
 

@@ -1,8 +1,12 @@
 #include "computation/line_header.h"
 
 #include "records/keys.h"
+#include "records/working_copies.h"
 #include "services/format.h"
+#include "services/text.h"
 #include "store/schema.h"
+
+#include <algorithm>
 
 namespace pgbp {
 
@@ -24,6 +28,8 @@ LineHeader::LineHeader(Screen& form)
 
 void LineHeader::Open(const Opening& opening)
 {
+    openedFrames_.clear();
+    attempted_ = 0;
     isEdit_ = opening.mode == Mode::Edit;
     business_ = opening.business;
     Text1 = isEdit_ ? "Edit" : "Add";
@@ -31,6 +37,24 @@ void LineHeader::Open(const Opening& opening)
     txtdescr1 = Stored("name1").Text();
     txtdescr2 = Stored("name2").Text();
     txtpnl = Amount(Stored("PNL").Number());
+}
+
+void LineHeader::Opened(std::vector<const frame*> frames)
+{
+    if (!openedFrames_.empty())
+        return;
+    for (const frame* shown : frames) {
+        OpenedFrame& opened = openedFrames_.emplace_back(shown);
+        opened.texts.Remember(*shown);
+    }
+    openedLists_ = WorkAsText(run_);
+}
+
+bool LineHeader::Altered() const
+{
+    return std::any_of(openedFrames_.begin(), openedFrames_.end(),
+                       [](const OpenedFrame& opened) { return opened.texts.DifferFrom(*opened.shown); }) ||
+           WorkAsText(run_) != openedLists_;
 }
 
 void LineHeader::ShowWayToStatement()
@@ -75,21 +99,42 @@ bool LineHeader::Update(double sno, std::span<const Field> fields) const
     return run_.company.ExecuteBound("update {business} set " + columns + " where code = ? and sno = ?", values) > 0;
 }
 
-double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Field> row) const
+/// The number of the row to write over. A save whose commit was reported as failed may have reached the file all the
+/// same: a new line that stands there already is written over, not a second time.
+std::optional<double> LineHeader::StoredNumber() const
+{
+    if (isEdit_)
+        return Sno();
+    const bool stands =
+        attempted_ != 0 &&
+        !run_.company
+             .Query("select code from {business} where code = ? and sno = ? and name1 = ? and name2 = ?", run_.Code(),
+                    attempted_, txtdescr1.text(), txtdescr2.text())
+             .Empty();
+    return stands ? std::optional(attempted_) : std::nullopt;
+}
+
+double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Field> row)
 {
     row.insert(row.end(), {{"name1", txtdescr1.text()}, {"name2", txtdescr2.text()}});
     if (type)
         row.push_back({"type", *type});
     if (run_.GLminor != 0)
         row.push_back({"Minor", run_.GLminor});
-    double sno = Sno();
-    if (!isEdit_ || !Update(sno, row)) {
-        sno = NextSno(run_);
+    const std::optional<double> stored = StoredNumber();
+    double sno = stored.value_or(0);
+    if (!stored || !Update(sno, row)) {
+        sno = attempted_ = NextSno(run_);
         row.insert(row.end(), {{"code", run_.Code()}, {"SNO", sno}});
         run_.company.Insert("business", row);
     }
     run_.company.Delete("from {business1} where code = ? and sno = ?", run_.Code(), sno);
     return sno;
+}
+
+void LineHeader::TellSaved(const TextControl& income) const
+{
+    form_.TellSaved(Trim(txtdescr1.text() + ' ' + txtdescr2.text()), Val(income));
 }
 
 bool LineHeader::Delete()

@@ -2,6 +2,7 @@
 
 #include "controls/buttons.h"
 #include "controls/text_controls.h"
+#include "entry/field_texts.h"
 #include "records/lines.h"
 #include "startup/run.h"
 
@@ -25,6 +26,11 @@ class LineHeader {
     /// Number of the stored line.
     double Sno() const { return business_["sno"].Number(); }
 
+    /// Remembers the line as it is shown by these frames now, once for each opening.
+    void Opened(std::vector<const frame*> frames);
+    /// Fields or lists of the line differ from what was opened.
+    bool Altered() const;
+
     /// From 2007 the net profit is that of the statement and can not be typed.
     bool ProfitIsOfStatement() const { return run_.Year() >= 2007; }
     void ShowWayToStatement();
@@ -34,7 +40,9 @@ class LineHeader {
 
     /// Writes the row of `business`, a new one under a new number, and empties the line's detail rows. `type` is the
     /// kind as it is stored; nothing leaves it as it is. Gives the line's number. Inside a transaction of the caller.
-    double WriteRow(std::optional<std::string_view> type, std::vector<Field> fields) const;
+    double WriteRow(std::optional<std::string_view> type, std::vector<Field> fields);
+    /// Tells in the status line that the line was saved.
+    void TellSaved(const TextControl& income) const;
 
     /// Asks, and deletes the line with all that hangs on it. True when it is gone.
     bool Delete();
@@ -52,13 +60,23 @@ class LineHeader {
     cmd cmdr; ///< laid out nowhere: only its hot key Alt+R reaches it
 
   private:
+    /// What a frame held when the line was opened.
+    struct OpenedFrame {
+        const frame* shown;
+        FieldTexts texts;
+    };
+
     void OpenStatement() const;
+    std::optional<double> StoredNumber() const;
     bool Update(double sno, std::span<const Field> fields) const;
 
     Run& run_;
-    Form& form_;
+    Screen& form_;
     bool isEdit_ = false;
     Record business_;
+    std::vector<OpenedFrame> openedFrames_;
+    std::string openedLists_;
+    double attempted_ = 0; ///< number under which a new line was written last; 0 before that
 };
 
 } // namespace pgbp

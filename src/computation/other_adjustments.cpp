@@ -18,9 +18,7 @@ OtherAdjustments::OtherAdjustments(Screen& form, OtherAdjustmentsUse use)
       lbl568(form, "lbl568", "0.00", LabelLook::Amount), Cmd35(form, "Cmd35", "&Scientific Research"),
       Lbl35c(form, "Lbl35c", "Deduction under section 35 (Scientific research) :"),
       Lbl35(form, "Lbl35", "0.00", LabelLook::Amount), cmdbackother(form, "cmdbackother", "&Back"),
-      section35(form, [this] { ComeBackTo(Cmd35); }),
-      section10abc(form, use.balance, [this] { ComeBackTo(section10abc.cmd10abc); }), run_(form.run), form_(form),
-      use_(std::move(use))
+      section35(form, use.balance), section10abc(form, use.balance), run_(form.run), form_(form), use_(std::move(use))
 {
     LayOut();
     Wire();
@@ -47,40 +45,19 @@ void OtherAdjustments::Wire()
     cmd564.onClick = [this] { use_.openList("564"); };
     cmd570.onClick = [this] { use_.openList("570"); };
     cmd568.onClick = [this] { use_.openList("568"); };
-    Cmd35.onClick = [this] {
-        section35.Open();
-        fra3.visible = false;
-    };
+    Cmd35.onClick = [this] { section35.Open(); };
     section10abc.cmd10abc.onClick = [this] { Open10abc(); };
-    fra3.onEscape = cmdbackother.onClick = [this] { Leave(); };
+    fra3.onEscape = cmdbackother.onClick = [this] { form_.Lower(fra3); };
+    fra3.onLowered = use_.balance;
 }
 
-void OtherAdjustments::Open()
-{
-    fra3.visible = true;
-    form_.SetFocus(cmd564);
-}
+void OtherAdjustments::Open() { form_.Raise(fra3, cmd564); }
 
 void OtherAdjustments::Open10abc()
 {
     if (run_.Year() < kFramesOfTheirOwn)
         return use_.openList("10abc");
     section10abc.Open();
-    fra3.visible = false;
-}
-
-void OtherAdjustments::ComeBackTo(Control& button)
-{
-    fra3.visible = true;
-    use_.balance();
-    form_.SetFocus(button);
-}
-
-void OtherAdjustments::Leave()
-{
-    fra3.visible = false;
-    use_.balance();
-    use_.left();
 }
 
 } // namespace pgbp

@@ -9,9 +9,8 @@ namespace pgbp {
 
 /// What the frame of the other adjustments asks of its screen.
 struct OtherAdjustmentsUse {
-    std::function<void(std::string_view type)> openList; ///< opens a list in place of `fra3`, which comes back after it
+    std::function<void(std::string_view type)> openList; ///< opens a list over `fra3`
     std::function<void()> balance;                       ///< recomputes the line, the totals of `fra3` included
-    std::function<void()> left;                          ///< after `fra3` is hidden: the focus goes back
 };
 
 /// `fra3`: what enters the line "Other Specific Adjustments": deemed income, adjustments of the sections 44B to 44BBB,
@@ -45,8 +44,6 @@ class OtherAdjustments {
     void LayOut();
     void Wire();
     void Open10abc();
-    void ComeBackTo(Control& button);
-    void Leave();
 
     const Run& run_;
     Form& form_;

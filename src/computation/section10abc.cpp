@@ -1,6 +1,6 @@
 #include "computation/section10abc.h"
 
-#include "computation/control_array.h"
+#include "entry/control_array.h"
 #include "services/format.h"
 #include "services/text.h"
 
@@ -33,13 +33,13 @@ void Section10abc::Line::Show(bool shows)
         control->visible = shows;
 }
 
-Section10abc::Section10abc(Screen& form, const std::function<void()>& balance, std::function<void()> left)
+Section10abc::Section10abc(Screen& form, const std::function<void()>& balance)
     : chk10abc1(form, "chk10abc1", "Is Section 10A/10B/10C applicable in your case ?"),
       chk10abc2(form, "chk10abc2", "Have you opted out by filing declaration prescribed u/s 10A(8)/10B(8)/10C(6) ?"),
       lbl10abcc(form, "lbl10abcc", "Less : Amount claimed u/s 10A/10B/10C :"),
       lbl10abc(form, "lbl10abc", "0.00", LabelLook::Amount), cmd10abc(form, "cmd10abc", "Sections 10A/10B/&10C"),
       Fra10abc(form, "Fra10abc", "Deduction under section 10A/B/C"), lblSection(form, "lblSection", "Section"),
-      CmdBack10(form, "CmdBack10", "&Back"), run_(form.run), form_(form), left_(std::move(left))
+      CmdBack10(form, "CmdBack10", "&Back"), run_(form.run), form_(form)
 {
     for (int i = 0; i < kSections; ++i) {
         Line& line = lines.emplace_back(form, i);
@@ -52,7 +52,8 @@ Section10abc::Section10abc(Screen& form, const std::function<void()>& balance, s
         balance();
     };
     CmdBack10.isDefault = true;
-    Fra10abc.onEscape = CmdBack10.onClick = [this] { Leave(); };
+    Fra10abc.onLowered = balance;
+    Fra10abc.onEscape = CmdBack10.onClick = [this] { form_.Lower(Fra10abc); };
 }
 
 void Section10abc::LayOut()
@@ -75,8 +76,7 @@ void Section10abc::ApplyQuestions()
 void Section10abc::Open()
 {
     Fill();
-    Fra10abc.visible = true;
-    form_.SetFocus(lines.front().Cmd10A);
+    form_.Raise(Fra10abc, lines.front().Cmd10A);
 }
 
 void Section10abc::Refresh()
@@ -112,12 +112,6 @@ void Section10abc::OpenSection(const Line& line)
 {
     run_.screens.ShowModal("Frm10ABC", {.caption = "Deduction u/s " + line.section + '-' + line.description,
                                         .subject = {line.index, line.section, line.description}});
-}
-
-void Section10abc::Leave()
-{
-    Fra10abc.visible = false;
-    left_();
 }
 
 } // namespace pgbp

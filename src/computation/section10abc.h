@@ -16,8 +16,8 @@ namespace pgbp {
 /// items. The two questions, the total and the button stand in a frame of the owner.
 class Section10abc {
   public:
-    /// `balance` comes after each change of the two questions, `left` when the frame is hidden again.
-    Section10abc(Screen& form, const std::function<void()>& balance, std::function<void()> left);
+    /// `balance` comes after each change of the two questions, and when the frame is taken away.
+    Section10abc(Screen& form, const std::function<void()>& balance);
 
     /// Shows the sections with what is claimed under each, rupees.
     void Open();
@@ -60,11 +60,9 @@ class Section10abc {
     void Fill();
     void NameLines();
     void OpenSection(const Line& line);
-    void Leave();
 
     Run& run_;
     Form& form_;
-    std::function<void()> left_;
 };
 
 } // namespace pgbp

@@ -1,6 +1,7 @@
 #include "computation/section35.h"
 
-#include "computation/control_array.h"
+#include "entry/checks.h"
+#include "entry/control_array.h"
 #include "services/format.h"
 
 namespace pgbp {
@@ -18,14 +19,14 @@ Section35::Line::Line(Form& form, int itsIndex, const char* clause)
 {
 }
 
-Section35::Section35(Screen& form, std::function<void()> left)
+Section35::Section35(Screen& form, const std::function<void()>& balance)
     : Fra35(form, "Fra35", "Deduction under Section 35 (Scientific research)"),
       lblDebited(form, "lblDebited", "Amount Debited to P && L A/c"),
       lblAllowable(form, "lblAllowable", "Amount of Deduction Allowable"),
       lblDeducted(form, "lblDeducted", "Amount of Deduction"), lblTotal35(form, "lblTotal35", "Total"),
       LblTot_1(form, "LblTot_1", "0.00", LabelLook::Amount), LblTot_2(form, "LblTot_2", "0.00", LabelLook::Amount),
       LblTot_3(form, "LblTot_3", "0.00", LabelLook::Amount), CmdSave35(form, "CmdSave35", "&Save"),
-      CmdCanc35(form, "CmdCanc35", "&Cancel"), run_(form.run), form_(form), left_(std::move(left))
+      CmdCanc35(form, "CmdCanc35", "&Cancel"), run_(form.run), form_(form)
 {
     for (const char* clause : kClauses) {
         Line& line = lines.emplace_back(form, static_cast<int>(lines.size()), clause);
@@ -33,8 +34,13 @@ Section35::Section35(Screen& form, std::function<void()> left)
     }
     LayOut();
     CmdSave35.isDefault = true;
+    Fra35.onLowered = balance;
     CmdSave35.onClick = [this] { Save(); };
-    Fra35.onEscape = CmdCanc35.onClick = [this] { Leave(); };
+    CmdCanc35.onClick = [this] { Leave(); };
+    Fra35.onEscape = [this] {
+        if (MayDiscard(run_, Altered()))
+            Leave();
+    };
 }
 
 void Section35::LayOut()
@@ -51,8 +57,8 @@ void Section35::LayOut()
 void Section35::Open()
 {
     Fill();
-    Fra35.visible = true;
-    form_.SetFocus(lines.front().Txt_1);
+    opened_.Remember(Fra35);
+    form_.Raise(Fra35, lines.front().Txt_1);
 }
 
 void Section35::Fill()
@@ -98,10 +104,6 @@ void Section35::Save()
     Leave();
 }
 
-void Section35::Leave()
-{
-    Fra35.visible = false;
-    left_();
-}
+void Section35::Leave() { form_.Lower(Fra35); }
 
 } // namespace pgbp

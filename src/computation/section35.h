@@ -3,6 +3,7 @@
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/text_controls.h"
+#include "entry/field_texts.h"
 #include "startup/run.h"
 
 #include <deque>
@@ -14,11 +15,13 @@ namespace pgbp {
 /// and the amount allowable; their difference is deducted from income, with its sign.
 class Section35 {
   public:
-    /// `left` comes after Save and Cancel, when the frame is hidden again.
-    Section35(Screen& form, std::function<void()> left);
+    /// `balance` comes when the frame is taken away.
+    Section35(Screen& form, const std::function<void()>& balance);
 
     /// Shows what the line of business has so far.
     void Open();
+    /// The frame is up and differs from what was opened.
+    bool Altered() const { return Fra35.visible && opened_.DifferFrom(Fra35); }
 
     /// One clause.
     struct Line {
@@ -50,8 +53,8 @@ class Section35 {
     void Leave();
 
     Run& run_;
-    Form& form_;
-    std::function<void()> left_;
+    Screen& form_;
+    FieldTexts opened_;
 };
 
 } // namespace pgbp

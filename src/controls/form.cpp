@@ -2,6 +2,7 @@
 
 #include "controls/buttons.h"
 #include "controls/frame.h"
+#include "controls/grid.h"
 
 #include <algorithm>
 #include <cctype>
@@ -72,13 +73,29 @@ Control* Form::Find(std::string_view controlName) const
     return found == controls_.end() ? nullptr : *found;
 }
 
-frame* Form::Card() const
+void Form::Raise(frame& card, Control& first)
 {
-    frame* top = nullptr;
-    for (Control* control : controls_)
-        if (auto* card = dynamic_cast<frame*>(control); card && card->place == FramePlace::Card && card->visible)
-            top = card;
-    return top;
+    if (std::find(cards_.begin(), cards_.end(), &card) == cards_.end()) {
+        card.cameFrom_ = focused_;
+        cards_.push_back(&card);
+    }
+    card.visible = true;
+    SetFocus(first);
+}
+
+void Form::Lower(frame& card)
+{
+    const auto lowered = std::find(cards_.begin(), cards_.end(), &card);
+    if (lowered == cards_.end())
+        return;
+    for (auto over = lowered; over != cards_.end(); ++over)
+        (*over)->visible = false;
+    cards_.erase(lowered, cards_.end());
+    const Control* before = focused_;
+    if (card.onLowered)
+        card.onLowered();
+    if (card.cameFrom_ && focused_ == before)
+        SetFocus(*card.cameFrom_);
 }
 
 /// The side frame on top, else the main frame.
@@ -154,6 +171,15 @@ void Form::Step(int direction)
     SetFocus(*stops[static_cast<std::size_t>((from + direction + count) % count)]);
 }
 
+void Form::FocusGrid()
+{
+    const auto stops = Stops();
+    const auto rows = std::find_if(stops.begin(), stops.end(),
+                                   [](const Control* stop) { return dynamic_cast<const grid*>(stop) != nullptr; });
+    if (rows != stops.end())
+        SetFocus(**rows);
+}
+
 /// A control that was hidden or disabled under the focus gives it to the first stop.
 void Form::KeepFocusReachable()
 {
@@ -200,6 +226,8 @@ void Form::DefaultKey(Key key)
     const frame* front = Front();
     if (key == Key::Escape && front && front->onEscape)
         front->onEscape();
+    if (key == Key::ControlDown)
+        FocusGrid();
     if (key == Key::Undo && front && front->onUndo)
         front->onUndo();
 }

@@ -53,8 +53,15 @@ class Form {
     void FocusPrevious();
     /// The stops of the walk, in order: the frame that is up, row by row, then the bar.
     std::vector<Control*> Stops() const;
+    /// Puts a side frame over what is in front, with the focus on a control of it.
+    void Raise(frame& card, Control& first);
+    /// Takes a side frame away with those over it. The focus returns to where it was before, unless `onLowered` of the
+    /// frame has moved it.
+    void Lower(frame& card);
+    /// The side frames that are up, the lowest one first.
+    const std::vector<frame*>& Cards() const { return cards_; }
     /// The side frame that lies on top, if any.
-    frame* Card() const;
+    frame* Card() const { return cards_.empty() ? nullptr : cards_.back(); }
 
     // What a person does. Each is a boundary: an exception ends in an error box with the form's title, and the run goes
     // on.
@@ -74,11 +81,13 @@ class Form {
     void KeepFocusReachable();
     void Step(int direction);
     void DefaultKey(Key key);
+    void FocusGrid();
 
     std::string name_;
     std::string title_;
     MessageBoxes& boxes_;
     std::vector<Control*> controls_;
+    std::vector<frame*> cards_;
     Control* focused_ = nullptr;
     Control* wanted_ = nullptr; ///< where a handler moved the focus while the old field was being left
     bool leaving_ = false;

@@ -37,15 +37,17 @@ struct Layout {
     std::vector<Control*> buttonsRight = {}; ///< Save, Cancel, Back
 };
 
-/// A panel with its heading; shows or hides as a unit.
+/// A panel with its heading; shows or hides as a unit. A side frame is put up and taken away by `Form::Raise` and
+/// `Form::Lower`.
 class frame : public Control {
   public:
     frame(Form& form, std::string_view name, std::string captionText = "", FramePlace where = FramePlace::Card);
 
     Property<std::string> caption;
     const FramePlace place;
-    std::function<void()> onEscape; ///< the Escape key while the frame is up
-    std::function<void()> onUndo;   ///< Ctrl+Z while the frame is up and the field with the focus has nothing to undo
+    std::function<void()> onLowered; ///< the side frame has been taken away: what was entered in it counts now
+    std::function<void()> onEscape;  ///< the Escape key while the frame is up
+    std::function<void()> onUndo;    ///< Ctrl+Z while the frame is up and the field with the focus has nothing to undo
 
     /// Lays the controls out and makes the frame their container.
     void Lay(Layout layout);
@@ -54,7 +56,9 @@ class frame : public Control {
     std::string Shows() const override { return caption; }
 
   private:
+    friend class Form;
     Layout layout_;
+    Control* cameFrom_ = nullptr; ///< of a side frame that is up: where the focus was before
 };
 
 } // namespace pgbp

@@ -116,6 +116,10 @@ bool grid::KeyDown(Key key)
         if (currentRow_ > 0)
             DoubleClick(currentRow_);
         return true;
+    case Key::Escape:
+        if (onEscape)
+            onEscape();
+        return static_cast<bool>(onEscape);
     case Key::Delete:
         if (currentRow_ > 0 && onDelete)
             onDelete(currentRow_);

@@ -35,6 +35,7 @@ class grid : public Control {
 
     std::function<void(int row)> onDoubleClick; ///< a double click or Enter on a row
     std::function<void(int row)> onDelete;      ///< the Delete key on a row
+    std::function<void()> onEscape;             ///< the Escape key; without it the frame has the key
 
     const std::vector<GridColumn>& columns() const { return columns_; }
     void SetHeading(int column, std::string heading);

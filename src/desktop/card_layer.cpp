@@ -29,24 +29,32 @@ class Veil : public QWidget {
 
 } // namespace
 
-CardLayer::CardLayer(QWidget* pages) : QWidget(pages), veil_(new Veil(this)) { pages->installEventFilter(this); }
+CardLayer::CardLayer(const Form& form, QWidget* pages) : QWidget(pages), form_(form), veil_(new Veil(this))
+{
+    pages->installEventFilter(this);
+}
 
 void CardLayer::Add(FrameView& card) { cards_.push_back(&card); }
+
+FrameView& CardLayer::ViewOf(const frame* card) const
+{
+    return **std::find_if(cards_.begin(), cards_.end(), [&](const auto* view) { return &view->control == card; });
+}
 
 void CardLayer::Arrange()
 {
     setGeometry(parentWidget()->rect());
-    setVisible(std::any_of(cards_.begin(), cards_.end(), [](const auto* card) { return card->control.Shown(); }));
+    setVisible(!form_.Cards().empty());
     if (isHidden())
         return;
     raise();
     veil_->setGeometry(rect());
-    for (FrameView* card : cards_)
-        if (card->control.Shown()) {
-            card->widget()->setGeometry(PlaceOf(*card));
-            veil_->raise();
-            card->widget()->raise();
-        }
+    for (const frame* up : form_.Cards()) {
+        const FrameView& card = ViewOf(up);
+        card.widget()->setGeometry(PlaceOf(card));
+        veil_->raise();
+        card.widget()->raise();
+    }
 }
 
 QSize CardLayer::sizeHint() const

@@ -6,13 +6,15 @@
 
 namespace pgbp {
 
+class Form;
 class FrameView;
+class frame;
 
 /// Lies over the main frame while a side frame is up: dims what lies below the card in front, keeps the mouse from it,
-/// and shows the card in the middle.
+/// and shows the card in the middle. The form's order of its cards is what is drawn.
 class CardLayer : public QWidget {
   public:
-    explicit CardLayer(QWidget* pages);
+    CardLayer(const Form& form, QWidget* pages);
 
     void Add(FrameView& card);
     /// Shows itself while a card is up and puts the cards in their place.
@@ -27,6 +29,9 @@ class CardLayer : public QWidget {
   private:
     QRect PlaceOf(const FrameView& card) const;
 
+    FrameView& ViewOf(const frame* card) const;
+
+    const Form& form_;
     QWidget* veil_;
     std::vector<FrameView*> cards_;
 };

@@ -39,7 +39,7 @@ void FormView::Build()
     pages_ = new QWidget(this);
     auto* pages = new QVBoxLayout(pages_);
     pages->setContentsMargins(0, 0, 0, 0);
-    cards_ = new CardLayer(pages_);
+    cards_ = new CardLayer(form, pages_);
     box->addWidget(pages_, 1);
     const ButtonRow buttons = AddButtonRow(*box);
     for (Control* control : form.controls())

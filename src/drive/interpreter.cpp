@@ -395,7 +395,8 @@ void Interpreter::AnswerNext(const std::string& word)
 
 void Interpreter::FileNext(const std::string& path) { files_.files.emplace_back(path); }
 
-/// Each data file is opened for itself, so that a table's plain name means the table of that file.
+/// Each data file is opened for itself, so that a table's plain name means the table of that file. The working file has a
+/// session of its own already, and what is keyed lies in that session alone.
 void Interpreter::Sql(const std::string& arguments)
 {
     const auto [name, sql] = FirstWord(arguments);
@@ -406,7 +407,7 @@ void Interpreter::Sql(const std::string& arguments)
     if (found == connections.end())
         throw DriveError("there is no data file " + name);
     const bool onServer = run_.IsSqlStore && (name == "company" || name == "balance");
-    const Connection connection = onServer ? *found->second : OpenFile(DataFileNamed(run_, name));
+    const Connection connection = onServer || name == "qeltemp" ? *found->second : OpenFile(DataFileNamed(run_, name));
     if (!EqualsIgnoringCase(sql.substr(0, 6), "select")) {
         out_ << connection.Execute(sql) << " rows\n";
         return;

@@ -47,8 +47,7 @@ void frmReminder::NewNote()
     txtmmo = "";
     lbldate = "";
     mnudel.caption = "Cancel";
-    Frame1.visible = true;
-    SetFocus(txthead);
+    Raise(Frame1, txthead);
 }
 
 void frmReminder::OpenNote(int entry)
@@ -65,8 +64,7 @@ void frmReminder::OpenNote(int entry)
     const auto written = note.First()["date1"].Date();
     lbldate = written ? StampText(*written) : "";
     mnudel.caption = "&Delete";
-    Frame1.visible = true;
-    SetFocus(txtmmo);
+    Raise(Frame1, txtmmo);
 }
 
 bool frmReminder::TitleExists(const std::string& title) const
@@ -126,7 +124,7 @@ void frmReminder::LeaveFrame()
 {
     txtmmo = "";
     txthead = "";
-    Frame1.visible = false;
+    Lower(Frame1);
 }
 
 void frmReminder::HideOrClose()

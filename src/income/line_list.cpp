@@ -73,8 +73,7 @@ void LineList::Open(BusinessKind kind)
         return run_.screens.Show(chosen.screen, {.caption = chosen.caption});
     Fill(lines);
     fra1.caption = chosen.caption;
-    fra1.visible = true;
-    form.SetFocus(DBGrid1);
+    form.Raise(fra1, DBGrid1);
 }
 
 /// The working table gives the order, by name as the store sorts.
@@ -106,7 +105,7 @@ void LineList::Choose(int row)
     const Kind& kind = KindByCaption();
     const Recordset line = run_.company.Query("select * from {business} where code = ? and [Type] = ? and sno = ?",
                                               run_.Glcode, TypeOf(kind.kind), Val(DBGrid1.Cell(row, kSno)));
-    fra1.visible = false;
+    form.Lower(fra1);
     if (line.Empty()) // another user deleted it meanwhile
         return form.Activate();
     run_.screens.Show(kind.screen, {.caption = kind.caption, .mode = Mode::Edit, .business = Record(line.First())});
@@ -117,13 +116,13 @@ void LineList::Add()
     const Kind& kind = KindByCaption();
     if (!kind.canAdd)
         return;
-    fra1.visible = false;
+    form.Lower(fra1);
     run_.screens.Show(kind.screen, {.caption = kind.caption});
 }
 
 void LineList::Leave()
 {
-    fra1.visible = false;
+    form.Lower(fra1);
     form.SetFocus(KindByCaption().kind == kNormal ? form.cmd1 : form.cmd2);
 }
 

@@ -20,38 +20,56 @@ std::string CarriedColumns(const Recordset& rows)
 
 } // namespace
 
-void CopyAnnexureToWork(const Run& run, double sno)
+void WorkAnnexure::Open(std::optional<double> sno)
 {
-    const Recordset stored = run.balance.Query(std::string("select * ") + kRowsOfLine, run.Code(), sno);
-    if (stored.Empty())
-        return DropWorkAnnexure(run);
-    const std::string columns = CarriedColumns(stored);
-    Transaction transaction({run.balance});
-    run.balance.Delete(kRowsOfLine, run.Code(), kUnsavedLine);
-    run.balance.Execute("insert into {fassets} (" + columns + ", sno) select " + columns + ", " +
-                            std::to_string(kUnsavedLine) + ' ' + kRowsOfLine +
-                            std::string(run.balance.dialect().insertionOrder),
-                        run.Code(), sno);
-    transaction.Commit();
+    sno_ = sno;
+    const Recordset stored = run_.balance.Query(std::string("select * ") + kRowsOfLine, run_.Code(), sno.value_or(0));
+    if (!stored.Empty() || Depreciation()) {
+        const std::string columns = CarriedColumns(stored);
+        Transaction transaction({run_.balance});
+        run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
+        if (!stored.Empty())
+            run_.balance.Execute("insert into {fassets} (" + columns + ", sno) select " + columns + ", " +
+                                     std::to_string(kUnsavedLine) + ' ' + kRowsOfLine +
+                                     std::string(run_.balance.dialect().insertionOrder),
+                                 run_.Code(), *sno);
+        transaction.Commit();
+    }
+    opened_ = mine_ = WorkingRows();
 }
 
-void StoreWorkAnnexure(const Run& run, double sno)
+void WorkAnnexure::TakeOver() { mine_ = WorkingRows(); }
+
+bool WorkAnnexure::IsMine() const { return WorkingRows() == mine_; }
+
+void WorkAnnexure::Store(double sno, const Transaction&) const
 {
-    run.balance.Delete(kRowsOfLine, run.Code(), sno);
-    run.balance.Execute("update {fassets} set sno = ? where code = ? and [Type] = 'P' and sno = ?", sno, run.Code(),
-                        kUnsavedLine);
+    if (!Altered() && sno == sno_) {
+        run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
+        return;
+    }
+    run_.balance.Delete(kRowsOfLine, run_.Code(), sno);
+    run_.balance.Execute("update {fassets} set sno = ? where code = ? and [Type] = 'P' and sno = ?", sno, run_.Code(),
+                         kUnsavedLine);
 }
 
-void DropWorkAnnexure(const Run& run)
+void WorkAnnexure::Drop() const
 {
-    if (AnnexureDepreciation(run, kUnsavedLine))
-        run.balance.Delete(kRowsOfLine, run.Code(), kUnsavedLine);
+    if (!mine_.empty() && IsMine())
+        run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
 }
 
-std::optional<double> AnnexureDepreciation(const Run& run, double sno)
+std::string WorkAnnexure::WorkingRows() const
 {
-    const Recordset sum =
-        run.balance.Query(std::string("select count(*) as counted, sum(f_dep) as tot ") + kRowsOfLine, run.Code(), sno);
+    return AsText(
+        run_.balance.Query(std::string("select * ") + kRowsOfLine + std::string(run_.balance.dialect().insertionOrder),
+                           run_.Code(), kUnsavedLine));
+}
+
+std::optional<double> WorkAnnexure::Depreciation() const
+{
+    const Recordset sum = run_.balance.Query(
+        std::string("select count(*) as counted, sum(f_dep) as tot ") + kRowsOfLine, run_.Code(), kUnsavedLine);
     if (sum.First()["counted"].Number() == 0)
         return std::nullopt;
     return sum.First()["tot"].Number();

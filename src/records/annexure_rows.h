@@ -3,22 +3,43 @@
 #include "startup/run.h"
 
 #include <optional>
+#include <string>
 
 namespace pgbp {
 
-// The depreciation annexure of a line of business while the line is open: working rows with the number of the unsaved
-// line stand for the stored ones, until the line is saved.
+/// The depreciation annexure of the line of business that is open. Working rows with the number of the unsaved line
+/// stand for the stored ones until the line is saved; the annexure's screen works on them. All runs on an assessee-year
+/// share these rows, so each remembers which ones it made.
+class WorkAnnexure {
+  public:
+    explicit WorkAnnexure(const Run& run) : run_(run) {}
 
-/// Copies the annexure of a line to working rows, in place of those that there were.
-void CopyAnnexureToWork(const Run& run, double sno);
+    /// Copies the annexure of a line to the working rows, in place of those that there were; without a line there are
+    /// none then.
+    void Open(std::optional<double> sno);
+    /// The annexure's screen was open: the working rows are what it left.
+    void TakeOver();
+    bool Altered() const { return mine_ != opened_; }
+    /// The working rows are still those of this run.
+    bool IsMine() const;
 
-/// Makes the working rows the annexure of the line. Inside a transaction of the caller.
-void StoreWorkAnnexure(const Run& run, double sno);
+    /// Ends the working rows: where the annexure was altered, or the line has another number than the one it was opened
+    /// with, they replace the stored rows of the line; else the stored ones stay as they are. Inside a transaction of
+    /// the caller, when they are this run's.
+    void Store(double sno, const Transaction& proof) const;
+    /// Deletes the working rows unless they are another run's.
+    void Drop() const;
 
-/// Deletes the working rows, if there are any.
-void DropWorkAnnexure(const Run& run);
+    /// Depreciation of the working rows, rupees; nothing when there are none.
+    std::optional<double> Depreciation() const;
 
-/// Depreciation of the rows with this number, rupees; nothing when there are none.
-std::optional<double> AnnexureDepreciation(const Run& run, double sno);
+  private:
+    std::string WorkingRows() const;
+
+    const Run& run_;
+    std::optional<double> sno_;
+    std::string opened_;
+    std::string mine_;
+};
 
 } // namespace pgbp

@@ -10,6 +10,11 @@ namespace {
 constexpr std::string_view kDetailColumns =
     "[Type], name1, name2, name3, amt1, amt2, amt3, amt4, AD1, CITY, State, PIN, utn, flag1";
 
+constexpr std::pair<std::string_view, std::string WorkItem::*> kTexts[] = {
+    {"name1", &WorkItem::name1}, {"name2", &WorkItem::name2}, {"name3", &WorkItem::name3}};
+constexpr std::pair<std::string_view, std::optional<double> WorkItem::*> kAmounts[] = {
+    {"amt1", &WorkItem::amt1}, {"amt2", &WorkItem::amt2}, {"amt3", &WorkItem::amt3}, {"amt4", &WorkItem::amt4}};
+
 std::vector<Field> Fields(const Row& row)
 {
     std::vector<Field> fields;
@@ -40,10 +45,20 @@ void CopyLineToWork(const Run& run, double sno, DetailRows which)
     run.qeltemp.Delete("from {temp1} where code = ?", run.Code());
     for (const Row row : stored) {
         std::vector<Field> fields = Fields(row);
+        for (Field& field : fields)
+            if (field.column == "name2" && !field.value.IsNull())
+                field.value = Trim(field.value.Text());
         fields.push_back({"code", run.Code()});
         run.qeltemp.Insert("temp1", fields);
     }
     transaction.Commit();
+}
+
+std::string WorkAsText(const Run& run)
+{
+    return AsText(run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
+                                        std::string(run.qeltemp.dialect().insertionOrder),
+                                    run.Code()));
 }
 
 void CopyWorkToLine(const Run& run, double sno, const std::function<bool(std::string_view type)>& takes,
@@ -64,19 +79,45 @@ void CopyWorkToLine(const Run& run, double sno, const std::function<bool(std::st
     }
 }
 
-void OpenWorkList(const Run& run, std::string_view type)
+std::vector<WorkItem> ReadWorkList(const Run& run, std::string_view type)
 {
-    const std::string code = run.Code();
+    std::vector<WorkItem> items;
+    for (const Row row : run.qeltemp.Query("select * from {temp1} where code = ? and [Type] = ?" +
+                                               std::string(run.qeltemp.dialect().insertionOrder),
+                                           run.Code(), type)) {
+        WorkItem& item = items.emplace_back();
+        for (const auto& [column, member] : kTexts)
+            item.*member = row[column].Text();
+        for (const auto& [column, member] : kAmounts)
+            if (const Value& amount = row[column]; !amount.IsNull())
+                item.*member = amount.Number();
+    }
+    return items;
+}
+
+void WriteWorkList(const Run& run, const std::vector<WorkItem>& items)
+{
+    std::vector<std::vector<Field>> rows;
+    rows.reserve(items.size());
+    for (const WorkItem& item : items) {
+        auto& row = rows.emplace_back();
+        for (const auto& [column, member] : kTexts)
+            row.push_back({column, item.*member});
+        for (const auto& [column, member] : kAmounts)
+            if (item.*member)
+                row.push_back({column, *(item.*member)});
+    }
+    WriteWorkRows(run, std::move(rows));
+}
+
+void WriteWorkRows(const Run& run, std::vector<std::vector<Field>> rows)
+{
     Transaction transaction({run.qeltemp});
-    run.qeltemp.Delete("from {temp} where code = ?", code);
-    run.qeltemp.Execute("insert into {temp} (code, name1, name2, name3, amt1, amt2, amt3, amt4) select code, name1, "
-                        "name2, name3, amt1, amt2, amt3, amt4 from {temp1} where code = ? and [Type] = ?" +
-                            std::string(run.qeltemp.dialect().insertionOrder),
-                        code, type);
-    // a row is found again by its texts, and Null equals nothing
-    for (const char* text : {"name1", "name2", "name3"})
-        run.qeltemp.Execute("update {temp} set " + std::string(text) + " = '' where code = ? and " + text + " is null",
-                            code);
+    DropWorkList(run);
+    for (auto& row : rows) {
+        row.push_back({"code", run.Code()});
+        run.qeltemp.Insert("temp", row);
+    }
     transaction.Commit();
 }
 

@@ -3,7 +3,10 @@
 #include "startup/run.h"
 
 #include <functional>
+#include <optional>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace pgbp {
 
@@ -16,8 +19,11 @@ void EmptyWorkingCopies(const Run& run);
 enum class DetailRows { All, WithFirstAmount };
 
 /// Copies the stored detail rows of a line to `temp1`, in place of what it held. The deductions of the summary, and the
-/// mark that the partners changed, stay out.
+/// mark that the partners changed, stay out. `name2` comes without blanks around it.
 void CopyLineToWork(const Run& run, double sno, DetailRows which);
+
+/// All of `temp1` as one text, to tell whether it has changed.
+std::string WorkAsText(const Run& run);
 
 enum class Apostrophes { Keep, Blank };
 
@@ -26,8 +32,27 @@ enum class Apostrophes { Keep, Blank };
 void CopyWorkToLine(const Run& run, double sno, const std::function<bool(std::string_view type)>& takes,
                     Apostrophes inName2);
 
-/// Copies the rows of one list from `temp1` to `temp`, in place of what it held; Null texts come as empty ones.
-void OpenWorkList(const Run& run, std::string_view type);
+/// An item of the list that is open, a row of `temp`. An amount that the list has no use for is Null.
+struct WorkItem {
+    std::string name1{};
+    std::string name2{};
+    std::string name3{};
+    std::optional<double> amt1{}; ///< rupees, like the others; the year's number in the allowances
+    std::optional<double> amt2{};
+    std::optional<double> amt3{};
+    std::optional<double> amt4{};
+
+    bool operator==(const WorkItem&) const = default;
+};
+
+/// The rows of one list of `temp1`, in order of insertion.
+std::vector<WorkItem> ReadWorkList(const Run& run, std::string_view type);
+
+/// Puts the items of the open list into `temp`, in place of what it held.
+void WriteWorkList(const Run& run, const std::vector<WorkItem>& items);
+
+/// The same for the rows of a list with other columns; `code` is added.
+void WriteWorkRows(const Run& run, std::vector<std::vector<Field>> rows);
 
 /// Replaces the rows of one list in `temp1` by the rows of `temp`, and empties that. Inside a transaction of the
 /// caller.

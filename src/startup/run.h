@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/message_box.h"
+#include "services/name_lock.h"
 #include "services/processes.h"
 #include "startup/hand_over.h"
 #include "startup/screens.h"
@@ -52,6 +53,8 @@ class Run : public HandOver {
     Connection export1;
     Connection export2;
     Recordset rights; ///< rows of `user_comp` for the user's category; open to the end of the run
+
+    NameLock assesseeYear; ///< held as long as the run lives, so that a second run on it can be told so
 
     Screens screens;
 

@@ -49,6 +49,7 @@ void OpenDataFiles(Run& run)
     for (std::size_t i = 0; i < opened.size(); ++i)
         *wanted[i].second = opened[i];
     run.qeltemp = OpenFile(working);
+    run.qeltemp.OwnTables({"temp", "temp1"}); // another run of the same assessee-year must not see what is keyed here
 }
 
 void OpenRights(Run& run)
@@ -83,7 +84,10 @@ bool SubMain(Run& run, std::string& why)
     OpenDataFiles(run);
     OpenRights(run);
     run.GLrep.clear(); // from here on the summary's marker: its first display refreshes the remuneration
+    run.assesseeYear = NameLock(std::filesystem::path(run.GlServer) / "pgbp.lock", run.Code());
     run.screens.Show("frmmdi");
+    if (run.assesseeYear.IsTaken())
+        run.screens.OnDisplay()->notice = "This assessee-year is open in another window too: what is saved last stays.";
     return true;
 }
 

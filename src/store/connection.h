@@ -37,6 +37,8 @@ class Engine {
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
     virtual const Dialect& dialect() const = 0;
+    /// See Connection::OwnTables.
+    virtual void OwnTables(std::span<const std::string_view> tables) = 0;
 };
 
 /// One of the run's seven logical connections. In a statement a table stands in braces, "select * from {business} where
@@ -87,6 +89,13 @@ class Connection {
 
     Recordset QueryBound(std::string_view sql, std::span<const Value> values) const;
     long ExecuteBound(std::string_view sql, std::span<const Value> values) const;
+
+    /// Has this session use empty tables of its own in place of those of its file: of the same columns, in memory, gone
+    /// with the session and seen by no other run. Where the engine has no such tables, those of the file serve.
+    void OwnTables(std::initializer_list<std::string_view> tables) const
+    {
+        engine_->OwnTables({tables.begin(), tables.size()});
+    }
 
     const Dialect& dialect() const { return engine_->dialect(); }
     const std::shared_ptr<Engine>& engine() const { return engine_; }

@@ -1,5 +1,6 @@
 #include "store/embedded_engine.h"
 
+#include "services/text.h"
 #include "store/statement.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -99,6 +100,12 @@ Value ReadValue(const SQLite::Column& column, bool isDate)
     }
 }
 
+/// The statement that made a table or an index of the file, for one of the session.
+std::string AsTemporary(const std::string& sql)
+{
+    return Replace(Replace(sql, "CREATE TABLE ", "CREATE TEMP TABLE "), "CREATE INDEX ", "CREATE INDEX temp.");
+}
+
 class EmbeddedEngine : public Engine {
     template <typename Work>
     auto Run(const std::string& sql, std::span<const Value> values, Work work)
@@ -167,6 +174,17 @@ class EmbeddedEngine : public Engine {
 
     const Dialect& dialect() const override { return kEmbeddedDialect; }
 
+    /// A temporary table hides the file's one of that name.
+    void OwnTables(std::span<const std::string_view> tables) override
+    {
+        Execute("pragma temp_store = memory", {});
+        for (const std::string_view table : tables) {
+            const Value name[] = {table};
+            for (const Row made : Query("select sql from main.sqlite_master where tbl_name = ? order by type desc", name))
+                Execute(AsTemporary(made.At(0).Text()), {});
+        }
+    }
+
   private:
     Prepared& Ready(const std::string& sql)
     {
@@ -185,7 +203,8 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
     std::shared_ptr<EmbeddedEngine> engine;
     std::vector<Connection> connections;
     for (const auto& file : files) {
-        const std::string schema = engine ? '[' + file.stem().string() + ']' : "main";
+        const bool isFirst = !engine;
+        const std::string schema = isFirst ? "main" : '[' + file.stem().string() + ']';
         try {
             if (engine)
                 engine->Attach(file, schema);
@@ -195,7 +214,7 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
         } catch (const std::exception& error) {
             throw FileError(file, std::string("cannot be opened as an embedded data file: ") + error.what());
         }
-        connections.emplace_back(engine, schema + '.');
+        connections.emplace_back(engine, isFirst ? "" : schema + '.'); // a plain name is the session's own table first
     }
     return connections;
 }

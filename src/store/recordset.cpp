@@ -40,4 +40,15 @@ const Value& Record::operator[](std::string_view column) const
     return at == columns_.size() ? null : values_[at];
 }
 
+std::string AsText(const Recordset& rows)
+{
+    std::string text;
+    for (const Row row : rows) {
+        for (std::size_t i = 0; i < row.Size(); ++i)
+            text.append(row.At(i).IsNull() ? "-" : "=" + row.At(i).Text()).append("\t");
+        text += '\n';
+    }
+    return text;
+}
+
 } // namespace pgbp

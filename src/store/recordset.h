@@ -68,6 +68,9 @@ class Recordset::Iterator {
     std::size_t at_;
 };
 
+/// All fields of all rows, Null told apart from an empty text: equal rows give equal texts.
+std::string AsText(const Recordset& rows);
+
 inline Recordset::Iterator Recordset::begin() const { return {*this, 0}; }
 inline Recordset::Iterator Recordset::end() const { return {*this, Size()}; }
 

@@ -59,7 +59,13 @@ class PartnersFrame : public LineUnderTest<frmbusinesscal> {
 TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
 {
     Line("1");
-    Detail("PARTINTT", {{"name1", "asha"}, {"amt1", 12000}, {"amt2", 99}, {"amt3", 11000}, {"amt4", 12}, {"PIN", "2"}});
+    Detail("PARTINTT", {{"name1", "asha"},
+                        {"amt1", 12000},
+                        {"amt2", 99},
+                        {"amt3", 11000},
+                        {"amt4", 12},
+                        {"PIN", "2"},
+                        {"name2", "AAAPA1111B"}});
     Detail("PARTINTT", {{"name1", "Bela"}, {"amt1", 500}, {"amt2", 30}, {"amt3", 400}, {"flag1", 1}});
     Detail("PARTREMU", {{"name1", "Asha"},
                         {"amt1", 240000},
@@ -73,9 +79,9 @@ TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
     const Partners& partners = screen.partners;
     EXPECT_FALSE(screen.cmd511.Reachable());
     EXPECT_EQ(partners.DbPart.Shows(),
-              "Asha\t60.00\t12000.00\t240000.00\t11000.00\tFalse\t\t\t2\tIndividual\t0099\t12.00\n"
-              "Charu\t40.00\t0.00\t0.00\t0.00\tFalse\t\t\t\t\t\t0.00\n"
-              "Bela\t30.00\t500.00\t0.00\t400.00\tTrue\t\t\t\t\t\t0.00");
+              "Asha\t60.00\t12000.00\t240000.00\t11000.00\tFalse\t\t\t2\tIndividual\t0099\t12.00\tAAAPA1111B\n"
+              "Charu\t40.00\t0.00\t0.00\t0.00\tFalse\t\t\t\t\t\t0.00\t\n"
+              "Bela\t30.00\t500.00\t0.00\t400.00\tTrue\t\t\t\t\t\t0.00\t");
     EXPECT_EQ(Totals(partners), "100.00 12500.00 240000.00"); // who left has no share
 }
 
@@ -407,12 +413,17 @@ TEST_F(PartnersFrame, PartnersComeFromThePrecedingYear)
     screen.Click(partners.previous.CmdImp);
     EXPECT_EQ(partners.previous.MSHPart.Rows(), 2);
     EXPECT_FALSE(partners.txtpartner.Reachable());
-    partners.previous.MSHPart.DoubleClick(2);
-    EXPECT_EQ(partners.txtpartner.text() + ' ' + partners.txtratio.text(), "Bela 40.00");
-    screen.Click(partners.previous.CmdImp);
     screen.Click(partners.previous.Command2);
     EXPECT_EQ(Totals(partners), "100.00 0.00 0.00");
     EXPECT_EQ(partners.DbPart.Rows(), 2);
+    screen.Click(partners.previous.CmdImp);
+    partners.previous.MSHPart.DoubleClick(2);
+    EXPECT_EQ(partners.txtpartner.text() + ' ' + partners.txtratio.text(), "Bela 40.00");
+    screen.Click(partners.cmdsavepart);
+    EXPECT_EQ(boxes.Take().text, "Total Ratio can not be greater than 100....") << "what is typed is added first";
+    partners.txtpartner = "";
+    partners.txtstate = "";
+    partners.txtratio = "0.00";
     screen.Click(partners.cmdsavepart);
     EXPECT_EQ(Details(), "PARTREMU Asha 0 60 0 0\nPARTREMU Bela 0 40 0 0\n");
 }

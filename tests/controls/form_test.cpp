@@ -22,15 +22,15 @@ class Hub : public Form {
                      .rows = {{{&cmdopen, &txtone}}, {{nullptr, &txttwo, &help}}},
                      .buttonsLeft = {&cmddetails}});
         side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&txtside}}}, .buttonsRight = {&cmdcancel}});
-        side.onEscape = [this] { side.visible = false; };
+        side.onEscape = [this] { Lower(side); };
         bar = {&CmdBack};
-        cmdopen.onClick = [this] {
-            side.visible = true;
-            SetFocus(txtside);
-        };
-        cmdcancel.onClick = [this] { side.visible = false; };
+        cmdopen.onClick = [this] { Raise(side, txtside); };
+        lookup.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&txtlookup}}}});
+        cmdcancel.onClick = [this] { Lower(side); };
         help.onClick = [this] { ++helped; };
     }
+    frame lookup{*this, "lookup"}; ///< declared before the frame that it is opened over
+    txt txtlookup{*this, "txtlookup"};
     frame framain{*this, "framain", "", FramePlace::Main};
     cmd cmdopen{*this, "cmdopen", "Normal Business"};
     txtn txtone{*this, "txtone"};
@@ -73,7 +73,32 @@ TEST_F(Forms, CloseTheMainFrameWhileASideFrameIsUp)
     EXPECT_EQ(form.focused(), &form.txtside);
     form.Press(Key::Escape);
     EXPECT_FALSE(form.side.visible);
-    EXPECT_EQ(form.focused(), &form.cmdopen) << "the focus falls back to the first stop";
+    EXPECT_EQ(form.focused(), &form.cmdopen) << "the focus returns to where it was";
+}
+
+TEST_F(Forms, StackSideFramesInAnyOrderOfOpening)
+{
+    struct Step {
+        frame& card;
+        Control& first;
+    };
+    const Step side{form.side, form.txtside};
+    const Step lookup{form.lookup, form.txtlookup};
+    for (const auto& [below, over] : {std::pair(side, lookup), std::pair(lookup, side)}) {
+        form.SetFocus(form.txttwo);
+        form.Raise(below.card, below.first);
+        form.Raise(over.card, over.first);
+        EXPECT_EQ(form.Card(), &over.card);
+        EXPECT_TRUE(over.first.Reachable());
+        EXPECT_FALSE(below.first.Reachable());
+        form.Lower(over.card);
+        EXPECT_EQ(form.focused(), &below.first);
+        EXPECT_TRUE(below.first.Reachable());
+        form.Raise(over.card, over.first);
+        form.Lower(below.card); // takes along what lies over it
+        EXPECT_FALSE(over.card.visible);
+        EXPECT_EQ(form.focused(), &form.txttwo);
+    }
 }
 
 TEST_F(Forms, GiveEveryButtonALetterOfItsOwn)

@@ -113,7 +113,7 @@ TEST_F(Pages, KeepTheFinalFigureInSight)
 
 TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
 {
-    view.Act([&] { form.side.visible = true; });
+    view.Act([&] { form.Raise(form.side, form.sidetext); });
     Settle();
     const QRect amount = PlaceOf(form.sideamount);
     EXPECT_EQ(PlaceOf(form.sidetext).right(), PlaceOf(form.siderows).right());
@@ -144,7 +144,7 @@ TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
 
 TEST_F(Pages, GiveANarrowColumnOfAGridTheLeastFromTheWideOnes)
 {
-    view.Act([&] { form.side.visible = true; });
+    view.Act([&] { form.Raise(form.side, form.sidetext); });
     Settle();
     const auto& table = WidgetOf<QTableView>(form.siderows);
     EXPECT_GT(table.columnWidth(0), table.fontMetrics().horizontalAdvance("10AA"));

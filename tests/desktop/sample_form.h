@@ -45,7 +45,7 @@ class SampleForm : public Form {
                   .buttonsRight = {&cmdcancel}});
         side.onEscape = [this] { cmdcancel.Click(); };
         bar = {&CmdBack};
-        cmdcancel.onClick = [this] { side.visible = false; };
+        cmdcancel.onClick = [this] { Lower(side); };
     }
 
     frame framain{*this, "framain", "Lines", FramePlace::Main};

@@ -39,10 +39,7 @@ TEST_F(Selectors, PressLettersOfButtonsThatAreNotLaidOut)
 
 TEST_F(Selectors, KeepTheMainFrameFromUseBehindACard)
 {
-    view.Act([&] {
-        form.side.visible = true;
-        form.SetFocus(form.sidetext);
-    });
+    view.Act([&] { form.Raise(form.side, form.sidetext); });
     int pressed = 0;
     form.cmdopen.onClick = form.cmddetails.onClick = [&] { ++pressed; };
     Press(Qt::Key_D, Qt::AltModifier);

@@ -23,6 +23,21 @@ TEST(SubMain, ReadsTheHandOverAndShowsTheSummary)
     EXPECT_EQ(practice.folder.Read("Settings.ini"), "[DBTYPE]\nDB=MDB\n") << "made where it was missing";
 }
 
+TEST(SubMain, TellsASecondRunOnTheAssesseeYear)
+{
+    EmptyPractice practice;
+    practice.Start();
+    const auto first = std::move(practice.run);
+    EXPECT_EQ(first->screens.OnDisplay()->notice.get(), "");
+    practice.Start();
+    EXPECT_EQ(practice.run->screens.OnDisplay()->notice.get(),
+              "This assessee-year is open in another window too: what is saved last stays.");
+    practice.run.reset();
+    practice.handOver.Glcode = "A0001r2024-25";
+    practice.Start();
+    EXPECT_EQ(practice.run->screens.OnDisplay()->notice.get(), "") << "another year is another matter";
+}
+
 TEST(SubMain, TakesTheProgramFolderForAMissingClientFolder)
 {
     EmptyPractice practice;

@@ -1,4 +1,4 @@
-#include "computation/linked_client.h"
+#include "entry/linked_client.h"
 
 #include "services/text.h"
 #include "store/files.h"

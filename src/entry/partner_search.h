@@ -33,7 +33,6 @@ class PartnerSearch {
     void Open();
 
     std::function<void(const Person&)> chosen;
-    std::function<void()> left; ///< without a choice too
 
     frame FraPart;
     label lblsearch;
@@ -45,7 +44,6 @@ class PartnerSearch {
   private:
     void Search();
     void Choose(int row);
-    void Leave();
 
     Run& run_;
     Form& form_;
@@ -59,7 +57,7 @@ class PanDetails {
     void Open(const Person& person);
 
     std::function<void(const Person&)> accepted;
-    std::function<void()> left; ///< after a rejection too
+    std::function<void()> rejected;
 
     frame FraDEt;
     label lblnamec, LblD1;
@@ -71,10 +69,9 @@ class PanDetails {
     cmd CmdREj;
 
   private:
-    void Leave();
-
     Form& form_;
     Person person_;
+    bool isAccepted_ = false;
 };
 
 } // namespace pgbp

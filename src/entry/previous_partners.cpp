@@ -1,4 +1,4 @@
-#include "computation/previous_partners.h"
+#include "entry/previous_partners.h"
 
 #include "services/format.h"
 #include "services/text.h"
@@ -24,16 +24,16 @@ PreviousPartners::PreviousPartners(Screen& form)
                      .buttonsLeft = {&Command2},
                      .buttonsRight = {&CmdBackPartners}});
     CmdImp.toolTip = "Import Partner's Name";
-    CmdImp.onClick = [this] { Open(); };
+    CmdImp.onClick = [this] { form_.Raise(FraPartners, MSHPart); };
     Command2.onClick = [this] {
-        FraPartners.visible = false;
+        form_.Lower(FraPartners);
         allChosen(partners_);
     };
     MSHPart.onDoubleClick = [this](int row) {
-        FraPartners.visible = false;
+        form_.Lower(FraPartners);
         chosen(partners_[static_cast<std::size_t>(row) - 1]);
     };
-    FraPartners.onEscape = CmdBackPartners.onClick = [this] { Leave(); };
+    FraPartners.onEscape = CmdBackPartners.onClick = [this] { form_.Lower(FraPartners); };
 }
 
 void PreviousPartners::Read()
@@ -60,18 +60,6 @@ void PreviousPartners::Read()
         }
     CmdImp.visible = !rows.empty();
     MSHPart.SetRows(std::move(rows));
-}
-
-void PreviousPartners::Open()
-{
-    FraPartners.visible = true;
-    form_.SetFocus(MSHPart);
-}
-
-void PreviousPartners::Leave()
-{
-    FraPartners.visible = false;
-    left();
 }
 
 } // namespace pgbp

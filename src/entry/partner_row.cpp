@@ -1,4 +1,4 @@
-#include "computation/partner_row.h"
+#include "entry/partner_row.h"
 
 #include "services/format.h"
 #include "services/text.h"

@@ -1,10 +1,10 @@
 #pragma once
 
-#include "computation/partner_row.h"
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/grid.h"
 #include "controls/text_controls.h"
+#include "entry/partner_row.h"
 #include "startup/run.h"
 
 #include <functional>
@@ -23,7 +23,6 @@ class PreviousPartners {
 
     std::function<void(const PartnerRow&)> chosen;
     std::function<void(const std::vector<PartnerRow>&)> allChosen;
-    std::function<void()> left; ///< without a choice too
 
     cmd CmdImp;
     frame FraPartners;
@@ -33,9 +32,6 @@ class PreviousPartners {
     cmd CmdBackPartners;
 
   private:
-    void Open();
-    void Leave();
-
     Run& run_;
     Form& form_;
     std::vector<PartnerRow> partners_;

@@ -1,4 +1,4 @@
-#include "computation/partner_search.h"
+#include "entry/partner_search.h"
 
 #include "services/text.h"
 
@@ -68,7 +68,7 @@ PartnerSearch::PartnerSearch(Screen& form)
                  .buttonsRight = {&CmdBackPart}});
     TxtSearch.onChange = [this] { Search(); };
     MSH.onDoubleClick = [this](int row) { Choose(row); };
-    FraPart.onEscape = CmdBackPart.onClick = [this] { Leave(); };
+    FraPart.onEscape = CmdBackPart.onClick = [this] { form_.Lower(FraPart); };
 }
 
 void PartnerSearch::Open()
@@ -82,8 +82,7 @@ void PartnerSearch::Open()
     }
     MSH.SetRows(std::move(rows));
     TxtSearch = "";
-    FraPart.visible = true;
-    form_.SetFocus(TxtSearch);
+    form_.Raise(FraPart, TxtSearch);
 }
 
 /// Goes to the first name that begins with the text; without one the row stays.
@@ -100,14 +99,8 @@ void PartnerSearch::Search()
 
 void PartnerSearch::Choose(int row)
 {
-    FraPart.visible = false;
+    form_.Lower(FraPart);
     chosen(persons_[static_cast<std::size_t>(row) - 1]);
-}
-
-void PartnerSearch::Leave()
-{
-    FraPart.visible = false;
-    left();
 }
 
 PanDetails::PanDetails(Screen& form)
@@ -126,18 +119,17 @@ PanDetails::PanDetails(Screen& form)
                 .buttonsRight = {&CmdACC, &CmdREj}});
     CmdACC.isDefault = true;
     CmdACC.onClick = [this] {
-        Leave();
-        accepted(person_);
+        isAccepted_ = true;
+        form_.Lower(FraDEt);
     };
-    FraDEt.onEscape = CmdREj.onClick = [this] {
-        Leave();
-        left();
-    };
+    FraDEt.onEscape = CmdREj.onClick = [this] { form_.Lower(FraDEt); };
+    FraDEt.onLowered = [this] { isAccepted_ ? accepted(person_) : rejected(); };
 }
 
 void PanDetails::Open(const Person& person)
 {
     person_ = person;
+    isAccepted_ = false;
     const std::pair<label*, const std::string*> lines[] = {{&LblD1, &person_.name},
                                                            {&LblD2, &person_.address},
                                                            {&LblD3, &person_.city},
@@ -145,10 +137,7 @@ void PanDetails::Open(const Person& person)
                                                            {&LblD5, &person_.pin}};
     for (const auto& [shown, text] : lines)
         *shown = Replace(*text, "&", "&&");
-    FraDEt.visible = true;
-    form_.SetFocus(CmdACC);
+    form_.Raise(FraDEt, CmdACC);
 }
-
-void PanDetails::Leave() { FraDEt.visible = false; }
 
 } // namespace pgbp

@@ -1,0 +1,409 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/grid.h"
+#include "controls/text_controls.h"
+#include "entry/checks.h"
+#include "entry/field_texts.h"
+#include "services/format.h"
+#include "store/value.h"
+
+#include <algorithm>
+#include <optional>
+#include <utility>
+#include <variant>
+#include <vector>
+
+namespace pgbp {
+
+/// A column of a list of items: how the grid shows it, the member of the item that holds it, and the field or tick in
+/// which it is entered; none of them where the screen computes it.
+template <typename Item>
+struct ItemColumn {
+    GridColumn shown;
+    std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*> member;
+    TextBox* field = nullptr;
+    check* tick = nullptr;
+    int places = 2;          ///< of a number: rupees and paise, or 0
+    bool tellsApart = false; ///< items that are alike in all such columns are taken back together
+    bool inGrid = true;      ///< else it is only a field
+
+    bool IsNumber() const { return member.index() == 1 || member.index() == 2; }
+    double Number(const Item& item) const
+    {
+        if (const auto* plain = std::get_if<double Item::*>(&member))
+            return item.**plain;
+        return (item.*std::get<std::optional<double> Item::*>(member)).value_or(0);
+    }
+    /// As field and grid show it.
+    std::string Text(const Item& item) const
+    {
+        if (IsNumber())
+            return places == 0 ? Value(Number(item)).Text() : Amount(Number(item));
+        if (const auto* ticked = std::get_if<bool Item::*>(&member))
+            return item.**ticked ? "True" : "False";
+        return item.*std::get<std::string Item::*>(member);
+    }
+    /// Puts what was entered into the item.
+    void Take(Item& item) const
+    {
+        if (tick)
+            item.*std::get<bool Item::*>(member) = tick->value;
+        else if (const auto* plain = std::get_if<double Item::*>(&member); field && plain)
+            item.** plain = Val(*field);
+        else if (const auto* number = std::get_if<std::optional<double> Item::*>(&member); field && number)
+            item.** number = Val(*field);
+        else if (field)
+            item.*std::get<std::string Item::*>(member) = field->text();
+    }
+    /// Puts the item into its field. A number that can not be entered now shows as nothing.
+    void Give(const Item& item) const
+    {
+        if (tick)
+            *tick = item.*std::get<bool Item::*>(member);
+        else if (field)
+            field->Set(IsNumber() && !field->enabled ? Text(Item()) : Text(item));
+    }
+};
+
+/// Items that are entered one at a time: fields, a button that adds, a grid of what was entered, in the order of entry.
+/// A double click takes an item back into the fields; added again it stands where it stood. The Delete key removes the
+/// marked item and Ctrl+Z brings it back. The owner loads and saves; nothing is stored here.
+template <typename Item>
+class ItemEntry {
+  public:
+    ItemEntry(Screen& form, grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns);
+    ItemEntry(const ItemEntry&) = delete;
+
+    std::vector<Check> checks;              ///< of an item that is added
+    std::function<void(Item&)> complete;    ///< fills what no field holds
+    std::function<void()> changed;          ///< after the items have changed
+    std::function<void(const Item&)> given; ///< an item, or an empty one, was put into the fields
+    /// What stands under the columns; by default the number of items and the sums of the amounts.
+    std::function<std::vector<std::string>()> footer;
+    bool blankRowWhenEmpty = false;
+
+    /// Shows the items as they are stored, with empty fields.
+    void Open(std::vector<Item> items);
+    /// Forgets everything.
+    void Close() { Reset({}); }
+    const std::vector<Item>& items() const { return items_; }
+    /// Puts these in place of the items, or behind them.
+    void Replace(std::vector<Item> items);
+    void Append(const std::vector<Item>& items);
+    /// Puts an item into the fields as if it had been typed.
+    void Enter(const Item& item) { Give(item); }
+
+    /// Something differs from what was opened, what is typed included.
+    bool Altered() const { return Typed() || ItemsWithTakenBack() != opened_; }
+    /// Before a save: what is typed is added. False when a check refuses it. An item that was taken back and is not
+    /// typed over goes, and the status line says which.
+    bool Finish();
+    void Undo();
+    Control& FirstField() const;
+
+  private:
+    /// An item out of the list with its place there.
+    struct Removed {
+        std::size_t at;
+        Item item;
+    };
+
+    bool Add();
+    void TakeBack(std::size_t at);
+    void Delete(std::size_t at);
+    bool Typed() const;
+    Item Entered() const;
+    void Give(const Item& item);
+    void Clear();
+    void Reset(std::vector<Item> items);
+    void Change(std::size_t current);
+    void Show(std::size_t current);
+    std::vector<std::string> Totals() const;
+    std::vector<std::string> FieldTextsNow() const;
+    std::vector<Item> ItemsWithTakenBack() const;
+    bool AreAlike(const Item& one, const Item& other) const;
+    std::string NameOf(const Item& item) const;
+
+    Screen& form_;
+    grid& rows_;
+    const std::vector<ItemColumn<Item>> columns_;
+    std::vector<Item> items_;
+    std::vector<Item> opened_;
+    std::vector<Removed> takenBack_; ///< in the fields; several when items are alike
+    std::vector<Removed> deleted_;
+    std::vector<std::string> untouched_; ///< the fields as they were filled
+};
+
+/// The columns as a grid heads them.
+template <typename Item>
+std::vector<GridColumn> GridColumns(const std::vector<ItemColumn<Item>>& columns)
+{
+    std::vector<GridColumn> shown;
+    for (const ItemColumn<Item>& column : columns)
+        if (column.inGrid)
+            shown.push_back(column.shown);
+    return shown;
+}
+
+template <typename Item>
+ItemEntry<Item>::ItemEntry(Screen& form, grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns)
+    : form_(form), rows_(rows), columns_(std::move(columns))
+{
+    add.onClick = [this] { Add(); };
+    rows.onDoubleClick = [this](int row) { TakeBack(static_cast<std::size_t>(row) - 1); };
+    rows.onDelete = [this](int row) { Delete(static_cast<std::size_t>(row) - 1); };
+    rows.onEscape = [this] { form_.SetFocus(FirstField()); };
+}
+
+template <typename Item>
+void ItemEntry<Item>::Open(std::vector<Item> items)
+{
+    Reset(std::move(items));
+    Change(items_.size());
+}
+
+template <typename Item>
+void ItemEntry<Item>::Reset(std::vector<Item> items)
+{
+    items_ = std::move(items);
+    opened_ = items_;
+    deleted_.clear();
+    Clear();
+    Show(items_.size());
+}
+
+template <typename Item>
+void ItemEntry<Item>::Replace(std::vector<Item> items)
+{
+    items_ = std::move(items);
+    takenBack_.clear();
+    Change(items_.size());
+}
+
+template <typename Item>
+void ItemEntry<Item>::Append(const std::vector<Item>& items)
+{
+    items_.insert(items_.end(), items.begin(), items.end());
+    Change(items_.size());
+}
+
+template <typename Item>
+bool ItemEntry<Item>::Add()
+{
+    if (!PassesAll(form_, checks))
+        return false;
+    const std::size_t at = takenBack_.empty() ? items_.size() : std::min(takenBack_.front().at, items_.size());
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), Entered());
+    Clear();
+    Change(at + 1);
+    form_.SetFocus(FirstField());
+    return true;
+}
+
+/// What is in the fields goes first: typed, it is added; only looked at, it returns to its place.
+template <typename Item>
+void ItemEntry<Item>::TakeBack(std::size_t at)
+{
+    if (at >= items_.size())
+        return;
+    if (Typed()) {
+        const std::size_t place = takenBack_.empty() ? items_.size() : takenBack_.front().at;
+        if (!Add())
+            return;
+        at += place <= at ? 1 : 0;
+    } else {
+        for (const Removed& back : takenBack_)
+            at += back.at <= at ? 1 : 0;
+        items_ = ItemsWithTakenBack();
+    }
+    const Item taken = items_[at];
+    takenBack_.clear();
+    for (std::size_t i = 0; i < items_.size(); ++i)
+        if (i == at || AreAlike(items_[i], taken))
+            takenBack_.push_back({i, items_[i]});
+    for (auto back = takenBack_.rbegin(); back != takenBack_.rend(); ++back)
+        items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(back->at));
+    Give(taken);
+    untouched_ = FieldTextsNow();
+    if (takenBack_.size() > 1)
+        form_.notice = std::to_string(takenBack_.size()) + " items that are alike were taken back: " + NameOf(taken);
+    Change(at + 1);
+    form_.SetFocus(FirstField());
+}
+
+template <typename Item>
+void ItemEntry<Item>::Delete(std::size_t at)
+{
+    if (at >= items_.size())
+        return;
+    deleted_.push_back({at, items_[at]});
+    items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(at));
+    for (Removed& back : takenBack_)
+        back.at -= back.at > at ? 1 : 0;
+    form_.notice = NameOf(deleted_.back().item) + " removed. Ctrl+Z brings it back.";
+    Change(at + 1);
+}
+
+template <typename Item>
+void ItemEntry<Item>::Undo()
+{
+    if (deleted_.empty())
+        return;
+    const std::size_t at = std::min(deleted_.back().at, items_.size());
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), deleted_.back().item);
+    for (Removed& back : takenBack_)
+        back.at += back.at >= at ? 1 : 0;
+    deleted_.pop_back();
+    form_.notice = NameOf(items_[at]) + " is back.";
+    Change(at + 1);
+}
+
+template <typename Item>
+bool ItemEntry<Item>::Finish()
+{
+    if (Typed())
+        return Add();
+    if (!takenBack_.empty())
+        form_.notice = NameOf(takenBack_.front().item) + " was taken back and not added again: it is removed.";
+    return true;
+}
+
+template <typename Item>
+bool ItemEntry<Item>::Typed() const
+{
+    return FieldTextsNow() != untouched_;
+}
+
+/// What no field holds stays as it was in the item that was taken back.
+template <typename Item>
+Item ItemEntry<Item>::Entered() const
+{
+    Item item = takenBack_.empty() ? Item() : takenBack_.front().item;
+    for (const ItemColumn<Item>& column : columns_)
+        column.Take(item);
+    if (complete)
+        complete(item);
+    return item;
+}
+
+template <typename Item>
+void ItemEntry<Item>::Give(const Item& item)
+{
+    for (const ItemColumn<Item>& column : columns_)
+        column.Give(item);
+    if (given)
+        given(item);
+}
+
+template <typename Item>
+void ItemEntry<Item>::Clear()
+{
+    takenBack_.clear();
+    Give({});
+    untouched_ = FieldTextsNow();
+}
+
+template <typename Item>
+void ItemEntry<Item>::Change(std::size_t current)
+{
+    if (changed)
+        changed();
+    Show(current);
+}
+
+template <typename Item>
+void ItemEntry<Item>::Show(std::size_t current)
+{
+    std::vector<std::vector<std::string>> rows;
+    rows.reserve(items_.size());
+    for (const Item& item : items_) {
+        auto& cells = rows.emplace_back();
+        for (const ItemColumn<Item>& column : columns_)
+            if (column.inGrid)
+                cells.push_back(column.Text(item));
+    }
+    if (rows.empty() && blankRowWhenEmpty)
+        rows.emplace_back();
+    rows_.SetRows(std::move(rows));
+    rows_.SetFooter(footer ? footer() : Totals());
+    rows_.SetCurrentRow(static_cast<int>(current));
+}
+
+template <typename Item>
+std::vector<std::string> ItemEntry<Item>::Totals() const
+{
+    std::vector<std::string> cells;
+    bool isCounted = false;
+    for (const ItemColumn<Item>& column : columns_) {
+        if (!column.inGrid)
+            continue;
+        std::string& cell = cells.emplace_back();
+        if (column.shown.kind == GridColumnKind::Text && !std::exchange(isCounted, true))
+            cell = std::to_string(items_.size()) + (items_.size() == 1 ? " item" : " items");
+        if (column.shown.kind != GridColumnKind::Amount)
+            continue;
+        double sum = 0;
+        for (const Item& item : items_)
+            sum += column.Number(item);
+        cell = SumText(sum);
+    }
+    return cells;
+}
+
+template <typename Item>
+std::vector<std::string> ItemEntry<Item>::FieldTextsNow() const
+{
+    std::vector<std::string> texts;
+    for (const ItemColumn<Item>& column : columns_)
+        if (column.field || column.tick)
+            texts.push_back(ComparedText(column.tick ? static_cast<const Control&>(*column.tick) : *column.field));
+    return texts;
+}
+
+template <typename Item>
+std::vector<Item> ItemEntry<Item>::ItemsWithTakenBack() const
+{
+    std::vector<Item> items = items_;
+    for (const Removed& back : takenBack_)
+        items.insert(items.begin() + static_cast<std::ptrdiff_t>(std::min(back.at, items.size())), back.item);
+    return items;
+}
+
+template <typename Item>
+bool ItemEntry<Item>::AreAlike(const Item& one, const Item& other) const
+{
+    bool alike = false;
+    for (const ItemColumn<Item>& column : columns_) {
+        if (!column.tellsApart)
+            continue;
+        alike = column.IsNumber() ? column.Number(one) == column.Number(other) : column.Text(one) == column.Text(other);
+        if (!alike)
+            return false;
+    }
+    return alike;
+}
+
+/// Its first text that was entered, and its first amount.
+template <typename Item>
+std::string ItemEntry<Item>::NameOf(const Item& item) const
+{
+    std::string text;
+    std::string amount;
+    for (const ItemColumn<Item>& column : columns_)
+        if (column.shown.kind == GridColumnKind::Text && column.field && text.empty())
+            text = column.Text(item);
+        else if (column.shown.kind == GridColumnKind::Amount && amount.empty())
+            amount = FormatAmountIndian(column.Text(item), kIndianGrouping);
+    return text + (text.empty() ? "" : ", ") + amount;
+}
+
+template <typename Item>
+Control& ItemEntry<Item>::FirstField() const
+{
+    const auto first =
+        std::find_if(columns_.begin(), columns_.end(), [](const auto& column) { return column.field != nullptr; });
+    return *first->field;
+}
+
+} // namespace pgbp

@@ -1,0 +1,75 @@
+#pragma once
+
+#include "controls/buttons.h"
+#include "controls/frame.h"
+#include "controls/grid.h"
+#include "entry/item_entry.h"
+#include "records/working_copies.h"
+#include "startup/run.h"
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace pgbp {
+
+class ListFrame;
+
+/// One list of items of a line of business.
+struct AdjustmentList {
+    std::string_view type;                   ///< of its rows in `temp1`
+    cmd& button;                             ///< opens it, and has the focus after it
+    const TextControl& caption;              ///< heads its frame
+    ListFrame& keptIn;                       ///< its frame
+    bool isOther = false;                    ///< opened from the frame of the other adjustments, not from the line
+    std::vector<std::string> offers = {};    ///< descriptions to choose from; any other can be typed
+    bool asksForExemption = false;           ///< kind of exemption and PAN of the payer
+    bool amountAlone = false;                ///< one amount in place of instalment and amount allowable
+    std::function<std::string()> limit = {}; ///< of the partners' remuneration, shown below the list
+    std::function<void(const Transaction&)> storeAlong = {}; ///< what is saved with it
+    std::function<bool()> alteredAlong = {};                 ///< and whether that differs from what is stored
+};
+
+/// The side frame in which a list is kept: fields, a grid of what was entered, Add, Save and Cancel. What is entered is
+/// kept in `temp` until Save moves it to `temp1`; Cancel forgets it.
+class ListFrame {
+  public:
+    struct Names {
+        const char* panel;
+        const char* rows;
+        const char* add;
+        const char* save;
+        const char* back;
+    };
+    ListFrame(Screen& form, const Names& names, std::vector<ItemColumn<WorkItem>> columns);
+    ListFrame(const ListFrame&) = delete;
+    virtual ~ListFrame() = default;
+
+    void Open(const AdjustmentList& list);
+    /// `txttype`: the list that is open; empty when none is.
+    std::string_view type() const { return list_ ? list_->type : std::string_view(); }
+    /// A list is open and differs from what was opened.
+    bool Altered() const;
+
+    frame panel;
+    grid rows;
+    cmd add;
+    cmd save;
+    cmd back;
+    ItemEntry<WorkItem> entry;
+
+  protected:
+    /// Shows what the list asks for.
+    virtual void Prepare(const AdjustmentList& list) = 0;
+    /// Puts back what Prepare changed, when the list is left.
+    virtual void Restore() {}
+
+  private:
+    void Save();
+    void Leave();
+
+    Screen& form_;
+    const AdjustmentList* list_ = nullptr;
+};
+
+} // namespace pgbp
