@@ -10,6 +10,7 @@ packages="
     unixodbc-dev odbc-mariadb mariadb-server
     libgtest-dev libgmock-dev libbenchmark-dev
     gnumeric
+    xvfb openbox python3-xlib
     clang-format clang-tidy clang-14 libclang-rt-14-dev
 "
 

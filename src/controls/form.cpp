@@ -250,6 +250,14 @@ void Form::Click(PushControl& control)
     });
 }
 
+void Form::PressCross()
+{
+    Do([&] {
+        if (LeaveFocused())
+            Close();
+    });
+}
+
 bool Form::Mnemonic(char32_t letter)
 {
     const auto wanted = letter < 128 ? std::toupper(static_cast<int>(letter)) : 0;

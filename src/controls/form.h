@@ -36,7 +36,7 @@ class Form {
 
     /// The form became the window in front: first display and every return to it.
     virtual void Activate() {}
-    /// The preparer closes the window by its cross.
+    /// The preparer closes the window by its cross; a form that stays refuses.
     virtual void Close() {}
 
     const std::vector<Control*>& controls() const { return controls_; }
@@ -69,6 +69,7 @@ class Form {
     void Press(Key key);
     void Type(char32_t character);
     void Click(PushControl& control); ///< the focus goes there first, where the field it is in lets go
+    void PressCross();                ///< closes the form, where the field that has the focus lets go
     /// Presses the button whose caption has this mnemonic. False when there is none.
     bool Mnemonic(char32_t letter);
     /// The letters of the buttons in front: marked by "&" in the caption, else the first letter that no other one has.

@@ -8,7 +8,8 @@ void Actions::Run(const std::function<void()>& action)
 {
     ++running_;
     action();
-    --running_;
+    if (--running_ == 0 && done)
+        done();
     Settle();
 }
 

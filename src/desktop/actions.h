@@ -12,6 +12,8 @@ namespace pgbp {
 class Actions : public QObject {
   public:
     std::function<void()> settled;
+    /// At the end of the outermost action, before the next key, which may already be waiting.
+    std::function<void()> done;
 
     void Run(const std::function<void()>& action);
     /// Has `settled` called, after the action that runs, if any.

@@ -33,7 +33,7 @@ int main(int argc, char** argv)
         }
         MainWindow window(run);
         boxes.before = [&window] { window.CatchUp(); };
-        window.onEnd = [] { QApplication::quit(); };
+        window.onEnd = [] { QApplication::exit(); }; // quit() would ask the window to close, which asks the screens
         window.showMaximized();
         return QApplication::exec();
     } catch (const std::exception& error) {

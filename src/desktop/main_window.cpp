@@ -37,14 +37,14 @@ class ScreenDialog : public QDialog {
     {
         if (screen_.Card()) // Escape is the card's then
             return;
-        view->Act([this] { screen_.Close(); });
+        view->Act([this] { screen_.PressCross(); });
     }
 
   protected:
     void closeEvent(QCloseEvent* event) override
     {
         event->ignore();
-        view->Act([this] { screen_.Close(); });
+        view->Act([this] { screen_.PressCross(); });
     }
 
   private:
@@ -77,7 +77,14 @@ MainWindow::MainWindow(Run& run) : run_(run)
 {
     Build();
     actions_.settled = [this] { Settled(); };
-    changedListener_ = run_.screens.changed.Add([this] { actions_.Settle(); });
+    actions_.done = [this] {
+        if (isBehind_)
+            CatchUp();
+    };
+    changedListener_ = run_.screens.changed.Add([this] {
+        isBehind_ = true;
+        actions_.Settle();
+    });
     CatchUp();
     actions_.Settle(); // the run may have ended before there was a window
 }
@@ -170,7 +177,9 @@ MainWindow::Shown& MainWindow::ShownFor(Screen& screen, bool modal)
 
 void MainWindow::CatchUp()
 {
+    isBehind_ = false;
     const auto displayed = run_.screens.Displayed();
+    pages_->parentWidget()->setEnabled(!displayed.empty()); // after the end a key has nothing left to act on
     for (const Shown& shown : shown_)
         if (shown.top->isWindow() && std::find(displayed.begin(), displayed.end(), shown.screen) == displayed.end())
             shown.top->hide();
@@ -228,7 +237,7 @@ void MainWindow::Drop(const std::function<bool(const Shown&)>& unwanted)
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();
-    actions_.Run([this] { run_.screens.End(); });
+    actions_.Run([this] { run_.screens.PressCross(); });
 }
 
 } // namespace pgbp

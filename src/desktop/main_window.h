@@ -16,7 +16,7 @@ class ElidedLabel;
 class FormView;
 
 /// The window of the module: heading, the screen on display, status line. Modal screens stand in dialogs over it. Each
-/// screen is drawn when it is first shown. Closing the window ends the run.
+/// screen is drawn when it is first shown. Its cross is the cross of the screens on display.
 class MainWindow : public QWidget {
   public:
     explicit MainWindow(Run& run);
@@ -53,6 +53,7 @@ class MainWindow : public QWidget {
     Run& run_;
     Actions actions_;
     int changedListener_;
+    bool isBehind_ = false; ///< other screens are on display than those that are shown
     std::vector<Shown> shown_;
     QStackedLayout* pages_ = nullptr;
     ElidedLabel* title_ = nullptr;

@@ -52,6 +52,4 @@ std::string FrmHelp::TextOf(const std::string& topic) const
     return help.Empty() ? "Nothing to show help" : help.First()["Desc"].Text();
 }
 
-void FrmHelp::Close() { run.screens.Return(); }
-
 } // namespace pgbp

@@ -12,7 +12,6 @@ class FrmHelp : public Screen {
   public:
     explicit FrmHelp(Run& itsRun);
     void Open(const Opening& opening) override;
-    void Close() override;
 
     frame framain{*this, "framain", "", FramePlace::Main};
     label LblCaption{*this, "LblCaption", "", LabelLook::Heading};

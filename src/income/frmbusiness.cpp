@@ -194,6 +194,11 @@ void frmbusiness::Back()
 {
     if (lines.fra1.visible)
         return lines.Leave();
+    Close();
+}
+
+void frmbusiness::Close()
+{
     if (!recomputed_) // figures of a recompute that failed must not become the head of income
         Activate();
     StoreHeadOfIncome();

@@ -19,6 +19,8 @@ class frmbusiness : public Screen {
 
     /// Recomputes everything from the stored rows.
     void Activate() override;
+    /// Writes the head of income and ends the run.
+    void Close() override;
     /// Writes the "BUSI" row, the head of income in fourteen amounts.
     void StoreHeadOfIncome() const;
 

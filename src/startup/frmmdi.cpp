@@ -17,6 +17,8 @@ void frmmdi::Activate()
     run.screens.Show("frmbusiness");
 }
 
+void frmmdi::Close() { run.screens.End(); }
+
 /// Companies chose Ind AS on another screen of the suite, which left its answer here.
 void frmmdi::CheckIndAS()
 {

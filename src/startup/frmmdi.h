@@ -10,6 +10,8 @@ class frmmdi : public Screen {
   public:
     explicit frmmdi(Run& itsRun);
     void Activate() override;
+    /// Ends the run.
+    void Close() override;
 
   private:
     void CheckIndAS();

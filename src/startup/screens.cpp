@@ -17,6 +17,8 @@ void Screen::TellSaved(const std::string& what, double rupees)
     notice = what + " saved, " + FormatAmountIndian(Amount(rupees), kIndianGrouping) + ", " + TimeText(run.host.now());
 }
 
+void Screen::Close() { run.screens.Return(); }
+
 void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
 
 std::vector<std::string> Screens::Names() const
@@ -74,6 +76,14 @@ void Screens::End()
         left_.push_back(std::move(shown.screen));
     shown_.clear();
     changed();
+}
+
+void Screens::PressCross()
+{
+    for (auto before = shown_.size() + 1; !shown_.empty() && shown_.size() < before;) {
+        before = shown_.size();
+        shown_.back().screen->PressCross();
+    }
 }
 
 Screen* Screens::OnDisplay() const { return shown_.empty() ? nullptr : shown_.back().screen.get(); }

@@ -45,6 +45,8 @@ class Screen : public Form {
     virtual void Open(const Opening&) {}
     /// A modal screen that lay over this one was left.
     virtual void ModalClosed() { Activate(); }
+    /// Left by the cross: nothing is saved, and the screen it was opened from comes back.
+    void Close() override;
 };
 
 /// The screens of a run: which there are, which is on display, which lie hidden below it. A screen names another one,
@@ -73,6 +75,9 @@ class Screens {
     void Return();
     /// Ends the run.
     void End();
+    /// The cross of the window: presses the cross of the screen on display, then of the one that comes back, and so on
+    /// until the last one has ended the run. A screen that refuses stays on display, and the run goes on.
+    void PressCross();
 
     bool Ended() const { return ended_; }
     /// The screen on display; none before the first one and after the end.

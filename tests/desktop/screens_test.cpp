@@ -140,11 +140,24 @@ TEST_F(Windows, EndTheRunWhenTheSummaryIsLeft)
     EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 1);
 }
 
-TEST_F(Windows, EndTheRunWithoutTheHeadOfIncomeWhenTheWindowIsClosed)
+TEST_F(Windows, EndTheRunWithTheHeadOfIncomeWhenTheWindowIsClosed)
 {
     Start();
+    run->GlBusinessKind = kNormal;
+    run->screens.Show("frmbusinesscal", {.caption = "Normal Business"});
+    Top();
     window->close();
+    EXPECT_FALSE(window->isHidden()) << "hidden by hand, it would leave the program running without a window";
     QApplication::processEvents();
     EXPECT_TRUE(ended);
-    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 0);
+    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 1);
+}
+
+TEST_F(Windows, TakeKeysThatWereTypedAheadOnTheScreenThatComes)
+{
+    Start();
+    QTest::keyClick(Top().focusWidget(), Qt::Key_R, Qt::AltModifier);
+    const QWidget* note = QApplication::activeModalWidget(); // before the event loop has had a turn
+    ASSERT_TRUE(note);
+    EXPECT_EQ(note->windowTitle(), "Reminder   -   (Alt + R)");
 }

@@ -23,8 +23,15 @@ class Traced : public Screen {
     }
     void Activate() override { trace += "active " + name() + " "; }
     void ModalClosed() override { trace += "closed over " + name() + " "; }
+    void Close() override
+    {
+        if (refuses)
+            return;
+        name() == "hub" ? run.screens.End() : Screen::Close();
+    }
 
     cmd cmdback{*this, "cmdback", "&Back"};
+    bool refuses = false;
     std::string& trace;
 };
 
@@ -55,6 +62,30 @@ TEST(ScreensOfARun, HideShowAndReturn)
     run.screens.End();
     EXPECT_TRUE(run.screens.Ended());
     EXPECT_EQ(run.screens.OnDisplay(), nullptr);
+}
+
+TEST(ScreensOfARun, AreClosedByTheCrossFromTheTopDownUntilOneRefuses)
+{
+    EmptyPractice practice;
+    std::string trace;
+    pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
+    for (const char* name : {"hub", "detail", "note"})
+        run.screens.Register(name,
+                             [&trace, name](pgbp::Run& its) { return std::make_unique<Traced>(its, name, trace); });
+    run.screens.Show("hub");
+    run.screens.Show("detail");
+    run.screens.ShowModal("note");
+    auto* detail = static_cast<Traced*>(run.screens.Find("detail"));
+    detail->refuses = true;
+    run.screens.PressCross();
+    EXPECT_EQ(run.screens.OnDisplay(), detail);
+    EXPECT_FALSE(run.screens.Ended());
+    detail->refuses = false;
+    trace.clear();
+    run.screens.PressCross();
+    EXPECT_EQ(trace, "active hub ");
+    EXPECT_TRUE(run.screens.Ended());
+    run.screens.PressCross(); // a second click on the cross finds nothing left
 }
 
 TEST(ScreensOfARun, TellWhenAScreenIsNotThereYet)
