@@ -6,16 +6,43 @@
 
 #include <QApplication>
 
+#include <algorithm>
 #include <iostream>
+#include <stdexcept>
+#include <string_view>
+#include <vector>
 
-int main(int argc, char** argv)
+namespace {
+
+constexpr const char* kUsage = R"(pgbp: computes the income from business or profession of one client and year
+
+  pgbp [--program-folder FOLDER]
+
+The suite hands the client over and starts the program. The folder in which it finds the suite's settings is FOLDER,
+else that of the environment variable PGBP_PROGRAM_FOLDER, else its own. PGBP_THEME=dark gives the dark look,
+QT_SCALE_FACTOR=1.5 a larger one. "pgbp-suite" hands a client over by itself, "pgbp-drive" works without a window.
+)";
+
+bool AsksForHelp(int argc, char** argv)
+{
+    return std::any_of(argv + 1, argv + argc, [](std::string_view word) { return word == "--help" || word == "-h"; });
+}
+
+/// What stands on the command line beside what is Qt's.
+std::filesystem::path FolderOfCommandLine()
+{
+    std::vector<std::string> words;
+    for (const QString& word : QApplication::arguments().mid(1))
+        words.push_back(word.toStdString());
+    const auto folder = pgbp::TakeProgramFolder(words);
+    if (!words.empty())
+        throw std::runtime_error("unknown option " + words.front() + "; try --help");
+    return folder;
+}
+
+int RunModule(const std::filesystem::path& programFolder)
 {
     using namespace pgbp;
-
-    QApplication application(argc, argv);
-    QApplication::setApplicationName("pgbp");
-    QApplication::setQuitOnLastWindowClosed(false);
-    ApplyTheme(application);
 
     WindowMessageBoxes boxes("Vorn");
     WindowFileDialogs files;
@@ -24,7 +51,7 @@ int main(int argc, char** argv)
         Run run({.boxes = boxes,
                  .files = files,
                  .processes = processes,
-                 .programFolder = ProgramFolder(),
+                 .programFolder = programFolder,
                  .hourglass = ShowHourglass});
         RegisterScreens(run);
         if (std::string why; !SubMain(run, why)) {
@@ -39,6 +66,26 @@ int main(int argc, char** argv)
     } catch (const std::exception& error) {
         boxes.before = nullptr;
         boxes.Show({error.what(), "", Icon::Critical});
+        return 1;
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv)
+{
+    if (AsksForHelp(argc, argv)) { // also where there is no display
+        std::cout << kUsage;
+        return 0;
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName("pgbp");
+    QApplication::setQuitOnLastWindowClosed(false);
+    pgbp::ApplyTheme(application);
+    try {
+        return RunModule(FolderOfCommandLine());
+    } catch (const std::exception& error) {
+        std::cerr << "pgbp: " << error.what() << '\n';
         return 1;
     }
 }

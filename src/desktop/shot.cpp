@@ -2,6 +2,7 @@
 #include "desktop/theme.h"
 #include "drive/interpreter.h"
 #include "module/module.h"
+#include "services/options.h"
 #include "startup/sub_main.h"
 
 #include <QApplication>
@@ -25,7 +26,7 @@ picture. PGBP_THEME=dark and QT_SCALE_FACTOR=1.5 give the dark and the larger on
 )";
 
 struct Options {
-    std::filesystem::path programFolder = pgbp::ProgramFolder();
+    std::filesystem::path programFolder;
     QSize size{1366, 768};
     std::string picture;
     std::string script;
@@ -33,18 +34,17 @@ struct Options {
 
 Options ReadOptions(const QStringList& arguments)
 {
+    std::vector<std::string> words;
+    for (const QString& argument : arguments.mid(1))
+        words.push_back(argument.toStdString());
     Options options;
-    for (qsizetype i = 1; i < arguments.size(); ++i) {
-        const bool hasValue = i + 1 < arguments.size();
-        if (arguments[i] == "--program-folder" && hasValue) {
-            options.programFolder = arguments[++i].toStdString();
-        } else if (arguments[i] == "--size" && hasValue) {
-            const QStringList sides = arguments[++i].split('x');
-            options.size = QSize(sides.value(0).toInt(), sides.value(1).toInt());
-        } else {
-            (options.picture.empty() ? options.picture : options.script) = arguments[i].toStdString();
-        }
+    options.programFolder = pgbp::TakeProgramFolder(words);
+    if (const auto told = pgbp::TakeOption(words, "--size")) {
+        const QStringList sides = QString::fromStdString(*told).split('x');
+        options.size = QSize(sides.value(0).toInt(), sides.value(1).toInt());
     }
+    for (const std::string& word : words)
+        (options.picture.empty() ? options.picture : options.script) = word;
     return options;
 }
 

@@ -27,6 +27,7 @@ std::pair<std::string, std::string> FirstWord(const std::string& text)
     return {trimmed.substr(0, end), end == std::string::npos ? "" : Trim(trimmed.substr(end))};
 }
 
+/// Quotes keep the blanks at the ends of a text.
 std::string Unquoted(const std::string& text)
 {
     return text.size() >= 2 && text.front() == '"' && text.back() == '"' ? text.substr(1, text.size() - 2) : text;
@@ -42,6 +43,15 @@ int Number(const std::string& text)
 
 std::string OnOneLine(const std::string& text) { return Replace(text, "\n", "\\n"); }
 
+/// Enabled with the frames around it, and nothing lies over it.
+bool CanBeUsed(const Control& control)
+{
+    for (const Control* each = &control; each; each = each->container)
+        if (!each->enabled)
+            return false;
+    return control.InFront();
+}
+
 std::string YesNo(bool yes) { return yes ? "true" : "false"; }
 
 std::string CaptionOf(const Control& control)
@@ -53,6 +63,13 @@ std::string CaptionOf(const Control& control)
     if (const auto* text = dynamic_cast<const label*>(&control))
         return text->text();
     throw DriveError(control.name() + " has no caption");
+}
+
+std::string EntryOf(const list& titles, int entry)
+{
+    if (entry < 1 || entry > static_cast<int>(titles.items().size()))
+        throw DriveError(titles.name() + " has no entry " + std::to_string(entry));
+    return OnOneLine(titles.items()[static_cast<std::size_t>(entry - 1)]);
 }
 
 bool IsBlankOrComment(const std::string& line)
@@ -68,7 +85,7 @@ class Expectations {
 
     void Print(const std::string& text)
     {
-        out_ << text;
+        out_ << text << std::flush; // who reads along knows that the command is done
         std::istringstream lines(text);
         for (std::string line; std::getline(lines, line);)
             printed_.push_back(Trim(line));
@@ -115,7 +132,9 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
          "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, .footer (of "
          "a grid), and F.caption, F.notice"},
         {"set", &Interpreter::Set,
-         "set F.C text                 focus, replace the text key by key through the key filter, leave the field"},
+         "set F.C text                 focus, replace the text key by key through the key filter, leave the field; a "
+         "text\n"
+         "                             in double quotes keeps the blanks at its ends, here and in keys"},
         {"keys", &Interpreter::Keys,
          "keys F.C text{ENTER}         focus, then type; {SELECTALL} {ENTER} {TAB} {BACKTAB} {UP} {DOWN} {LEFT} "
          "{RIGHT} {HOME}\n"
@@ -127,8 +146,11 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
         {"select", &Interpreter::Select,
          "select F.C \"text\"            choose an entry of a drop-down field or a list"},
         {"cell", &Interpreter::Cell,
-         "cell F.G row column          text of a grid cell; row 0 is the heading, columns count from 0"},
-        {"rows", &Interpreter::Rows, "rows F.G                     number of rows below the heading"},
+         "cell F.G row column          text of a grid cell; row 0 is the heading, columns count from 0; of a list: "
+         "cell F.L "
+         "entry"},
+        {"rows", &Interpreter::Rows,
+         "rows F.G                     number of rows below the heading, or of the entries of a list"},
         {"enter", &Interpreter::Enter, "enter F.G row column         go to a grid cell"},
         {"dblclick", &Interpreter::DoubleClick,
          "dblclick F.G row             double click on a grid row, a list entry (0: the empty spot) or a date field"},
@@ -167,6 +189,8 @@ Interpreter::Target Interpreter::Resolve(const std::string& path) const
 {
     const auto dot = path.find('.');
     Target target;
+    if (run_.screens.Ended())
+        throw DriveError("the run has ended");
     target.form = run_.screens.Find(path.substr(0, dot));
     if (!target.form)
         throw DriveError("there is no form " + path.substr(0, dot) + " now");
@@ -236,22 +260,23 @@ void Interpreter::Execute(const std::string& line)
 void Interpreter::ExecuteScript(std::istream& script, std::ostream& out)
 {
     Expectations expectations(out);
+    const auto printAll = [&] { expectations.Print(std::exchange(out_, std::ostringstream()).str()); };
+    printAll(); // what the start of the run told
     std::string line;
     for (int number = 1; std::getline(script, line); ++number) {
         try {
-            expectations.Print(std::exchange(out_, std::ostringstream()).str());
             if (line.starts_with('>')) {
                 expectations.Expect(Trim(line.substr(1)));
             } else if (!IsBlankOrComment(line)) {
                 expectations.Finish();
                 Execute(line);
+                printAll();
             }
         } catch (const std::exception& error) {
-            expectations.Print(std::exchange(out_, std::ostringstream()).str());
+            printAll();
             throw DriveError("line " + std::to_string(number) + ": " + error.what());
         }
     }
-    expectations.Print(std::exchange(out_, std::ostringstream()).str());
     expectations.Finish();
     if (!boxes_.answers.empty() || !files_.files.empty())
         throw DriveError("an answer was left over: its box never came");
@@ -273,7 +298,7 @@ void Interpreter::Get(const std::string& path)
     else if (property == "caption")
         out_ << CaptionOf(*control);
     else if (property == "enabled")
-        out_ << YesNo(control->enabled);
+        out_ << YesNo(run_.screens.OnDisplay() == form && CanBeUsed(*control));
     else if (property == "visible")
         out_ << YesNo(control->Shown());
     else if (property == "tip")
@@ -287,7 +312,8 @@ void Interpreter::Get(const std::string& path)
 
 void Interpreter::Set(const std::string& arguments)
 {
-    const auto [path, text] = FirstWord(arguments);
+    const auto [path, quoted] = FirstWord(arguments);
+    const std::string text = Unquoted(quoted);
     const Target target = ResolveForAction(path);
     TextBox& box = Focus(target);
     if (box.locked)
@@ -302,7 +328,8 @@ void Interpreter::Set(const std::string& arguments)
 
 void Interpreter::Keys(const std::string& arguments)
 {
-    const auto [path, text] = FirstWord(arguments);
+    const auto [path, quoted] = FirstWord(arguments);
+    const std::string text = Unquoted(quoted);
     Screen* form = path.find('.') == std::string::npos ? Resolve(path).form : nullptr;
     if (!form) {
         const Target target = ResolveForAction(path);
@@ -348,10 +375,21 @@ void Interpreter::Cell(const std::string& arguments)
 {
     const auto [path, numbers] = FirstWord(arguments);
     const auto [row, column] = FirstWord(numbers);
-    out_ << As<grid>(Resolve(path), "grid").Cell(Number(row), Number(column)) << '\n';
+    const Target target = Resolve(path);
+    if (const auto* titles = dynamic_cast<list*>(target.control))
+        out_ << EntryOf(*titles, Number(row)) << '\n';
+    else
+        out_ << As<grid>(target, "grid or list").Cell(Number(row), Number(column)) << '\n';
 }
 
-void Interpreter::Rows(const std::string& path) { out_ << As<grid>(Resolve(path), "grid").Rows() << '\n'; }
+void Interpreter::Rows(const std::string& path)
+{
+    const Target target = Resolve(path);
+    if (const auto* titles = dynamic_cast<list*>(target.control))
+        out_ << titles->items().size() << '\n';
+    else
+        out_ << As<grid>(target, "grid or list").Rows() << '\n';
+}
 
 void Interpreter::Enter(const std::string& arguments)
 {

@@ -2,7 +2,6 @@
 #include "module/module.h"
 #include "startup/sub_main.h"
 
-#include <cstring>
 #include <fstream>
 #include <iostream>
 
@@ -21,24 +20,22 @@ script with the number of its line and exit status 1.
 )";
 
 struct Options {
-    std::filesystem::path programFolder = pgbp::ProgramFolder();
+    std::filesystem::path programFolder;
     std::string script;
     bool help = false;
 };
 
-Options ReadOptions(int count, char** arguments)
+Options ReadOptions(std::vector<std::string> words)
 {
     Options options;
-    for (int i = 1; i < count; ++i) {
-        if (std::strcmp(arguments[i], "--help") == 0)
+    options.programFolder = pgbp::TakeProgramFolder(words);
+    for (const std::string& word : words)
+        if (word == "--help")
             options.help = true;
-        else if (std::strcmp(arguments[i], "--program-folder") == 0 && i + 1 < count)
-            options.programFolder = arguments[++i];
-        else if (arguments[i][0] != '-' && options.script.empty())
-            options.script = arguments[i];
+        else if (word[0] != '-' && options.script.empty())
+            options.script = word;
         else
-            throw pgbp::DriveError(std::string("unknown option ") + arguments[i] + "; try --help");
-    }
+            throw pgbp::DriveError("unknown option " + word + "; try --help");
     return options;
 }
 
@@ -72,7 +69,7 @@ int Drive(const Options& options)
 int main(int count, char** arguments)
 {
     try {
-        const Options options = ReadOptions(count, arguments);
+        const Options options = ReadOptions({arguments + 1, arguments + count});
         if (!options.help)
             return Drive(options);
         std::cout << kUsage << pgbp::Interpreter::Help();

@@ -2,6 +2,7 @@
 
 #include "computation/computation.h"
 #include "income/income.h"
+#include "services/options.h"
 #include "startup/frmmdi.h"
 
 #include <cstdlib>
@@ -15,9 +16,11 @@ void RegisterScreens(Run& run)
     RegisterComputationScreens(run.screens);
 }
 
-std::filesystem::path ProgramFolder()
+std::filesystem::path TakeProgramFolder(std::vector<std::string>& words)
 {
-    if (const char* chosen = std::getenv("PGBP_PROGRAM_FOLDER"))
+    if (const auto told = TakeOption(words, "--program-folder"))
+        return *told;
+    if (const char* chosen = std::getenv("PGBP_PROGRAM_FOLDER"); chosen && *chosen)
         return chosen;
     return std::filesystem::read_symlink("/proc/self/exe").parent_path();
 }

@@ -1,10 +1,9 @@
+#include "services/options.h"
 #include "suite/chooser.h"
 #include "suite/commands.h"
 
-#include <algorithm>
 #include <cstdlib>
 #include <iostream>
-#include <stdexcept>
 #include <vector>
 
 namespace {
@@ -17,20 +16,7 @@ std::filesystem::path BesideThisProgram(const char* name)
 std::filesystem::path ChosenProgramFolder()
 {
     const char* chosen = std::getenv("PGBP_PROGRAM_FOLDER");
-    return chosen ? chosen : "practice";
-}
-
-/// Takes an option and its value out of the words, wherever it stands; `otherwise` when it is not there.
-std::string TakeOption(std::vector<std::string>& words, const std::string& option, const std::string& otherwise)
-{
-    const auto found = std::find(words.begin(), words.end(), option);
-    if (found == words.end())
-        return otherwise;
-    if (found + 1 == words.end())
-        throw std::runtime_error(option + " wants a value. \"pgbp-suite --help\" tells more.");
-    std::string value = *(found + 1);
-    words.erase(found, found + 2);
-    return value;
+    return chosen && *chosen ? chosen : "practice";
 }
 
 } // namespace
@@ -41,8 +27,9 @@ try {
     pgbp::SystemProcesses processes;
     pgbp::Suite suite{ChosenProgramFolder(), BesideThisProgram("data"), BesideThisProgram("pgbp"), processes,
                       std::cout};
-    suite.programFolder = TakeOption(words, "--program-folder", suite.programFolder.string());
-    const std::string picture = TakeOption(words, "--picture", "");
+    if (const auto told = pgbp::TakeOption(words, "--program-folder"))
+        suite.programFolder = *told;
+    const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
     if (words.empty())
         return pgbp::ShowChooser(argc, argv, suite.programFolder, suite.module, picture);
     pgbp::RunCommand(suite, words);

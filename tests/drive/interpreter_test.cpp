@@ -47,6 +47,7 @@ class Board : public Screen {
     label sum{*this, "sum"};
     cmd secret{*this, "secret", "Secret"};
     cmd frozen{*this, "frozen", "Frozen"};
+    frame fra1{*this, "fra1", "", FramePlace::Card};
 };
 
 class Driver : public testing::Test {
@@ -98,6 +99,8 @@ TEST_F(Driver, DoesWhatAPersonDoes)
                    "get Board.status\n"
                    "dblclick Board.titles 0\n"
                    "get Board.sum\n"
+                   "rows Board.titles\n"
+                   "cell Board.titles 2\n"
                    "rows Board.lines\n"
                    "cell Board.lines 0 1\n"
                    "cell Board.lines 2 1\n"
@@ -105,7 +108,69 @@ TEST_F(Driver, DoesWhatAPersonDoes)
                    "dblclick Board.lines 2\n"
                    "get Board.sum\n"),
               "Board A & B\nA & B\nO'Brien & Sons, 100%; \"best\"\n125.67\n-7\nsmall\n\n31-03-2024\nFirm\nentry "
-              "0\n2\nAmount\n2.00\n2 lines\t3.00\nb\n");
+              "0\n2\ntwo\n2\nAmount\n2.00\n2 lines\t3.00\nb\n");
+}
+
+TEST_F(Driver, KeepsTheBlanksOfAQuotedText)
+{
+    EXPECT_EQ(Play("set Board.txtname \" a \"\nget Board.txtname\n"), " a \n");
+    EXPECT_EQ(Play("keys Board.txtname \"{END} b{BACKSPACE}c \"\nget Board.txtname\n"), " a  c \n");
+    EXPECT_EQ(Play("set Board.txtname \"\"Mall\"\"\nget Board.txtname\n"), "\"Mall\"\n");
+}
+
+TEST_F(Driver, PrintsEachCommandBeforeItReadsTheNext)
+{
+    class Watched : public std::stringbuf {
+      public:
+        int sync() override
+        {
+            flushed = str();
+            return 0;
+        }
+        std::string flushed;
+    } seen;
+    class Typist : public std::streambuf { // gives a line at a time, and notes what was there to read before it
+      public:
+        explicit Typist(const Watched& itsScreen) : screen_(itsScreen) {}
+        std::string before;
+
+      protected:
+        int_type underflow() override
+        {
+            if (next_ == std::size(lines_))
+                return traits_type::eof();
+            before = screen_.flushed;
+            std::string& line = lines_[next_++];
+            setg(line.data(), line.data(), line.data() + line.size());
+            return traits_type::to_int_type(line.front());
+        }
+
+      private:
+        const Watched& screen_;
+        std::string lines_[2] = {"show\n", "get Board.status\n"};
+        std::size_t next_ = 0;
+    } typist(seen);
+    std::istream in(&typist);
+    std::ostream out(&seen);
+    Interpreter(run, boxes, files, transcript).ExecuteScript(in, out);
+    EXPECT_EQ(typist.before, "Board A & B\n");
+}
+
+TEST_F(Driver, SaysThatTheRunHasEnded)
+{
+    run.screens.End();
+    EXPECT_EQ(Play("show\nget Board.sum\n"), "ended\nerror: line 2: the run has ended");
+}
+
+TEST_F(Driver, SeesThatNothingBehindACardCanBeUsed)
+{
+    auto& board = static_cast<Board&>(*run.screens.OnDisplay());
+    board.fra1.visible = true;
+    EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
+    board.fra1.visible = false;
+    EXPECT_EQ(Play("get Board.ask.enabled\n"), "true\n");
+    board.framain.enabled = false;
+    EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
 }
 
 TEST_F(Driver, AnswersBoxesAndPrintsThem)
@@ -130,7 +195,8 @@ TEST_F(Driver, RefusesWhatAPersonCouldNotDo)
         {"click Board.frozen", "Board.frozen is disabled"},
         {"click Board.txtname", "txtname is no button"},
         {"set Board.ask 5", "ask is no text field"},
-        {"cell Board.txtname 0 0", "txtname is no grid"},
+        {"cell Board.txtname 0 0", "txtname is no grid or list"},
+        {"cell Board.titles 3", "titles has no entry 3"},
         {"cell Board.lines one 0", "a number is wanted, not \"one\""},
         {"cell Board.lines 1 9", "lines has no cell 1 9"},
         {"dblclick Board.titles 99999999999", "a number is wanted, not \"99999999999\""},

@@ -1,3 +1,4 @@
+#include "module/module.h"
 #include "startup/sub_main.h"
 
 #include "startup/settings.h"
@@ -188,4 +189,16 @@ TEST(Settings, EndTheRunSilentlyWithoutTheServer)
     std::filesystem::remove(practice.folder.path() / "VornServer.ini");
     practice.StartWithFilesAsTheyAre();
     EXPECT_NE(practice.folder.Read("VornServer.ini").find("LogName=sa\nLogPwd=\n"), std::string::npos);
+}
+
+TEST(ProgramFolder, IsTheOneToldElseTheOneChosenElseTheProgramsOwn)
+{
+    std::vector<std::string> words{"script", "--program-folder", "/told"};
+    std::vector<std::string> none;
+    setenv("PGBP_PROGRAM_FOLDER", "/chosen", 1);
+    EXPECT_EQ(TakeProgramFolder(words), "/told");
+    EXPECT_EQ(TakeProgramFolder(none), "/chosen");
+    setenv("PGBP_PROGRAM_FOLDER", "", 1); // would mean the working folder
+    EXPECT_EQ(TakeProgramFolder(none), std::filesystem::read_symlink("/proc/self/exe").parent_path());
+    unsetenv("PGBP_PROGRAM_FOLDER");
 }
