@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
 
-.PHONY: run test bench format lint asan fuzz screenshots setup build
+.PHONY: run test bench format check lint lint-all asan fuzz screenshots setup build
 
 run: build
 	@tools/run.sh build/dev/bin practice
@@ -27,7 +27,7 @@ bench:
 asan: setup
 	@cmake --preset asan > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset asan -j $(JOBS)
-	ASAN_OPTIONS=detect_leaks=0 ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+	ctest --test-dir build/asan --output-on-failure -j $(JOBS)
 
 fuzz: setup
 	@tools/fuzz.sh 120
@@ -35,10 +35,15 @@ fuzz: setup
 format: setup
 	clang-format -i $(SOURCES)
 
-lint: build
+check: setup
 	@clang-format --dry-run -Werror $(SOURCES)
 	python3 tools/check-layers.py
-	tools/tidy.sh build/dev $(JOBS)
+
+lint: check build
+	tools/tidy.sh build/dev $(JOBS) changed
+
+lint-all: check build
+	tools/tidy.sh build/dev $(JOBS) all
 
 screenshots: build
 	@tools/screenshots.sh build/dev/bin docs/screens

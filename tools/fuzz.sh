@@ -3,6 +3,8 @@
 # goes into the build folder; a crash leaves its input there and fails.
 set -eu
 seconds=$1
+cd "$(dirname "$0")/.."
+tools/setup.sh
 build=build/fuzz
 found=$build/found/workbook
 

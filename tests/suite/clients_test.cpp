@@ -201,8 +201,9 @@ TEST_F(DemonstrationClients, PartnersGetWhatSection40bAllows)
     EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSINTT'", "1003r2021-22"), 180000);
     EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2022-23"), 840000);
     // the partner's own return shows the same
-    const Row firm =
-        practice.balance.Query("select * from {qelgeneral} where code = '1001r2021-22' and [Type] = 'FIRM'").First();
+    const Recordset firms =
+        practice.balance.Query("select * from {qelgeneral} where code = '1001r2021-22' and [Type] = 'FIRM'");
+    const Row firm = firms.First();
     EXPECT_EQ(firm["amt3"].Number(), 180000);
     EXPECT_EQ(firm["amt4"].Number(), 40000);
     EXPECT_EQ(firm["amt2"].Number(), RoundOff(942750.0 / 4, 0));
