@@ -6,6 +6,8 @@
 #include "startup/shared_services.h"
 #include "startup/status.h"
 
+#include <utility>
+
 namespace pgbp {
 
 frmbusiness::frmbusiness(Run& itsRun) : Screen(itsRun, "frmbusiness", "Profits & Gains from Business or Profession")
@@ -97,8 +99,17 @@ void frmbusiness::Wire()
     cmdReport.onClick = [this] { ReportOnPreviousYear(); };
     CmdBack.onClick = [this] { Back(); };
     cmdr.onClick = [this] { run.screens.ShowModal("frmReminder"); };
+    partners.cmdmax.onClick = [this] { CalculateMaximum(); };
     partners.txtlesspart1.onChange = partners.txtlesspart2.onChange = [this] { AddUpAfterPartners(); };
     TxtSec11.onLostFocus = [this] { StoreIncomeUnderSection11(); };
+}
+
+/// Where the store fails no one knows what it holds; the figures are read anew then, before they are written.
+void frmbusiness::CalculateMaximum()
+{
+    const bool recomputed = std::exchange(recomputed_, false);
+    partners.CalculateMaximum();
+    recomputed_ = recomputed;
 }
 
 bool frmbusiness::RefuseMinor() const

@@ -142,6 +142,7 @@ class frmbusiness : public Screen {
     void OpenCommission();
     bool RefuseMinor() const;
 
+    void CalculateMaximum();
     void StoreIncomeUnderSection11();
     void Back();
     void ReportOnPreviousYear();

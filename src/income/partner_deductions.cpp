@@ -42,7 +42,6 @@ PartnerDeductions::PartnerDeductions(frmbusiness& summary)
     txtlesspart2.Set("0.00");
     txtlesspart1.onLostFocus = [this] { Leave(interest_); };
     txtlesspart2.onLostFocus = [this] { Leave(remuneration_); };
-    cmdmax.onClick = [this] { CalculateMaximum(); };
 }
 
 void PartnerDeductions::Show()
@@ -70,16 +69,19 @@ void PartnerDeductions::RefreshRemuneration()
 {
     if (run_.GLrep == kMarkerSeen)
         return;
-    run_.GLrep = kMarkerSeen;
-    if (!cmdmax.visible)
-        return;
-    const Recordset setup = run_.company.Query("select auto_rem from {setup} where code = ?", run_.Glcode);
-    if (!setup.Empty() && !setup.First().At(0).Flag())
+    if (cmdmax.visible && !IsKeptByHand())
         CalculateMaximum();
+    run_.GLrep = kMarkerSeen; // behind the work: a refresh that failed comes again
+}
+
+bool PartnerDeductions::IsKeptByHand() const
+{
+    const Recordset setup = run_.company.Query("select auto_rem from {setup} where code = ?", run_.Glcode);
+    return setup.Empty() || setup.First().At(0).Flag();
 }
 
 /// Section 40(b)(v): the limit on the book profit, but not more than the partners were paid.
-void PartnerDeductions::CalculateMaximum()
+double PartnerDeductions::MaximumRemuneration() const
 {
     double exempt = 0;
     if (SummaryRules{run_.Year(), run_.Glstatus}.AddsExemptToProfit())
@@ -89,25 +91,30 @@ void PartnerDeductions::CalculateMaximum()
                              run_.Glcode)
                      .Number();
     const double bookProfit = Val(form.lbltotal) + exempt - Val(txtlesspart1);
-    txtlesspart2 = Amount(RoundOff(RemunerationLimit(bookProfit, run_.Year(), run_.Glstatus), 0));
+    const double limit = RoundOff(RemunerationLimit(bookProfit, run_.Year(), run_.Glstatus), 0);
     const double paid =
         run_.company
             .Scalar("select sum(amt1) as [tot] from {business1} where code = ? and [Type] = 'PARTREMU'", run_.Glcode)
             .Number();
-    if (Val(txtlesspart2) > paid)
-        txtlesspart2 = Amount(RoundOff(paid, 0));
+    return limit > paid ? RoundOff(paid, 0) : limit;
+}
 
+/// The field follows the store: an amount that it refuses is never on the screen.
+void PartnerDeductions::CalculateMaximum()
+{
+    const std::string maximum = Amount(MaximumRemuneration());
     const Recordset stored = run_.company.Query(
         "select amt1, name1, minor from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
-    if (IsTheRow(stored, remuneration_) && stored.First()["minor"].IsNull())
-        return;
-    Transaction transaction({run_.company});
-    run_.company.Delete("from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
-    run_.company.Insert("business1", {{"code", run_.Code()},
-                                      {"name1", remuneration_.name},
-                                      {"amt1", Val(txtlesspart2)},
-                                      {"Type", remuneration_.type}});
-    transaction.Commit();
+    if (!IsTheRow(stored, remuneration_, Val(maximum)) || !stored.First()["minor"].IsNull()) {
+        Transaction transaction({run_.company});
+        run_.company.Delete("from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
+        run_.company.Insert("business1", {{"code", run_.Code()},
+                                          {"name1", remuneration_.name},
+                                          {"amt1", Val(maximum)},
+                                          {"Type", remuneration_.type}});
+        transaction.Commit();
+    }
+    txtlesspart2 = maximum;
 }
 
 void PartnerDeductions::Leave(const Deduction& deduction) const
@@ -129,9 +136,9 @@ std::string PartnerDeductions::OwnRows(const Deduction& deduction) const
 }
 
 /// True when one row stands, with the amount and the name that would be written.
-bool PartnerDeductions::IsTheRow(const Recordset& rows, const Deduction& deduction)
+bool PartnerDeductions::IsTheRow(const Recordset& rows, const Deduction& deduction, double amount)
 {
-    return rows.Size() == 1 && rows.First()["amt1"].Number() == Val(deduction.field) &&
+    return rows.Size() == 1 && rows.First()["amt1"].Number() == amount &&
            rows.First()["name1"].Text() == deduction.name;
 }
 
@@ -141,7 +148,8 @@ bool PartnerDeductions::IsStored(const Deduction& deduction) const
     std::vector<Value> values{run_.Glcode, deduction.type};
     if (run_.GLminor != 0)
         values.emplace_back(run_.GLminor);
-    return IsTheRow(run_.company.QueryBound("select amt1, name1 " + OwnRows(deduction), values), deduction);
+    return IsTheRow(run_.company.QueryBound("select amt1, name1 " + OwnRows(deduction), values), deduction,
+                    Val(deduction.field));
 }
 
 void PartnerDeductions::Store(const Deduction& deduction) const

@@ -20,6 +20,8 @@ class PartnerDeductions {
     void TakeInterestFromPartners();
     /// Calculates the remuneration once after a line of business was open, unless the firm keeps it by hand.
     void RefreshRemuneration();
+    /// Deducts the most that the law allows, and stores it.
+    void CalculateMaximum();
 
     frmbusiness& form;
     label lblpart1;
@@ -38,11 +40,12 @@ class PartnerDeductions {
         bool zeroMinorIsOwn; ///< a stored minor of 0 is replaced too, as Null is
     };
 
-    void CalculateMaximum();
+    bool IsKeptByHand() const;
+    double MaximumRemuneration() const;
     void Leave(const Deduction& deduction) const;
     void Store(const Deduction& deduction) const;
     bool IsStored(const Deduction& deduction) const;
-    static bool IsTheRow(const Recordset& rows, const Deduction& deduction);
+    static bool IsTheRow(const Recordset& rows, const Deduction& deduction, double amount);
     std::string OwnRows(const Deduction& deduction) const;
 
     Run& run_;

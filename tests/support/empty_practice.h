@@ -59,6 +59,8 @@ class EmptyPractice {
     {
         run = std::make_unique<Run>(Host{boxes, files, processes, folder.path(), [this] { return now; }});
         RegisterScreens(*run);
+        if (screensKnown)
+            screensKnown(*run);
         opened = SubMain(*run, why);
         return *run;
     }
@@ -75,6 +77,7 @@ class EmptyPractice {
     TestProcesses processes;
     DateTime now{2023, 7, 15, 10, 30, 0};
     std::unique_ptr<Run> run;
+    std::function<void(Run&)> screensKnown; ///< before the run opens its files: to put another screen in place of one
     std::string why;
     bool opened = false;
 

@@ -1,0 +1,178 @@
+#include "support/failing_store.h"
+
+#include "income/summary_under_test.h"
+#include "services/format.h"
+#include "support/typing.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+
+using namespace pgbp;
+
+namespace {
+
+constexpr const char* kCode = "A0001r2023-24";
+
+/// A preparer's way through the summary: what is stored before, and what is done between the opening and Back.
+struct Story {
+    const char* name;
+    const char* status;
+    std::function<void(SummaryUnderTest&)> stored;
+    std::vector<std::function<void(SummaryUnderTest&, frmbusiness&)>> deeds;
+};
+
+void StoreFirm(SummaryUnderTest& practice, bool byHand)
+{
+    practice.Line("1", {{"SNO", 3}, {"NET", 500000}});
+    practice.Detail("PARTREMU", {{"SNO", 3}, {"amt1", 900000}});
+    practice.Detail("LESSREMU", {{"amt1", 1234}, {"name1", "Remuneration to partners"}});
+    practice.Company().Insert("setup", {{"code", kCode}, {"auto_rem", byHand}});
+    practice.Company().Insert("misc_items", {{"code", kCode}, {"Type", "Fast2018"}, {"name3", "0"}});
+    practice.Balance().Insert("qelgeneral", {{"code", kCode}, {"Type", "NEWPL"}, {"amt2", 77}});
+    practice.Balance().Insert("qelgeneral", {{"code", kCode}, {"Type", "BUSI"}, {"amt14", -1}});
+}
+
+/// A line is opened, stored with another income and other partners, and left.
+void ChangeALine(SummaryUnderTest& practice, frmbusiness& form)
+{
+    form.Click(form.cmd1);
+    if (form.lines.fra1.visible)
+        form.Press(Key::Enter);
+    if (practice.run->screens.OnDisplay() == &form) // the store did not let it open
+        return;
+    practice.Company().Execute("update {business} set net = 800000");
+    practice.Company().Execute("delete from {business1} where [Type] = 'PARTINTT'");
+    practice.Detail("PARTINTT", {{"SNO", 3}, {"amt1", 70000}, {"amt3", 60000}});
+    practice.run->screens.Return();
+}
+
+void TypeAmount(frmbusiness& form, txtn& field, const char* amount)
+{
+    form.Do([&] { form.SetFocus(field); });
+    if (form.focused() == &field)
+        TypeText(form, amount);
+    form.Press(Key::Enter);
+}
+
+void TypeBoth(SummaryUnderTest&, frmbusiness& form)
+{
+    TypeAmount(form, form.partners.txtlesspart1, "20000");
+    TypeAmount(form, form.partners.txtlesspart2, "45000");
+}
+
+void Calculate(SummaryUnderTest&, frmbusiness& form) { form.Click(form.partners.cmdmax); }
+
+void LookAtTheReminder(SummaryUnderTest& practice, frmbusiness& form)
+{
+    form.Click(form.cmdr);
+    if (practice.run->screens.OnDisplay() != &form)
+        practice.run->screens.OnDisplay()->Press(Key::Escape);
+}
+
+const Story kStories[] = {
+    {"calculated, then changed",
+     "06",
+     [](auto& practice) { StoreFirm(practice, false); },
+     {ChangeALine, LookAtTheReminder}},
+    {"typed and calculated by hand",
+     "05",
+     [](auto& practice) { StoreFirm(practice, true); },
+     {TypeBoth, LookAtTheReminder, Calculate}},
+    {"a line of an individual", "01", [](auto& practice) { StoreFirm(practice, false); }, {ChangeALine}},
+};
+
+std::vector<std::string> Figures(const frmbusiness& form)
+{
+    std::vector<std::string> figures;
+    for (const TextControl* figure : std::initializer_list<const TextControl*>{
+             &form.lbl1, &form.lbl2, &form.lbl3, &form.lbl4, &form.lbl5, &form.Txt6, &form.Txt7, &form.lbllic,
+             &form.lbltotal, &form.partners.txtlesspart1, &form.partners.txtlesspart2, &form.lblinc, &form.lblloss,
+             &form.lbllast})
+        figures.push_back(figure->text());
+    return figures;
+}
+
+/// One telling of a story with a store that refuses.
+class Telling {
+  public:
+    Telling(const Story& story, Refusal itsRefusal) : refusal(itsRefusal)
+    {
+        story.stored(practice_);
+        practice_.screensKnown = [this](pgbp::Run& run) {
+            run.screens.Register("frmbusiness", [this](pgbp::Run& its) {
+                LetFail(its, refusal);
+                return std::make_unique<frmbusiness>(its);
+            });
+        };
+        frmbusiness& form = practice_.Begin(2023, story.status);
+        for (const auto& deed : story.deeds) {
+            EndOfAction();
+            deed(practice_, form);
+        }
+        constexpr int kTries = 4; // the focus may have to be got out of a field first
+        for (int tries = 0; tries < kTries && !practice_.run->screens.Ended(); ++tries) {
+            EndOfAction();
+            form.Click(form.CmdBack);
+        }
+        ended = practice_.run->screens.Ended();
+        shown = Figures(form);
+        writes = refusal.writes;
+    }
+
+    std::vector<std::string> Stored() const
+    {
+        std::vector<std::string> head;
+        const Recordset rows = practice_.Balance().Query(
+            "select amt1, amt2, amt3, amt4, amt5, amt6, amt7, amt8, amt9, Amt10, amt11, amt12, amt13, amt14 "
+            "from {qelgeneral} where [Type] = 'BUSI'");
+        for (std::size_t i = 0; rows.Size() == 1 && i < rows.Columns().size(); ++i)
+            head.push_back(Amount(rows.First().At(i).Number()));
+        return head;
+    }
+
+    /// What a run that begins now, and is not disturbed, shows.
+    std::vector<std::string> OpenedAgain()
+    {
+        refusal.write = 0;
+        practice_.Start();
+        return Figures(static_cast<frmbusiness&>(*practice_.run->screens.OnDisplay()));
+    }
+
+    Refusal refusal;
+    bool ended = false;
+    int writes = 0; ///< from the opening to the end
+    std::vector<std::string> shown;
+
+  private:
+    /// A lock that lasted as long as an action is gone at its end.
+    void EndOfAction()
+    {
+        if (refusal.HasBegun())
+            refusal.write = 0;
+    }
+
+    SummaryUnderTest practice_;
+};
+
+} // namespace
+
+// Whichever write fails, and for how long: the head of income that is stored in the end is the one on the screen, and
+// the one that the stored rows give.
+TEST(FailingStore, NeverMakesAnotherHeadOfIncome)
+{
+    constexpr Refusal kRefusals[] = {{.once = true, .afterCommit = true}, {.once = false}};
+    for (const Story& story : kStories)
+        for (Refusal refusal : kRefusals)
+            for (bool reached = true; reached;) {
+                ++refusal.write;
+                SCOPED_TRACE(std::string(story.name) + ", write " + std::to_string(refusal.write) +
+                             (refusal.once ? "" : " to the end of the action"));
+                Telling telling(story, refusal);
+                ASSERT_TRUE(telling.ended);
+                const auto stored = telling.Stored();
+                EXPECT_EQ(stored, telling.shown);
+                EXPECT_EQ(stored, telling.OpenedAgain());
+                reached = telling.writes >= refusal.write;
+            }
+}
