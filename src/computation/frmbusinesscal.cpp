@@ -370,7 +370,7 @@ void frmbusinesscal::Save()
         return;
     if (!Store())
         return ReadAnnexureAnew();
-    header.TellSaved(lblincome);
+    TellSaved(header.Name(), Val(lblincome));
     run.screens.Return();
 }
 

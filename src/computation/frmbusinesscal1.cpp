@@ -83,7 +83,7 @@ void frmbusinesscal1::Save()
     CopyWorkToLine(
         run, sno, [](std::string_view) { return true; }, Apostrophes::Keep);
     transaction.Commit();
-    header.TellSaved(lblincome);
+    TellSaved(header.Name(), Val(lblincome));
     run.screens.Return();
 }
 

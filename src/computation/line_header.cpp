@@ -1,5 +1,6 @@
 #include "computation/line_header.h"
 
+#include "records/deletion.h"
 #include "records/keys.h"
 #include "records/working_copies.h"
 #include "services/format.h"
@@ -56,6 +57,8 @@ bool LineHeader::Altered() const
                        [](const OpenedFrame& opened) { return opened.texts.DifferFrom(*opened.shown); }) ||
            WorkAsText(run_) != openedLists_;
 }
+
+std::string LineHeader::Name() const { return Trim(txtdescr1.text() + ' ' + txtdescr2.text()); }
 
 void LineHeader::ShowWayToStatement()
 {
@@ -132,18 +135,16 @@ double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Fi
     return sno;
 }
 
-void LineHeader::TellSaved(const TextControl& income) const
-{
-    form_.TellSaved(Trim(txtdescr1.text() + ' ' + txtdescr2.text()), Val(income));
-}
-
 bool LineHeader::Delete()
 {
     const bool sure = run_.Show("Do you really want to delete this record ?", "Deletion", Icon::Question,
-                                Buttons::YesNo, Answer::Yes) == Answer::Yes;
-    if (sure)
-        DeleteLine(run_, static_cast<BusinessKind>(run_.GlBusinessKind), Sno());
-    return sure;
+                                Buttons::YesNo, Answer::No) == Answer::Yes;
+    if (!sure)
+        return false;
+    DeleteLine(run_, static_cast<BusinessKind>(run_.GlBusinessKind), Sno());
+    if (run_.deletion)
+        form_.notice = run_.deletion->name + " deleted; Ctrl+Z brings it back";
+    return true;
 }
 
 } // namespace pgbp

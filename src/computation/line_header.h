@@ -23,6 +23,8 @@ class LineHeader {
     bool IsEdit() const { return isEdit_; }
     /// A column of the stored line; Null for a new one.
     const Value& Stored(std::string_view column) const { return business_[column]; }
+    /// The descriptions as they stand on the screen.
+    std::string Name() const;
     /// Number of the stored line.
     double Sno() const { return business_["sno"].Number(); }
 
@@ -41,8 +43,6 @@ class LineHeader {
     /// Writes the row of `business`, a new one under a new number, and empties the line's detail rows. `type` is the
     /// kind as it is stored; nothing leaves it as it is. Gives the line's number. Inside a transaction of the caller.
     double WriteRow(std::optional<std::string_view> type, std::vector<Field> fields);
-    /// Tells in the status line that the line was saved.
-    void TellSaved(const TextControl& income) const;
 
     /// Asks, and deletes the line with all that hangs on it. True when it is gone.
     bool Delete();

@@ -85,6 +85,7 @@ void frmReminder::Save()
         SetFocus(txthead);
         return;
     }
+    TellSaved("Reminder " + title);
     ShowTitles();
     LeaveFrame();
 }

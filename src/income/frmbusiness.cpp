@@ -12,8 +12,7 @@ namespace pgbp {
 
 frmbusiness::frmbusiness(Run& itsRun) : Screen(itsRun, "frmbusiness", "Profits & Gains from Business or Profession")
 {
-    for (txtn* shown : {&Txt6, &Txt7, &TxtSec11})
-        shown->Set("0.00");
+    StartFromZero();
     const bool isFirm = Rules().ShowsPartnerLines();
     for (Control* control :
          std::initializer_list<Control*>{&partners.lblpart1, &partners.lblpart2, &partners.txtlesspart1,
@@ -31,6 +30,17 @@ frmbusiness::frmbusiness(Run& itsRun) : Screen(itsRun, "frmbusiness", "Profits &
         previous->visible = run.GlLarge && isFirm;
     LayOut();
     Wire();
+}
+
+frmbusiness::~frmbusiness() { run.deletingLine.Remove(deletingListener_); }
+
+void frmbusiness::StartFromZero()
+{
+    recomputed_ = false;
+    for (TextControl* figure : std::initializer_list<TextControl*>{
+             &lbl1, &lbl2, &LblSp, &lbl3, &LblADA, &lbl4, &lbl5, &Txt6, &Txt7, &lbllic, &Label27, &lbltotal,
+             &partners.txtlesspart1, &partners.txtlesspart2, &lblinc, &lblloss, &lbllast, &TxtSec11})
+        *figure = "0.00";
 }
 
 void frmbusiness::LayOut()
@@ -101,6 +111,8 @@ void frmbusiness::Wire()
     cmdr.onClick = [this] { run.screens.ShowModal("frmReminder"); };
     partners.cmdmax.onClick = [this] { CalculateMaximum(); };
     partners.txtlesspart1.onChange = partners.txtlesspart2.onChange = [this] { AddUpAfterPartners(); };
+    framain.onUndo = [this] { BringBack(); };
+    deletingListener_ = run.deletingLine.Add([this] { StartFromZero(); });
     TxtSec11.onLostFocus = [this] { StoreIncomeUnderSection11(); };
 }
 
@@ -108,8 +120,10 @@ void frmbusiness::Wire()
 void frmbusiness::CalculateMaximum()
 {
     const bool recomputed = std::exchange(recomputed_, false);
-    partners.CalculateMaximum();
+    const bool isChanged = partners.CalculateMaximum();
     recomputed_ = recomputed;
+    if (isChanged)
+        TellSaved("Remuneration to partners", Val(partners.txtlesspart2));
 }
 
 bool frmbusiness::RefuseMinor() const
@@ -191,14 +205,30 @@ void frmbusiness::OpenCommission()
 
 void frmbusiness::StoreIncomeUnderSection11()
 {
+    const double income = Val(TxtSec11);
     const Recordset stored =
         run.balance.Query("select amt1 from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
-    if (stored.Size() == 1 && stored.First().At(0).Number() == Val(TxtSec11))
+    if (stored.Size() == 1 && stored.First().At(0).Number() == income)
         return;
     Transaction transaction({run.balance});
     run.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
-    run.balance.Insert("qelgeneral", {{"code", run.Code()}, {"Type", "SEC(11)4"}, {"amt1", Val(TxtSec11)}});
+    run.balance.Insert("qelgeneral", {{"code", run.Code()}, {"Type", "SEC(11)4"}, {"amt1", income}});
     transaction.Commit();
+    if (!stored.Empty() || income != 0)
+        TellSaved("Business Income as shown u/s 11(4)", income);
+}
+
+void frmbusiness::BringBack()
+{
+    if (!run.deletion)
+        return;
+    const Deletion deletion = *run.deletion;
+    StartFromZero();
+    deletion.bringBack();
+    run.deletion.reset();
+    run.GLrep = "ASDF"; // the remuneration is calculated as after a line was open
+    Activate();
+    notice = deletion.name + " is back, with all its rows";
 }
 
 void frmbusiness::Back()

@@ -16,11 +16,17 @@ namespace pgbp {
 class frmbusiness : public Screen {
   public:
     explicit frmbusiness(Run& itsRun);
+    ~frmbusiness() override;
 
     /// Recomputes everything from the stored rows.
     void Activate() override;
     /// Writes the head of income and ends the run.
     void Close() override;
+    /// Sets all figures of this year to "0.00", as the first display finds them: a recompute leaves the figure of a
+    /// line that is gone.
+    void StartFromZero();
+    /// Brings the line back that was deleted last, if nothing was saved since.
+    void BringBack();
     /// Writes the "BUSI" row, the head of income in fourteen amounts.
     void StoreHeadOfIncome() const;
 
@@ -110,6 +116,7 @@ class frmbusiness : public Screen {
     double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
 
   private:
+    int deletingListener_;
     bool recomputed_ = false; ///< the figures are those of the stored rows; a recompute that failed leaves it off
 
     SummaryRules Rules() const { return {run.Year(), run.Glstatus}; }

@@ -43,6 +43,10 @@ LineList::LineList(frmbusiness& summary)
               .buttonsLeft = {&CmdAdd},
               .buttonsRight = {&cmdback1}});
     fra1.onEscape = [this] { Leave(); };
+    fra1.onUndo = [this] {
+        form.BringBack();
+        Open(KindByCaption().kind);
+    };
     DBGrid1.onDoubleClick = [this](int row) { Choose(row); };
     CmdAdd.onClick = [this] { Add(); };
     cmdback1.onClick = [this] { Leave(); };
@@ -106,8 +110,10 @@ void LineList::Choose(int row)
     const Recordset line = run_.company.Query("select * from {business} where code = ? and [Type] = ? and sno = ?",
                                               run_.Glcode, TypeOf(kind.kind), Val(DBGrid1.Cell(row, kSno)));
     form.Lower(fra1);
-    if (line.Empty()) // another user deleted it meanwhile
+    if (line.Empty()) { // another user deleted it meanwhile
+        form.StartFromZero();
         return form.Activate();
+    }
     run_.screens.Show(kind.screen, {.caption = kind.caption, .mode = Mode::Edit, .business = Record(line.First())});
 }
 

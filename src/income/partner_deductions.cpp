@@ -38,8 +38,6 @@ PartnerDeductions::PartnerDeductions(frmbusiness& summary)
       run_(summary.run), interest_{txtlesspart1, "LESSINTT", "Interest to partners", true},
       remuneration_{txtlesspart2, "LESSREMU", "Remuneration to partners", false}
 {
-    txtlesspart1.Set("0.00");
-    txtlesspart2.Set("0.00");
     txtlesspart1.onLostFocus = [this] { Leave(interest_); };
     txtlesspart2.onLostFocus = [this] { Leave(remuneration_); };
 }
@@ -62,7 +60,7 @@ void PartnerDeductions::TakeInterestFromPartners()
     txtlesspart1.enabled = false;
     for (const Row partner : partners)
         txtlesspart1 = Amount(Val(txtlesspart1) + partner.At(0).Number());
-    Leave(interest_);
+    Store(interest_);
 }
 
 void PartnerDeductions::RefreshRemuneration()
@@ -100,12 +98,13 @@ double PartnerDeductions::MaximumRemuneration() const
 }
 
 /// The field follows the store: an amount that it refuses is never on the screen.
-void PartnerDeductions::CalculateMaximum()
+bool PartnerDeductions::CalculateMaximum()
 {
     const std::string maximum = Amount(MaximumRemuneration());
     const Recordset stored = run_.company.Query(
         "select amt1, name1, minor from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
-    if (!IsTheRow(stored, remuneration_, Val(maximum)) || !stored.First()["minor"].IsNull()) {
+    const bool stands = IsTheRow(stored, remuneration_, Val(maximum)) && stored.First()["minor"].IsNull();
+    if (!stands) {
         Transaction transaction({run_.company});
         run_.company.Delete("from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
         run_.company.Insert("business1", {{"code", run_.Code()},
@@ -115,14 +114,17 @@ void PartnerDeductions::CalculateMaximum()
         transaction.Commit();
     }
     txtlesspart2 = maximum;
+    return !stands;
 }
 
 void PartnerDeductions::Leave(const Deduction& deduction) const
 {
     if (deduction.field.text().empty())
         deduction.field = "0.00";
-    if (!IsStored(deduction))
-        Store(deduction);
+    const bool isChanged = DeductedAmount(run_, deduction.type).Number() != Val(deduction.field);
+    Store(deduction);
+    if (isChanged)
+        form.TellSaved(std::string(deduction.name), Val(deduction.field));
 }
 
 /// The condition of the rows that a new row replaces. The remuneration keeps a stored minor of 0.
@@ -154,6 +156,8 @@ bool PartnerDeductions::IsStored(const Deduction& deduction) const
 
 void PartnerDeductions::Store(const Deduction& deduction) const
 {
+    if (IsStored(deduction))
+        return;
     std::vector<Value> values{run_.Glcode, deduction.type};
     if (run_.GLminor != 0)
         values.emplace_back(run_.GLminor);

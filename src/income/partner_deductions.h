@@ -20,8 +20,8 @@ class PartnerDeductions {
     void TakeInterestFromPartners();
     /// Calculates the remuneration once after a line of business was open, unless the firm keeps it by hand.
     void RefreshRemuneration();
-    /// Deducts the most that the law allows, and stores it.
-    void CalculateMaximum();
+    /// Deducts the most that the law allows. True when another amount was stored than before.
+    bool CalculateMaximum();
 
     frmbusiness& form;
     label lblpart1;

@@ -20,11 +20,6 @@ enum BusinessKind {
 /// `type` of a kind's rows in `business`.
 std::string_view TypeOf(BusinessKind kind);
 
-/// Deletes a line of business with everything that hangs on it, all or nothing. Speculation and specified lines have
-/// only their list rows and schedule cells; of the other kinds, rows that belong to no single line go for the whole
-/// assessee.
-void DeleteLine(const Run& run, BusinessKind kind, double sno);
-
 /// Deletes the schedule cells whose line of business is gone.
 void DeleteOrphanCells(const Run& run);
 

@@ -8,6 +8,7 @@
 
 #include <filesystem>
 #include <functional>
+#include <optional>
 #include <string>
 
 namespace pgbp {
@@ -20,6 +21,12 @@ struct Host {
     std::filesystem::path programFolder;               ///< settings, templates and sibling programs stand here
     std::function<DateTime()> now = Now;               ///< the clock
     std::function<void(bool)> hourglass = [](bool) {}; ///< the pointer while a sibling program runs
+};
+
+/// A line of business that was deleted, and the way back.
+struct Deletion {
+    std::string name;                ///< the line's descriptions
+    std::function<void()> bringBack; ///< stores it anew with all its rows, or throws and stores nothing
 };
 
 /// One run of the module: one assessee, one assessment year. All state of the run hangs here; the variables keep the
@@ -44,6 +51,9 @@ class Run : public HandOver {
     std::string GlLineDescr1;             ///< its descriptions, as they stand on the screen
     std::string GlLineDescr2;
     std::string GlHelpTopic; ///< topic of the help screen
+
+    std::optional<Deletion> deletion; ///< the last one; none once something was saved behind it
+    Event<> deletingLine;             ///< a line goes: sums of lines on a screen are loaded afresh, whatever comes of it
 
     Connection company;
     Connection balance;

@@ -14,10 +14,17 @@ Screen::Screen(Run& itsRun, std::string name, std::string captionText)
 
 void Screen::TellSaved(const std::string& what, double rupees)
 {
+    TellSaved(what);
     notice = what + " saved, " + FormatAmountIndian(Amount(rupees), kIndianGrouping) + ", " + TimeText(run.host.now());
 }
 
 void Screen::Close() { run.screens.Return(); }
+
+void Screen::TellSaved(const std::string& what)
+{
+    run.deletion.reset();
+    notice = what + " saved, " + TimeText(run.host.now());
+}
 
 void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
 

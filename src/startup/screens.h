@@ -38,8 +38,10 @@ class Screen : public Form {
 
     Run& run;
 
-    /// Tells in the status line that `what` was saved with its amount, and when.
+    /// Tells in the status line that `what` was saved with its amount, and when. What was deleted before can not be
+    /// brought back from then on.
     void TellSaved(const std::string& what, double rupees);
+    void TellSaved(const std::string& what);
 
     /// Comes before the first display.
     virtual void Open(const Opening&) {}

@@ -1,6 +1,7 @@
 #include "support/failing_store.h"
 
 #include "income/summary_under_test.h"
+#include "records/deletion.h"
 #include "services/format.h"
 #include "support/typing.h"
 
@@ -33,19 +34,42 @@ void StoreFirm(SummaryUnderTest& practice, bool byHand)
     practice.Balance().Insert("qelgeneral", {{"code", kCode}, {"Type", "BUSI"}, {"amt14", -1}});
 }
 
-/// A line is opened, stored with another income and other partners, and left.
-void ChangeALine(SummaryUnderTest& practice, frmbusiness& form)
+/// The screen of the line; none where the store did not let it open.
+Screen* OpenTheLine(SummaryUnderTest& practice, frmbusiness& form)
 {
     form.Click(form.cmd1);
     if (form.lines.fra1.visible)
         form.Press(Key::Enter);
-    if (practice.run->screens.OnDisplay() == &form) // the store did not let it open
+    Screen* line = practice.run->screens.OnDisplay();
+    return line == &form ? nullptr : line;
+}
+
+/// A line is opened, stored with another income and other partners, and left.
+void ChangeALine(SummaryUnderTest& practice, frmbusiness& form)
+{
+    if (!OpenTheLine(practice, form))
         return;
     practice.Company().Execute("update {business} set net = 800000");
     practice.Company().Execute("delete from {business1} where [Type] = 'PARTINTT'");
     practice.Detail("PARTINTT", {{"SNO", 3}, {"amt1", 70000}, {"amt3", 60000}});
     practice.run->screens.Return();
 }
+
+/// A line is deleted; where the store refuses that, the preparer goes back.
+void DeleteALine(SummaryUnderTest& practice, frmbusiness& form)
+{
+    Screen* line = OpenTheLine(practice, form);
+    if (!line)
+        return;
+    line->Do([&] {
+        DeleteLine(*practice.run, kNormal, 3);
+        practice.run->screens.Return();
+    });
+    if (practice.run->screens.OnDisplay() == line)
+        line->Do([&] { practice.run->screens.Return(); });
+}
+
+void BringTheLineBack(SummaryUnderTest&, frmbusiness& form) { form.Press(Key::Undo); }
 
 void TypeAmount(frmbusiness& form, txtn& field, const char* amount)
 {
@@ -79,6 +103,11 @@ const Story kStories[] = {
      "05",
      [](auto& practice) { StoreFirm(practice, true); },
      {TypeBoth, LookAtTheReminder, Calculate}},
+    {"deleted", "05", [](auto& practice) { StoreFirm(practice, true); }, {DeleteALine}},
+    {"deleted, calculated and back",
+     "06",
+     [](auto& practice) { StoreFirm(practice, false); },
+     {DeleteALine, BringTheLineBack, LookAtTheReminder}},
     {"a line of an individual", "01", [](auto& practice) { StoreFirm(practice, false); }, {ChangeALine}},
 };
 

@@ -1,4 +1,4 @@
-#include "records/lines.h"
+#include "records/deletion.h"
 
 #include "records/keys.h"
 #include "records/limits.h"
@@ -87,6 +87,26 @@ class Lines : public testing::Test {
         return gone;
     }
 
+    /// All rows of the tables that a deletion touches, each as one text.
+    std::multiset<std::string> Everything() const
+    {
+        std::multiset<std::string> rows;
+        for (const auto& [file, table] : std::set<std::pair<std::string, std::string>>{{"company", "business"},
+                                                                                       {"company", "business1"},
+                                                                                       {"company", "capital1"},
+                                                                                       {"company", "misc_items"},
+                                                                                       {"balance", "fassets"},
+                                                                                       {"balance", "misc_items"},
+                                                                                       {"balance", "qelgeneral"}})
+            for (const Row row : On(file).Query("select * from {" + table + "}")) {
+                std::string text = file + ' ' + table;
+                for (std::size_t i = 0; i < row.Size(); ++i)
+                    text += '|' + (row.At(i).IsNull() ? "Null" : row.At(i).Text());
+                rows.insert(text);
+            }
+        return rows;
+    }
+
     EmptyPractice practice;
 };
 
@@ -128,6 +148,98 @@ TEST_F(Lines, AFailureInTheMiddleLeavesEverything)
     practice.Balance().Execute("create trigger fail before delete on qelgeneral begin select raise(abort, 'no'); end");
     EXPECT_THROW(DeleteLine(*practice.run, kNormal, 5), StoreError);
     EXPECT_TRUE(Gone().empty());
+}
+
+TEST_F(Lines, TheWayBackStoresEveryRowAsItWas)
+{
+    // another program keeps a column of its own there
+    practice.Company().Execute("alter table business1 add column remark text");
+    practice.Company().Execute("update business1 set remark = 'seen', amt3 = 0.1, flag1 = 1 where sno = 5");
+    practice.Balance().Execute("update fassets set f_date = '2023-04-01 00:00:00', f_block = 1 where sno = 5");
+    practice.StartWithFilesAsTheyAre();
+    practice.run->company.Delete("from {business} where name2 = 'neighbour line'"); // its number is the line's own
+    for (const char* partners : {"PARTINTT", "PARTREMU"})
+        practice.run->company.Insert("business1",
+                                     {{"code", kCode}, {"Type", partners}, {"SNO", 5}, {"amt1", 70}, {"amt3", 60}});
+    for (const char* deduction : {"LESSINTT", "LESSREMU"})
+        practice.run->company.Insert("business1", {{"code", kCode}, {"Type", deduction}, {"amt1", 60}});
+    for (const BusinessKind kind : {kNormal, kSpecified, kPresumptive44AD, kTransport44AE}) {
+        const auto before = Everything();
+        DeleteLine(*practice.run, kind, 5);
+        ASSERT_TRUE(practice.run->deletion);
+        EXPECT_NE(Everything(), before);
+        practice.run->deletion->bringBack();
+        EXPECT_EQ(Everything(), before) << kind;
+    }
+}
+
+TEST_F(Lines, ALineComesBackUnderAnotherNumberWhereItsOwnIsTaken)
+{
+    practice.run->company.Insert("business1", {{"code", kCode}, {"Type", "560"}, {"SNO", 5}, {"name1", "second"}});
+    DeleteLine(*practice.run, kNormal, 5);
+    practice.run->company.Insert("business", {{"code", "C0003r2023-24"}, {"SNO", 5}});
+    practice.run->balance.Insert("qelgeneral", {{"code", kCode}, {"Type", "NEWPLA"}, {"name1", "newer"}});
+    practice.run->deletion->bringBack();
+    const auto& company = practice.run->company;
+    const double sno = company.Scalar("select sno from {business} where name2 = 'line'").Number();
+    EXPECT_EQ(sno, 7);
+    const Recordset details =
+        company.Query("select name1 from {business1} where code = ? and sno = ? order by rowid", kCode, sno);
+    ASSERT_EQ(details.Size(), 2U);
+    EXPECT_EQ(details[0].At(0).Text(), "detail") << "in the order in which they were added";
+    EXPECT_EQ(practice.run->balance.Scalar("select amt2 from {qelgeneral} where name1 = 'cell'").Number(), sno);
+    EXPECT_EQ(company.Scalar("select sno from {misc_items} where name1 = 'bad debt'").Number(), 6)
+        << "a row of the assessee as a whole keeps its number";
+    EXPECT_EQ(Gone(), Names{"adjustment cell"}) << "what was stored since is newer";
+}
+
+TEST_F(Lines, AWayBackThatFailsStoresNothingAndStaysOpen)
+{
+    DeleteLine(*practice.run, kNormal, 5);
+    const auto gone = Gone();
+    practice.Balance().Execute("create trigger fail before insert on qelgeneral begin select raise(abort, 'no'); end");
+    EXPECT_THROW(practice.run->deletion->bringBack(), StoreError);
+    EXPECT_EQ(Gone(), gone);
+    practice.Balance().Execute("drop trigger fail");
+    practice.run->deletion->bringBack();
+    EXPECT_TRUE(Gone().empty());
+}
+
+TEST_F(Lines, TheDeductionsGoWithTheLastPartners)
+{
+    struct {
+        const char* what;
+        double interestOfLine, payOfLine;   ///< of the partners of the line that is deleted
+        double interestOfOther, payOfOther; ///< of those of another line
+        bool interestStays, remunerationStays;
+    } const rows[] = {
+        {"the only partners", 10, 20, 0, 0, false, false},
+        {"partners of another line", 10, 20, 10, 20, true, true},
+        {"others without pay", 10, 20, 10, 0, true, false},
+        {"typed, no partners", 0, 0, 0, 0, true, true},
+        {"partners without interest", 0, 20, 0, 0, true, false},
+    };
+    for (const auto& row : rows) {
+        const auto& company = practice.run->company;
+        company.Delete("from {business1}");
+        company.Delete("from {business} where sno = 5");
+        company.Insert("business", {{"code", kCode}, {"Type", "1"}, {"SNO", 5}});
+        const auto partner = [&](double sno, double interest, double pay) {
+            company.Insert("business1",
+                           {{"code", kCode}, {"Type", "PARTINTT"}, {"SNO", sno}, {"amt1", 90}, {"amt3", interest}});
+            company.Insert("business1", {{"code", kCode}, {"Type", "PARTREMU"}, {"SNO", sno}, {"amt1", pay}});
+        };
+        partner(5, row.interestOfLine, row.payOfLine);
+        partner(6, row.interestOfOther, row.payOfOther);
+        for (const char* deduction : {"LESSINTT", "LESSREMU"})
+            company.Insert("business1", {{"code", kCode}, {"Type", deduction}, {"amt1", 5}});
+        DeleteLine(*practice.run, kNormal, 5);
+        const auto stands = [&](const char* type) {
+            return !company.Query("select code from {business1} where [Type] = ?", type).Empty();
+        };
+        EXPECT_EQ(stands("LESSINTT"), row.interestStays) << row.what;
+        EXPECT_EQ(stands("LESSREMU"), row.remunerationStays) << row.what;
+    }
 }
 
 TEST_F(Lines, OrphanCellsGoAndThoseOfScreensStay)

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <fstream>
 #include <sstream>
@@ -8,12 +9,13 @@
 
 namespace pgbp {
 
-/// A folder that is gone when the test is over.
+/// A folder that is gone when the test is over; in memory where there is room, since hundreds of practices are made and
+/// written to.
 class TemporaryFolder {
   public:
     TemporaryFolder()
     {
-        std::string pattern = (std::filesystem::temp_directory_path() / "pgbp-test-XXXXXX").string();
+        std::string pattern = (Place() / "pgbp-test-XXXXXX").string();
         path_ = mkdtemp(pattern.data());
     }
     ~TemporaryFolder()
@@ -38,6 +40,15 @@ class TemporaryFolder {
     }
 
   private:
+    static std::filesystem::path Place()
+    {
+        constexpr std::uintmax_t kRoom = 1U << 30;
+        const std::filesystem::path memory = "/dev/shm";
+        std::error_code none;
+        const auto space = std::filesystem::space(memory, none);
+        return !none && space.available > kRoom ? memory : std::filesystem::temp_directory_path();
+    }
+
     std::filesystem::path path_;
 };
 
