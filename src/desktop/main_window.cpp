@@ -55,7 +55,16 @@ class ScreenDialog : public QDialog {
 constexpr int kLeastTitle = 40 * kUnit;
 constexpr int kWidestName = 140 * kUnit;
 
-/// What stands behind the client's name.
+/// What stands behind the client's name in the heading.
+QString Heading(const Run& run)
+{
+    QString heading = Text(run.Glyear) + "   " + Text(StatusInWords(run.Glstatus));
+    if (run.GLminor != 0)
+        heading += "   " + Text(run.IncomeOf());
+    return heading;
+}
+
+/// What stands behind the client's name in the status line.
 QString StatusLine(const Run& run)
 {
     QString line;
@@ -66,7 +75,8 @@ QString StatusLine(const Run& run)
     add(!run.Glyear.empty(), "A.Y. " + Text(run.Glyear));
     add(true, Text(StatusInWords(run.Glstatus)));
     add(run.GlITR != 0, "ITR-" + QString::number(run.GlITR));
-    add(run.GLlock != 0, "Locked");
+    add(run.GLminor != 0, Text(run.IncomeOf()));
+    add(run.GLlock != 0, "Locked: nothing can be keyed, Back writes the head of income anew");
     add(true, run.IsSqlStore ? "Store: database server" : "Store: files");
     return line;
 }
@@ -205,7 +215,7 @@ void MainWindow::ShowTexts(const Screen& page)
     const QString client = Text(run_.clientName);
     title_->Show(Text(page.caption));
     client_->Show(client);
-    year_->Show(Text(run_.Glyear) + "   " + Text(StatusInWords(run_.Glstatus)));
+    year_->Show(Heading(run_));
     statusClient_->Show(client);
     status_->Show(StatusLine(run_));
 }

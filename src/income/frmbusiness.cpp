@@ -79,6 +79,10 @@ void frmbusiness::LayOut()
                  .rows = std::move(rows),
                  .buttonsLeft = {&CmdGST, &cmdReport}});
     CmdBack.isDefault = true;
+    if (run.GLminor != 0)
+        CmdBack.toolTip = run.IncomeOf() + ": the head of income is written with the child's figures alone";
+    else if (run.GLlock != 0)
+        CmdBack.toolTip = "Nothing can be keyed; the head of income is written anew";
     bar = {&CmdBack};
 }
 

@@ -1,5 +1,6 @@
 #include "startup/run.h"
 
+#include "services/format.h"
 #include "services/text.h"
 #include "services/year.h"
 
@@ -8,6 +9,8 @@ namespace pgbp {
 int Run::Year() const { return YearNumber(Glyear); }
 
 std::string Run::Code() const { return Trim(Glcode); }
+
+std::string Run::IncomeOf() const { return GLminor == 0 ? "" : "Income of minor " + Rupees(GLminor); }
 
 Answer Run::Show(const std::string& text, const std::string& kind, Icon icon, Buttons buttons, Answer byDefault) const
 {

@@ -72,6 +72,8 @@ class Run : public HandOver {
     int Year() const;
     /// `Glcode` without blanks around it, as all tables hold it.
     std::string Code() const;
+    /// "Income of minor 1" in a child's run; empty in the assessee's own.
+    std::string IncomeOf() const;
 
     /// Shows a message; `kind` is what stands behind the title: "Information", "Question" ...
     Answer Show(const std::string& text, const std::string& kind, Icon icon, Buttons buttons = Buttons::Ok,
