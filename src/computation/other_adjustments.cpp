@@ -35,7 +35,8 @@ void OtherAdjustments::LayOut()
                        {{&Cmd35, &Lbl35c, &Lbl35}},
                        {{nullptr, &section10abc.chk10abc1}},
                        {{nullptr, &section10abc.chk10abc2}},
-                       {{&section10abc.cmd10abc, &section10abc.lbl10abcc, &section10abc.lbl10abc}}},
+                       {.cells = {&section10abc.cmd10abc, &section10abc.lbl10abcc, &section10abc.lbl10abc},
+                        .keepsPlace = true}},
               .buttonsRight = {&cmdbackother}});
     cmdbackother.isDefault = true;
 }

@@ -27,6 +27,7 @@ enum class RowStyle { Plain, Heading, Total, Final };
 struct LayoutRow {
     std::vector<Control*> cells;
     RowStyle style = RowStyle::Plain;
+    bool keepsPlace = false; ///< while it is hidden, too: it comes and goes while the preparer looks at the frame
 };
 
 /// How a frame is laid out. Rows give the order of the walk; what draws the form decides pixels.

@@ -29,12 +29,18 @@ class Veil : public QWidget {
 
 } // namespace
 
-CardLayer::CardLayer(const Form& form, QWidget* pages) : QWidget(pages), form_(form), veil_(new Veil(this))
+CardLayer::CardLayer(const Form& form, QWidget* over, QWidget* pages)
+    : QWidget(over), form_(form), pages_(pages), veil_(new Veil(this))
 {
-    pages->installEventFilter(this);
+    for (QWidget* room : {over, pages})
+        room->installEventFilter(this);
 }
 
-void CardLayer::Add(FrameView& card) { cards_.push_back(&card); }
+void CardLayer::Add(FrameView& card)
+{
+    cards_.push_back(&card);
+    card.widget()->installEventFilter(this);
+}
 
 FrameView& CardLayer::ViewOf(const frame* card) const
 {
@@ -48,13 +54,18 @@ void CardLayer::Arrange()
     if (isHidden())
         return;
     raise();
-    veil_->setGeometry(rect());
+    QRect covered = pages_->geometry();
     for (const frame* up : form_.Cards()) {
         const FrameView& card = ViewOf(up);
-        card.widget()->setGeometry(PlaceOf(card));
+        const QRect place = PlaceOf(card);
+        if (!covered.contains(place))
+            covered = rect();
+        card.widget()->setGeometry(place);
         veil_->raise();
         card.widget()->raise();
     }
+    veil_->setGeometry(covered);
+    setMask(covered);
 }
 
 QSize CardLayer::sizeHint() const
@@ -65,20 +76,24 @@ QSize CardLayer::sizeHint() const
     return room;
 }
 
-/// As large as its rows ask; a list or a grid takes three quarters of the room.
+/// As large as its rows ask; with a list or a grid at least as high as the page and three quarters as wide.
 QRect CardLayer::PlaceOf(const FrameView& card) const
 {
-    const QSize room = size() - kAround;
+    const QRect page = pages_->geometry();
+    const QSize ofPage = page.size() - kAround;
     const QSize asked = card.widget()->sizeHint();
-    const QSize wanted = card.TakesHeight() ? asked.expandedTo(room * 3 / 4) : asked;
-    QRect place(QPoint(), wanted.boundedTo(room));
-    place.moveCenter(rect().center());
+    const QSize wanted = card.TakesHeight() ? asked.expandedTo({ofPage.width() * 3 / 4, ofPage.height()}) : asked;
+    QRect place(QPoint(), wanted.boundedTo({ofPage.width(), height()}));
+    place.moveCenter(page.center());
+    const int lowest = std::max(rect().bottom() - place.height() + 1, 0);
+    place.moveTop(std::clamp(place.top(), std::min(kAround.height() / 2, lowest), lowest));
     return place;
 }
 
 bool CardLayer::eventFilter(QObject* object, QEvent* event)
 {
-    if (event->type() == QEvent::Resize)
+    const bool isOfRoom = object == pages_ || object == parentWidget();
+    if (event->type() == (isOfRoom ? QEvent::Resize : QEvent::LayoutRequest))
         Arrange();
     return QWidget::eventFilter(object, event);
 }

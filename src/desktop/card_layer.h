@@ -11,10 +11,12 @@ class FrameView;
 class frame;
 
 /// Lies over the main frame while a side frame is up: dims what lies below the card in front, keeps the mouse from it,
-/// and shows the card in the middle. The form's order of its cards is what is drawn.
+/// and shows the card in the middle. The form's order of its cards is what is drawn. A card that asks for more height
+/// takes that of the buttons below the page, too.
 class CardLayer : public QWidget {
   public:
-    CardLayer(const Form& form, QWidget* pages);
+    /// `over` is what it may cover, `pages` a part of that.
+    CardLayer(const Form& form, QWidget* over, QWidget* pages);
 
     void Add(FrameView& card);
     /// Shows itself while a card is up and puts the cards in their place.
@@ -32,6 +34,7 @@ class CardLayer : public QWidget {
     FrameView& ViewOf(const frame* card) const;
 
     const Form& form_;
+    QWidget* pages_;
     QWidget* veil_;
     std::vector<FrameView*> cards_;
 };

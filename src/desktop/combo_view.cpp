@@ -32,7 +32,7 @@ ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
     : ControlView(itsCombo, itsForm), combo_(itsCombo), box_(new DropBox(place.parent))
 {
     box_->setFixedHeight(RowHeight());
-    box_->setMinimumWidth(40 * kUnit);
+    box_->setMinimumWidth(30 * kUnit);
     box_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed); // as wide as a field of text
     box_->setEditable(combo_.editable);
     box_->setInsertPolicy(QComboBox::NoInsert);

@@ -47,6 +47,8 @@ void ControlView::FromModel()
     widget_->setToolTip(Text(control.toolTip));
 }
 
+QRect ControlView::Spot() const { return widget_->rect(); }
+
 bool ControlView::KeyPressed(const QKeyEvent& event)
 {
     const auto key = FormView::KeyOf(event);

@@ -3,6 +3,7 @@
 #include "controls/frame.h"
 
 #include <QObject>
+#include <QRect>
 
 #include <memory>
 
@@ -49,6 +50,12 @@ class ControlView {
     /// The press of the mouse that brings the focus only brings the focus.
     virtual bool KeepsFirstPress() const { return false; }
     virtual bool TakesHeight() const { return false; }
+    /// For what takes height: shows all rows at once, for a page that scrolls, or as many as there is room for.
+    virtual void ShowWhole(bool) {}
+    /// The height that showing all rows takes beyond the least; 0 while it does not.
+    virtual int BeyondLeast() const { return 0; }
+    /// The part of the widget that is to be in sight while it has the focus.
+    virtual QRect Spot() const;
     virtual bool IsEnabled() const;
 
   protected:

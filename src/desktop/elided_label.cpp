@@ -46,12 +46,33 @@ int ElidedLabel::TextWidth() const
     return width_;
 }
 
-QSize ElidedLabel::sizeHint() const { return {TextWidth() + 2 * margin_, fontMetrics().height()}; }
+void ElidedLabel::Wrap(int least)
+{
+    wraps_ = true;
+    GiveWay(least);
+}
+
+void ElidedLabel::resizeEvent(QResizeEvent* event)
+{
+    QLabel::resizeEvent(event);
+    if (!wraps_)
+        return;
+    const QRect column(0, 0, width() - 2 * margin_, QWIDGETSIZE_MAX);
+    setMinimumHeight(std::max(RowHeight(), fontMetrics().boundingRect(column, Qt::TextWordWrap, whole_).height()));
+}
+
+void ElidedLabel::Ask(int wanted, int least)
+{
+    wanted_ = wanted;
+    blank_ = least;
+}
+
+QSize ElidedLabel::sizeHint() const { return {std::max(wanted_, TextWidth() + 2 * margin_), fontMetrics().height()}; }
 
 QSize ElidedLabel::minimumSizeHint() const
 {
-    const QSize whole = sizeHint();
-    return least_ < 0 ? whole : QSize(std::min(least_, whole.width()), whole.height());
+    const int whole = TextWidth() + 2 * margin_;
+    return {std::max(blank_, least_ < 0 ? whole : std::min(least_, whole)), fontMetrics().height()};
 }
 
 QString ElidedLabel::Fitting() const
@@ -77,7 +98,11 @@ void ElidedLabel::paintEvent(QPaintEvent*)
         painter.drawRoundedRect(rect(), 3, 3);
     }
     painter.setPen(color_);
-    painter.drawText(rect().adjusted(margin_, 0, -margin_, 0), static_cast<int>(alignment()), Fitting());
+    const QRect inner = rect().adjusted(margin_, 0, -margin_, 0);
+    if (wraps_)
+        painter.drawText(inner, static_cast<int>(alignment() | Qt::TextWordWrap), whole_);
+    else
+        painter.drawText(inner, static_cast<int>(alignment()), Fitting());
 }
 
 } // namespace pgbp

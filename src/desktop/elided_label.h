@@ -19,12 +19,18 @@ class ElidedLabel : public QLabel {
     /// Lets the text be cut down to this width.
     void GiveWay(int least) { least_ = least; }
 
+    /// Gives way to this width by further lines.
+    void Wrap(int least);
+    /// Asks for a width beyond that of the text; down to `least` it is content with less.
+    void Ask(int wanted, int least);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
 
   protected:
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
   private:
@@ -37,7 +43,10 @@ class ElidedLabel : public QLabel {
     QColor background_;
     mutable int width_ = -1; ///< of the whole text; less than 0: not measured yet
     int margin_ = 0;
+    bool wraps_ = false;
     int least_ = -1; ///< less than 0: never cut
+    int wanted_ = 0; ///< width that it asks for beyond its text
+    int blank_ = 0;  ///< of that, what it does not give away
 };
 
 } // namespace pgbp

@@ -12,6 +12,7 @@
 #include <QKeyEvent>
 #include <QVBoxLayout>
 
+#include <algorithm>
 #include <utility>
 
 namespace pgbp {
@@ -39,9 +40,10 @@ void FormView::Build()
     pages_ = new QWidget(this);
     auto* pages = new QVBoxLayout(pages_);
     pages->setContentsMargins(0, 0, 0, 0);
-    cards_ = new CardLayer(form, pages_);
+    cards_ = new CardLayer(form, this, pages_);
     box->addWidget(pages_, 1);
     const ButtonRow buttons = AddButtonRow(*box);
+    box->addStretch(0);
     for (Control* control : form.controls())
         if (auto* top = dynamic_cast<frame*>(control); top && top->place == FramePlace::Main)
             AddMain(*top, buttons);
@@ -58,6 +60,7 @@ void FormView::AddMain(frame& main, const ButtonRow& buttons)
     auto& view = static_cast<FrameView&>(Add(main, {.parent = page->viewport()}));
     page->setWidget(view.widget());
     page->KeepInSight([&view] { return view.FinalRow(); });
+    page->onRoom = [&view](int height) { view.FitInto(height); };
     view.AddButtons(buttons);
     mains_.emplace_back(&main, page);
 }
@@ -179,9 +182,17 @@ void FormView::Refresh()
     for (const auto& [main, page] : mains_) {
         page->setVisible(main->visible);
         page->RefreshFoot();
+        if (main->visible)
+            pages_->setMaximumHeight(HighestOf(*main, *page));
     }
     cards_->Arrange();
     MoveFocus();
+}
+
+/// In a high window the buttons stay near the rows, unless a list takes the height there is.
+int FormView::HighestOf(const frame& main, const Page& page) const
+{
+    return Find(&main)->TakesHeight() ? QWIDGETSIZE_MAX : std::max(HighestPage(), page.sizeHint().height());
 }
 
 void FormView::RefreshSoon()
@@ -211,12 +222,11 @@ void FormView::MoveFocus()
         ShowFocused(*view);
 }
 
-/// Scrolls the page to the field with the focus.
-void FormView::ShowFocused(const ControlView& view)
+void FormView::ShowFocused(const ControlView& view) const
 {
     for (QWidget* around = view.widget()->parentWidget(); around && around != this; around = around->parentWidget())
         if (auto* page = dynamic_cast<Page*>(around))
-            page->ScrollTo(*view.widget());
+            page->ScrollTo(view.Spot().translated(view.widget()->mapTo(page->widget(), QPoint())));
 }
 
 bool FormView::eventFilter(QObject* object, QEvent* event)

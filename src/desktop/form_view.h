@@ -34,6 +34,9 @@ class FormView : public QWidget {
     void Watch(QWidget* widget, ControlView& view);
     ControlView* Find(const Control* control) const;
 
+    /// Scrolls the page to the view that has the focus.
+    void ShowFocused(const ControlView& view) const;
+
     /// The letter by which the button is pressed with Alt; 0 when there is none now.
     char Mnemonic(const PushControl& button) const;
 
@@ -63,9 +66,9 @@ class FormView : public QWidget {
     void Build();
     void AddMain(frame& main, const ButtonRow& buttons);
     void AddCards(bool all);
+    int HighestOf(const frame& main, const Page& page) const;
     void RefreshSoon();
     void MoveFocus();
-    void ShowFocused(const ControlView& view);
     bool MousePressed(ControlView& view);
 
     Actions& actions_;

@@ -70,6 +70,7 @@ void FrameView::Build(QWidget* parent)
         box->addWidget(page, 1);
         page->setWidget(Rows(page->viewport()));
         page->widget()->setAutoFillBackground(false);
+        page->onRoom = [this](int height) { FitInto(height); };
     } else {
         box->addWidget(Rows(panel), 1);
     }
@@ -89,7 +90,7 @@ QWidget* FrameView::Rows(QWidget* parent)
     rows_->setVerticalSpacing(kUnit);
     for (const LayoutRow& row : frame_.layout().rows)
         AddRow(row);
-    takesHeight_ ? FillWidth() : KeepTogether();
+    ofHeight_.empty() ? KeepTogether() : FillWidth();
     return page;
 }
 
@@ -142,9 +143,14 @@ ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int li
     const bool whole = IsWhole(row);
     const LayoutColumn kind = whole ? LayoutColumn::Field : frame_.layout().columns.at(column);
     ControlView& view = form.Add(cell, {rows_->parentWidget(), kind, row.style});
+    if (row.keepsPlace) {
+        QSizePolicy policy = view.widget()->sizePolicy();
+        policy.setRetainSizeWhenHidden(true);
+        view.widget()->setSizePolicy(policy);
+    }
     if (view.TakesHeight()) {
         rows_->setRowStretch(line, 1);
-        takesHeight_ = true;
+        ofHeight_.push_back(&view);
     }
     if (whole) {
         rows_->addWidget(view.widget(), line, 0);
@@ -152,7 +158,9 @@ ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int li
     } else if (IsBeside(row, column)) {
         PutBeside(view.widget(), line, column);
     } else {
-        rows_->addWidget(view.widget(), line, static_cast<int>(column), SideOf(cell, kind));
+        const bool runsOn = dynamic_cast<const check*>(&cell) && column + 1 == row.cells.size();
+        const int columns = runsOn ? ColumnCount() - static_cast<int>(column) : 1;
+        rows_->addWidget(view.widget(), line, static_cast<int>(column), 1, columns, SideOf(cell, kind));
     }
     return view;
 }
@@ -232,6 +240,41 @@ QRect FrameView::FinalRow() const
             return row.translated(rows_->parentWidget()->mapTo(widget(), QPoint())).adjusted(0, -kUnit, 0, kUnit);
         }
     return {};
+}
+
+bool FrameView::TakesHeight() const
+{
+    return std::any_of(ofHeight_.begin(), ofHeight_.end(),
+                       [](const auto* view) -> bool { return view->control.visible; });
+}
+
+void FrameView::FitInto(int height)
+{
+    int beyond = 0;
+    for (const ControlView* view : ofHeight_)
+        beyond += view->BeyondLeast();
+    const QWidget& content = *(frame_.place == FramePlace::Card ? rows_->parentWidget() : widget());
+    const int least = content.minimumSizeHint().height() - beyond - Gaps() * rows_->verticalSpacing();
+    const int spacing = least + Gaps() * kUnit <= height ? kUnit : kUnit / 2;
+    for (ControlView* view : ofHeight_)
+        view->ShowWhole(least + Gaps() * spacing > height);
+    if (spacing != rows_->verticalSpacing())
+        rows_->setVerticalSpacing(spacing);
+}
+
+/// Spaces between rows that are there.
+int FrameView::Gaps() const
+{
+    int rows = 0;
+    for (int line = 0; line < rows_->rowCount(); ++line) {
+        bool isThere = false;
+        for (int column = 0; !isThere && column < rows_->columnCount(); ++column) {
+            QLayoutItem* item = rows_->itemAtPosition(line, column);
+            isThere = item && !item->isEmpty();
+        }
+        rows += isThere ? 1 : 0;
+    }
+    return std::max(0, rows - 1);
 }
 
 void FrameView::FromModel()

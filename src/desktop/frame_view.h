@@ -24,9 +24,13 @@ class FrameView : public ControlView {
     FrameView(frame& itsFrame, FormView& itsForm, const Place& place);
 
     void FromModel() override;
-    bool TakesHeight() const override { return takesHeight_; }
+    bool TakesHeight() const override;
 
     void AddButtons(const ButtonRow& row);
+
+    /// Makes the rows fit into a page of this height. Where they can not, the page scrolls as one: what has rows of its
+    /// own shows them all.
+    void FitInto(int height);
 
     /// The place of the final figure with the line above it; empty when there is none.
     QRect FinalRow() const;
@@ -55,6 +59,7 @@ class FrameView : public ControlView {
     ControlView& AddCell(const LayoutRow& row, std::size_t column, int line);
     void PutBeside(QWidget* widget, int line, std::size_t column);
     void Spread(Wide& wide, Columns over);
+    int Gaps() const;
     /// The columns from the first to the last one that is seen.
     Columns Seen(bool withButtons) const;
     bool IsBeside(const LayoutRow& row, std::size_t column) const;
@@ -66,7 +71,7 @@ class FrameView : public ControlView {
     QGridLayout* rows_ = nullptr;
     QHBoxLayout* beside_ = nullptr; ///< the number of the row in hand with the buttons behind it
     std::vector<Wide> wide_;
-    bool takesHeight_ = false;
+    std::vector<ControlView*> ofHeight_; ///< cells that take the height that is left
 };
 
 } // namespace pgbp

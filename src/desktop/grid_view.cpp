@@ -13,6 +13,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -93,13 +94,32 @@ class GridModel : public QAbstractTableModel {
 
 namespace {
 
+constexpr int kWantedText = 28 * kUnit;
 constexpr int kLeastText = 18 * kUnit; ///< of a text column; narrower, and the grid scrolls
+
+int LeastHeight() { return 6 * GridRowHeight(); }
+
+/// Asks for the height of all its rows.
+class Rows : public QTableView {
+  public:
+    using QTableView::QTableView;
+
+    int wantedWidth = 0;
+
+    QSize sizeHint() const override
+    {
+        const int rows = model() ? model()->rowCount() * GridRowHeight() : 0;
+        const int bar = horizontalScrollBar()->isVisibleTo(this) ? horizontalScrollBar()->sizeHint().height() : 0;
+        const int height = horizontalHeader()->height() + rows + bar + 2 * kUnit;
+        return {wantedWidth, std::max(height, LeastHeight())};
+    }
+};
 
 } // namespace
 
 GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
     : ControlView(itsGrid, itsForm), grid_(itsGrid), model_(std::make_unique<GridModel>(itsGrid)),
-      box_(new QWidget(place.parent)), table_(new QTableView(box_))
+      box_(new QWidget(place.parent)), table_(new Rows(box_))
 {
     auto* below = new QVBoxLayout(box_);
     below->setContentsMargins(0, 0, 0, 0);
@@ -143,7 +163,13 @@ void GridView::Dress()
     table_->setSelectionBehavior(QTableView::SelectRows);
     table_->setSelectionMode(QTableView::ExtendedSelection);
     table_->setHorizontalScrollMode(QTableView::ScrollPerPixel);
-    table_->setMinimumSize(120 * kUnit, 6 * GridRowHeight());
+    table_->setMinimumSize(90 * kUnit, LeastHeight());
+    int wanted = 0;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
+        wanted += its.kind == GridColumnKind::Text ? kWantedText * its.weight : FixedWidth(column);
+    }
+    static_cast<Rows*>(table_)->wantedWidth = wanted;
     QHeaderView* rows = table_->verticalHeader();
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
@@ -166,12 +192,35 @@ void GridView::FromModel()
     const bool wasStale = std::exchange(stale_, false);
     if (wasStale) {
         model_->Reload();
+        table_->updateGeometry(); // for another number of rows
         ShowFoot();
         ShareWidth();
     }
     FollowCurrentRow();
     if (wasStale)
-        table_->scrollTo(table_->currentIndex());
+        ShowCurrentRow();
+}
+
+void GridView::ShowCurrentRow()
+{
+    table_->scrollTo(table_->currentIndex());
+    if (BeyondLeast() > 0 && form.form.focused() == &grid_)
+        form.ShowFocused(*this);
+}
+
+void GridView::ShowWhole(bool whole)
+{
+    const int height = whole ? table_->sizeHint().height() : LeastHeight();
+    if (table_->minimumHeight() != height)
+        table_->setMinimumHeight(height);
+}
+
+int GridView::BeyondLeast() const { return table_->minimumHeight() - LeastHeight(); }
+
+QRect GridView::Spot() const
+{
+    const QRect row = table_->visualRect(table_->currentIndex());
+    return row.isValid() ? row.translated(table_->viewport()->mapTo(box_, QPoint())) : box_->rect();
 }
 
 void GridView::ShowFoot()

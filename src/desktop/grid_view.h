@@ -20,6 +20,9 @@ class GridView : public ControlView {
     bool KeyPressed(const QKeyEvent& event) override;
     bool Noticed(QEvent& event) override;
     bool TakesHeight() const override { return true; }
+    void ShowWhole(bool whole) override;
+    int BeyondLeast() const override;
+    QRect Spot() const override;
     QWidget* keyboard() const override;
 
   protected:
@@ -31,6 +34,7 @@ class GridView : public ControlView {
     int FixedWidth(int column) const; ///< 0 for a text, which shares what is left
     void ShowFoot();
     void FollowCurrentRow();
+    void ShowCurrentRow();
     void Copy() const;
 
     grid& grid_;

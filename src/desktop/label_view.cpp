@@ -9,7 +9,7 @@ namespace pgbp {
 namespace {
 
 constexpr int kAmountMargin = 2 * kUnit;
-constexpr int kLeastCaption = 50 * kUnit; ///< narrower, and the page scrolls
+constexpr int kLeastCaption = 40 * kUnit; ///< narrower, and the page scrolls
 
 Type TypeOf(const label& label, const Place& place)
 {
@@ -31,7 +31,7 @@ LabelView::LabelView(label& itsLabel, FormView& itsForm, const Place& place)
         text_->setFont(FontOf(type));
     text_->setMinimumHeight(RowHeight());
     if (place.OfAmounts()) {
-        text_->setMinimumWidth(AmountWidth());
+        text_->Ask(AmountWidth(), LeastAmount());
         text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
     if (label_.look == LabelLook::Amount)
@@ -42,6 +42,8 @@ LabelView::LabelView(label& itsLabel, FormView& itsForm, const Place& place)
         text_->SetMargin(kAmountMargin); // an amount is never cut: its column grows
     else
         text_->GiveWay(kLeastCaption);
+    if (place.OfAmounts() && place.style == RowStyle::Heading)
+        text_->Wrap(LeastAmount());
     Shows(text_);
 }
 

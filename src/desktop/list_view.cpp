@@ -8,7 +8,14 @@
 #include <QListWidget>
 #include <QMouseEvent>
 
+#include <algorithm>
+
 namespace pgbp {
+namespace {
+
+int LeastHeight() { return 6 * GridRowHeight(); }
+
+} // namespace
 
 ListView::ListView(list& itsList, FormView& itsForm, const Place& place)
     : ControlView(itsList, itsForm), list_(itsList), rows_(new QListWidget(place.parent))
@@ -17,7 +24,7 @@ ListView::ListView(list& itsList, FormView& itsForm, const Place& place)
     rows_->setItemDelegate(new CellDelegate(*rows_, 0));
     rows_->setUniformItemSizes(true);
     rows_->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-    rows_->setMinimumSize(80 * kUnit, 6 * GridRowHeight());
+    rows_->setMinimumSize(80 * kUnit, LeastHeight());
     form.Watch(rows_, *this);
     form.Watch(rows_->viewport(), *this);
     QObject::connect(rows_, &QListWidget::clicked, &connections,
@@ -30,6 +37,23 @@ void ListView::FromModel()
     ControlView::FromModel();
     ShowItems();
     rows_->setCurrentRow(list_.current() - 1);
+}
+
+/// With the empty spot below the last one.
+void ListView::ShowWhole(bool whole)
+{
+    const int rows = (rows_->count() + 1) * GridRowHeight() + 2 * kUnit;
+    const int height = whole ? std::max(rows, LeastHeight()) : LeastHeight();
+    if (rows_->minimumHeight() != height)
+        rows_->setMinimumHeight(height);
+}
+
+int ListView::BeyondLeast() const { return rows_->minimumHeight() - LeastHeight(); }
+
+QRect ListView::Spot() const
+{
+    const QRect row = rows_->visualItemRect(rows_->currentItem());
+    return row.isValid() ? row.translated(rows_->viewport()->mapTo(rows_, QPoint())) : rows_->rect();
 }
 
 void ListView::ShowItems()

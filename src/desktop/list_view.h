@@ -15,6 +15,9 @@ class ListView : public ControlView {
     void FromModel() override;
     bool Noticed(QEvent& event) override;
     bool TakesHeight() const override { return true; }
+    void ShowWhole(bool whole) override;
+    int BeyondLeast() const override;
+    QRect Spot() const override;
 
   protected:
     bool Wants(Key) const override { return true; }

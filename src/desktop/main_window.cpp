@@ -244,6 +244,14 @@ void MainWindow::Drop(const std::function<bool(const Shown&)>& unwanted)
             shown_.erase(shown_.begin() + static_cast<std::ptrdiff_t>(i));
 }
 
+/// A wide window has the page in its middle.
+void MainWindow::resizeEvent(QResizeEvent* event)
+{
+    const int side = std::max(0, (width() - WidestPage()) / 2);
+    layout()->setContentsMargins(side, 0, side, 0);
+    QWidget::resizeEvent(event);
+}
+
 void MainWindow::closeEvent(QCloseEvent* event)
 {
     event->ignore();

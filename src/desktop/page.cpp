@@ -2,6 +2,7 @@
 
 #include "desktop/theme.h"
 
+#include <QEvent>
 #include <QHBoxLayout>
 #include <QPainter>
 #include <QScrollBar>
@@ -58,19 +59,34 @@ void Page::RefreshFoot()
     foot_->update();
 }
 
-void Page::ScrollTo(QWidget& field)
+void Page::ScrollTo(const QRect& part)
 {
     const int foot = foot_ ? foot_->height() : 0;
-    ensureWidgetVisible(&field, kPadding, kPadding + foot);
+    const QPoint middle = part.center();
+    ensureVisible(middle.x(), middle.y(), part.width() / 2 + kPadding, part.height() / 2 + kPadding + foot);
 }
 
 void Page::resizeEvent(QResizeEvent* event)
 {
+    if (onRoom)
+        onRoom(height());
     QScrollArea::resizeEvent(event);
     RefreshFoot();
 }
 
-QSize Page::minimumSizeHint() const { return {60 * kUnit, 20 * kUnit}; }
+/// What the page stands in learns that the content asks for another size.
+bool Page::eventFilter(QObject* object, QEvent* event)
+{
+    if (object == widget() && event->type() == QEvent::LayoutRequest) {
+        widget()->layout()->activate();
+        if (onRoom)
+            onRoom(height());
+        updateGeometry();
+    }
+    return QScrollArea::eventFilter(object, event);
+}
+
+QSize Page::minimumSizeHint() const { return QSize(60 * kUnit, 20 * kUnit).boundedTo(sizeHint()); }
 
 ButtonRow AddButtonRow(QBoxLayout& box)
 {

@@ -20,14 +20,18 @@ class Page : public QScrollArea {
     void KeepInSight(std::function<QRect()> rows);
     /// Makes the foot like the content.
     void RefreshFoot();
-    /// Scrolls so far that the field is seen.
-    void ScrollTo(QWidget& field);
+    /// Scrolls so far that this part of the content is seen.
+    void ScrollTo(const QRect& part);
+
+    /// Called with the height there is whenever it or the content changes.
+    std::function<void(int height)> onRoom;
 
     QSize sizeHint() const override { return widget()->sizeHint(); }
     QSize minimumSizeHint() const override;
 
   protected:
     void resizeEvent(QResizeEvent* event) override;
+    bool eventFilter(QObject* object, QEvent* event) override;
 
   private:
     std::function<QRect()> rowsOfFoot_;

@@ -5,13 +5,77 @@
 #include "desktop/theme.h"
 
 #include <QCheckBox>
+#include <QHelpEvent>
 #include <QKeySequence>
 #include <QPalette>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStyleOptionButton>
+#include <QStylePainter>
 #include <QToolButton>
+#include <QToolTip>
+
+#include <algorithm>
+#include <type_traits>
 
 namespace pgbp {
+namespace {
+
+/// A button below a page: wide where there is room, its caption always whole.
+class BottomButton : public QPushButton {
+  public:
+    explicit BottomButton(QWidget* parent) : QPushButton(parent)
+    {
+        setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
+    }
+
+    QSize sizeHint() const override
+    {
+        return (minimumSizeHint() + QSize(4 * kUnit, 0)).expandedTo(QSize(22 * kUnit, 0));
+    }
+    QSize minimumSizeHint() const override { return QPushButton::sizeHint(); }
+};
+
+/// A tick or an option whose caption ends in dots where it does not fit, and is whole in the tip then.
+template <typename Button>
+class Giving : public Button {
+  public:
+    explicit Giving(QWidget* parent) : Button(parent) { this->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed); }
+
+    QSize minimumSizeHint() const override
+    {
+        const QSize whole = this->sizeHint();
+        return {std::min(whole.width(), 30 * kUnit), whole.height()};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QStyleOptionButton option;
+        this->initStyleOption(&option);
+        const QFontMetrics& metrics = option.fontMetrics;
+        const int room = metrics.size(Qt::TextShowMnemonic, option.text).width() - Missing();
+        if (Missing() > 0)
+            option.text = metrics.elidedText(option.text, Qt::ElideRight, room, Qt::TextShowMnemonic);
+        QStylePainter(this).drawControl(kElement, option);
+    }
+
+    bool event(QEvent* event) override
+    {
+        if (event->type() == QEvent::ToolTip && this->toolTip().isEmpty() && Missing() > 0)
+            QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), PlainCaption(this->text().toStdString()),
+                               this);
+        return Button::event(event);
+    }
+
+  private:
+    static constexpr QStyle::ControlElement kElement =
+        std::is_same_v<Button, QCheckBox> ? QStyle::CE_CheckBox : QStyle::CE_RadioButton;
+
+    int Missing() const { return this->sizeHint().width() - this->width(); }
+};
+
+} // namespace
 
 PushView::PushView(PushControl& itsControl, FormView& itsForm, QAbstractButton* button)
     : ControlView(itsControl, itsForm), push_(itsControl), button_(button)
@@ -36,14 +100,13 @@ void PushView::FromModel()
 QString PushView::Caption() const { return MarkedCaption(push_.caption, form.Mnemonic(push_)); }
 
 ButtonView::ButtonView(cmd& itsButton, FormView& itsForm, const Place& place)
-    : PushView(itsButton, itsForm, new QPushButton(place.parent))
+    : PushView(itsButton, itsForm, place.inRow ? new QPushButton(place.parent) : new BottomButton(place.parent))
 {
     auto* push = static_cast<QPushButton*>(button());
     push->setAutoDefault(false);
     push->setFixedHeight(RowHeight() + (place.inRow ? 0 : kUnit));
     push->setProperty(place.inRow ? "row" : "bottom", true);
     push->setProperty("main", itsButton.isDefault);
-    push->setMinimumWidth(place.inRow ? 0 : 22 * kUnit);
 }
 
 /// The buttons of a main frame stand below its page: they go with it.
@@ -68,7 +131,7 @@ void ImageView::FromModel()
 
 template <typename Kind, typename Button>
 TickView<Kind, Button>::TickView(Kind& itsTick, FormView& itsForm, const Place& place)
-    : PushView(itsTick, itsForm, new Button(place.parent)), tick_(itsTick)
+    : PushView(itsTick, itsForm, new Giving<Button>(place.parent)), tick_(itsTick)
 {
     button()->setAutoExclusive(false);
     button()->setMinimumHeight(RowHeight());

@@ -19,6 +19,26 @@ namespace {
 constexpr int kShortest = 8;
 constexpr int kLongest = 40;
 
+constexpr int kLeastField = 30 * kUnit; ///< narrower, and the page scrolls
+
+/// A field that is narrower than it asks for where there is little room.
+class Line : public QLineEdit {
+  public:
+    Line(QWidget* parent) : QLineEdit(parent) {}
+
+    void Ask(int wanted, int least)
+    {
+        wanted_ = wanted;
+        least_ = least;
+    }
+    QSize sizeHint() const override { return {wanted_, RowHeight()}; }
+    QSize minimumSizeHint() const override { return {least_, RowHeight()}; }
+
+  private:
+    int wanted_ = 0;
+    int least_ = 0;
+};
+
 } // namespace
 
 TextView::TextView(TextBox& itsBox, FormView& itsForm, const Place& place) : ControlView(itsBox, itsForm), box_(itsBox)
@@ -30,16 +50,19 @@ TextView::TextView(TextBox& itsBox, FormView& itsForm, const Place& place) : Con
 
 void TextView::MakeLine(const Place& place)
 {
-    line_ = new QLineEdit(place.parent);
+    auto* line = new Line(place.parent);
+    line_ = line;
     line_->setAcceptDrops(false);
     line_->setFixedHeight(RowHeight());
     if (place.OfAmounts() || dynamic_cast<NumberBox*>(&box_)) {
         line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         line_->setProperty("figures", true);
-        line_->setFixedWidth(AmountWidth());
+        line->Ask(AmountWidth(), LeastAmount());
+        line_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
     } else {
         const int characters = box_.maxLength > 0 ? std::clamp(box_.maxLength, kShortest, kLongest) : kLongest;
-        line_->setMinimumWidth(line_->fontMetrics().averageCharWidth() * characters + 4 * kUnit);
+        const int wanted = line_->fontMetrics().averageCharWidth() * characters + 4 * kUnit;
+        line->Ask(wanted, std::min(wanted, kLeastField));
     }
     sync_ = std::make_unique<TextSync>(box_, form, MakeEditor(*line_));
     Shows(line_);

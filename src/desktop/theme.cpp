@@ -109,6 +109,8 @@ QPushButton:hover { background: @accent-soft; }
 QPushButton:pressed { background: @line; }
 QPushButton:focus { border: 2px solid @accent; padding: 0 12px; }
 QPushButton[row="true"]:focus { padding: 0 8px; }
+QPushButton[bottom="true"] { padding: 0 5px; }
+QPushButton[bottom="true"]:focus { padding: 0 4px; }
 QPushButton[main="true"] { background: @accent; color: @panel; border-color: @accent; }
 QPushButton[main="true"]:hover { background: @accent; }
 QPushButton[main="true"]:focus { border: 2px solid @text; }
@@ -213,6 +215,16 @@ int AmountWidth()
     static const int width = QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')) + 4 * kUnit;
     return width;
 }
+
+int LeastAmount()
+{
+    static const int width = QFontMetrics(FontOf(Type::Base)).horizontalAdvance("00,00,00,000.00") + 4 * kUnit;
+    return width;
+}
+
+int WidestPage() { return 57 * RowHeight(); }
+
+int HighestPage() { return 27 * RowHeight(); }
 
 void PaintArrow(QPainter& painter, const QRectF& box)
 {

@@ -4,6 +4,7 @@
 
 #include <QLineEdit>
 #include <QScrollArea>
+#include <QScrollBar>
 #include <QTableView>
 
 using namespace pgbp;
@@ -40,6 +41,8 @@ class Pages : public ShownForm {
 
 TEST_F(Pages, AlignAmountsOnOneEdgeAndGiveNoRoomToWhatIsHidden)
 {
+    view.resize(1100, 1000);
+    Settle();
     EXPECT_EQ(PlaceOf(form.amount).right(), PlaceOf(form.total).right());
     EXPECT_EQ(PlaceOf(form.amountP).right(), PlaceOf(form.totalP).right());
     const int below = PlaceOf(form.totalCaption).top();
@@ -111,6 +114,101 @@ TEST_F(Pages, KeepTheFinalFigureInSight)
     EXPECT_FALSE(isSeenAtTheFoot());
 }
 
+/// Scroll bars that can be moved, from the widget up to the form.
+class Cards : public Pages {
+  protected:
+    static int ScrollBars(const QWidget& from, Qt::Orientation orientation)
+    {
+        int bars = 0;
+        for (const QWidget* widget = &from; widget; widget = widget->parentWidget())
+            if (const auto* area = qobject_cast<const QAbstractScrollArea*>(widget)) {
+                const QScrollBar& bar =
+                    orientation == Qt::Vertical ? *area->verticalScrollBar() : *area->horizontalScrollBar();
+                bars += bar.maximum() > bar.minimum() ? 1 : 0;
+            }
+        return bars;
+    }
+
+    void OpenSide(int rows)
+    {
+        view.Act([&] {
+            form.siderows.SetRows(
+                std::vector<std::vector<std::string>>(static_cast<std::size_t>(rows), {"1", "x", "5"}));
+            form.siderows.SetCurrentRow(rows);
+            form.side.visible = true;
+        });
+        Settle();
+    }
+};
+
+TEST_F(Cards, ScrollAsOnePageWithTheirButtonsFixed)
+{
+    struct {
+        QSize room;
+        int bars;
+    } const cases[] = {{{1366, 700}, 1}, {{640, 300}, 1}, {{640, 700}, 1}};
+    OpenSide(60);
+    for (const auto& [room, bars] : cases) {
+        view.resize(room);
+        Settle();
+        EXPECT_EQ(ScrollBars(WidgetOf<QTableView>(form.siderows), Qt::Vertical), bars) << room.width();
+        EXPECT_EQ(ScrollBars(WidgetOf<QTableView>(form.siderows), Qt::Horizontal), 0) << room.width();
+        EXPECT_TRUE(view.rect().contains(PlaceOf(form.cmdcancel)));
+        Focus(form.siderows);
+        auto& table = WidgetOf<QTableView>(form.siderows);
+        for (const Qt::Key key : {Qt::Key_Home, Qt::Key_End}) {
+            Press(key);
+            Settle();
+            const QRect row = table.visualRect(table.currentIndex());
+            EXPECT_FALSE((table.viewport()->visibleRegion() & row).isEmpty()) << room.height();
+        }
+    }
+}
+
+TEST_F(Cards, GrowWithARowThatAppearsWhileTheyAreUp)
+{
+    OpenSide(1);
+    view.Act([&] { form.siderows.visible = form.sideamount.visible = form.cmdadd.visible = false; });
+    Settle();
+    const int heightWithout = view.Find(&form.side)->widget()->height();
+    view.Act([&] { form.sideamount.visible = true; });
+    Settle();
+    EXPECT_GE(view.Find(&form.side)->widget()->height(), heightWithout + RowHeight());
+    EXPECT_EQ(ScrollBars(*KeyboardOf(form.sideamount), Qt::Vertical), 0);
+}
+
+TEST_F(Cards, LeaveThePlaceOfARowThatComesAndGoes)
+{
+    OpenSide(1);
+    const QRect rows = PlaceOf(form.siderows);
+    view.Act([&] { form.sidenote.visible = false; });
+    Settle();
+    EXPECT_EQ(PlaceOf(form.siderows), rows);
+}
+
+TEST_F(Pages, KeepTheirButtonsNearTheirRowsUnlessAListTakesTheHeight)
+{
+    view.resize(1366, 1300);
+    Settle();
+    EXPECT_GT(PlaceOf(form.CmdBack).top(), 1200);
+    class Short : public Form {
+      public:
+        explicit Short(MessageBoxes& boxes) : Form("Short", "Short", boxes, "Vorn")
+        {
+            framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&name}}}});
+            bar = {&CmdBack};
+        }
+        frame framain{*this, "framain", "", FramePlace::Main};
+        txt name{*this, "name"};
+        cmd CmdBack{*this, "CmdBack", "&Back"};
+    } shortForm(boxes);
+    FormView shortView(shortForm, actions);
+    shortView.resize(1366, 1300);
+    shortView.show();
+    Settle();
+    EXPECT_LT(shortView.Find(&shortForm.CmdBack)->widget()->geometry().bottom(), HighestPage() + 3 * RowHeight());
+}
+
 TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
 {
     view.Act([&] { form.Raise(form.side, form.sidetext); });
@@ -123,6 +221,7 @@ TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
 
 TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
 {
+    view.resize(1100, 1000);
     const auto& table = WidgetOf<QTableView>(form.lines);
     view.Act([&] {
         form.lines.SetRows(std::vector<std::vector<std::string>>(90, {"1", "Shop", "10.00"}));

@@ -41,7 +41,10 @@ class SampleForm : public Form {
                               {{nullptr, &netCaption, nullptr, &net}, RowStyle::Final}},
                      .buttonsLeft = {&cmddetails}});
         side.Lay({.columns = {LayoutColumn::Field, LayoutColumn::Button},
-                  .rows = {{{&sidetext}}, {{&sideamount, &cmdadd}}, {{&siderows}}},
+                  .rows = {{{&sidetext}},
+                           {.cells = {&sidenote}, .keepsPlace = true},
+                           {{&sideamount, &cmdadd}},
+                           {{&siderows}}},
                   .buttonsRight = {&cmdcancel}});
         side.onEscape = [this] { cmdcancel.Click(); };
         bar = {&CmdBack};
@@ -80,6 +83,7 @@ class SampleForm : public Form {
     cmd cmddetails{*this, "cmddetails", "&Details"};
     frame side{*this, "side", "Side"};
     txt sidetext{*this, "sidetext"};
+    txt sidenote{*this, "sidenote"};
     txtn sideamount{*this, "sideamount"};
     cmd cmdadd{*this, "cmdadd", "&Add"};
     grid siderows{
