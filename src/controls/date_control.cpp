@@ -91,6 +91,16 @@ Verdict txtdate::Filter(char32_t character)
     return character < U'-' || character >= U':' || character == U'/' ? Verdict::Swallow : Verdict::Pass;
 }
 
+std::optional<std::string> txtdate::Pasted(std::string_view utf8)
+{
+    const DateReading reading = ReadDate(Trim(utf8));
+    Hint(reading.error.empty() ? "" : "Not taken: " + reading.error);
+    if (reading.date.empty())
+        return std::nullopt;
+    SelectAll();
+    return reading.date;
+}
+
 void txtdate::Choose(int day, int month, int year)
 {
     Set(DayText({year, month, day}));

@@ -43,6 +43,7 @@ class txtdate : public TextBox {
 
   protected:
     Verdict Filter(char32_t character) override;
+    std::optional<std::string> Pasted(std::string_view utf8) override; ///< one date, which replaces the whole text
 };
 
 } // namespace pgbp

@@ -1,7 +1,9 @@
 #include "controls/text_controls.h"
 
 #include "controls/form.h"
+#include "services/amount_text.h"
 #include "services/format.h"
+#include "services/text.h"
 #include "services/utf8.h"
 
 #include <algorithm>
@@ -70,14 +72,58 @@ void TextBox::ReplaceSelection(std::string_view utf8)
     const int count = CharacterCount(text());
     if (maxLength > 0 && count - selLength_ + CharacterCount(utf8) > maxLength)
         return;
-    const auto from = ByteOfCharacter(text(), std::min(selStart_, count));
-    const auto to = ByteOfCharacter(text(), std::min(selStart_ + selLength_, count));
-    std::string fresh = text().substr(0, from);
-    fresh.append(utf8).append(text(), to);
-    selStart_ += CharacterCount(utf8);
+    std::string fresh = WithSelection(utf8);
+    selStart_ = std::min(selStart_, count) + CharacterCount(utf8);
     selLength_ = 0;
     Set(std::move(fresh));
     changed();
+}
+
+std::string TextBox::WithSelection(std::string_view replaced) const
+{
+    const int count = CharacterCount(text());
+    const auto from = ByteOfCharacter(text(), std::min(selStart_, count));
+    const auto to = ByteOfCharacter(text(), std::min(selStart_ + selLength_, count));
+    return text().substr(0, from).append(replaced).append(text(), to);
+}
+
+void TextBox::Paste(std::string_view utf8)
+{
+    if (locked)
+        return;
+    const auto pasted = Pasted(utf8);
+    if (!pasted)
+        return;
+    const int length = CharacterCount(WithSelection(*pasted));
+    if (maxLength > 0 && length > maxLength)
+        return Hint("Not taken: " + std::to_string(length) + " characters, and there is room for " +
+                    std::to_string(maxLength));
+    ReplaceSelection(*pasted);
+}
+
+/// Line ends at the end are left out, others and tabs are blanks where there is one line; each character goes through
+/// the filters.
+std::optional<std::string> TextBox::Pasted(std::string_view utf8)
+{
+    constexpr std::string_view kLineEnds = "\r\n";
+    const auto last = utf8.find_last_not_of(kLineEnds);
+    std::string pasted;
+    for (char32_t character : Characters(Replace(utf8.substr(0, last + 1), "\r\n", "\n"))) {
+        const bool isBreak = character == U'\n' || character == U'\r' || character == U'\t';
+        if (isBreak)
+            character = multiLine && character != U'\t' ? U'\n' : U' ';
+        if ((isBreak || character >= U' ') && KeyPress(character) == Verdict::Pass)
+            pasted += Utf8(character);
+    }
+    Hint("");
+    return pasted;
+}
+
+void TextBox::Hint(std::string hint)
+{
+    if (!hint.empty() || form().notice.get() == hint_)
+        form().notice = hint;
+    hint_ = std::move(hint);
 }
 
 bool TextBox::KeyDown(Key key)
@@ -166,6 +212,32 @@ void NumberBox::TurnSign()
     Select(CharacterCount(text()), 0);
 }
 
+std::optional<std::string> NumberBox::Pasted(std::string_view utf8)
+{
+    const AmountReading reading = ReadAmount(utf8, deci);
+    Hint(reading.hint);
+    if (reading.text.empty())
+        return std::nullopt;
+    if (selLength() == 0)
+        SelectAll();
+    if (!WholeTextSelected() && !IsTypedAmount(WithSelection(reading.text), deci)) {
+        Hint("Not taken: with the digits beside it, it would be no amount");
+        return std::nullopt;
+    }
+    return reading.text;
+}
+
+/// A text that stood here before comes back as it was; any other is pasted over the whole.
+void NumberBox::Amend(std::string_view utf8)
+{
+    const std::string whole = WithSelection(utf8);
+    SelectAll();
+    if (locked || !IsTypedAmount(whole, deci))
+        return Paste(whole);
+    Set(whole);
+    Select(CharacterCount(whole), 0);
+}
+
 bool NumberBox::DecimalsAreFull() const
 {
     const auto point = text().find('.');
@@ -174,12 +246,7 @@ bool NumberBox::DecimalsAreFull() const
 }
 
 /// A double holds fifteen digits; a sixteenth would change the others.
-bool NumberBox::DigitsAreFull() const
-{
-    constexpr int kDigits = 15;
-    return selLength() == 0 &&
-           std::count_if(text().begin(), text().end(), [](char c) { return c >= '0' && c <= '9'; }) >= kDigits;
-}
+bool NumberBox::DigitsAreFull() const { return selLength() == 0 && DigitCount(text()) >= kAmountDigits; }
 
 bool Txtn1::KeyDown(Key key)
 {

@@ -2,6 +2,8 @@
 
 #include "controls/control.h"
 
+#include <optional>
+
 namespace pgbp {
 
 class MessageBoxes;
@@ -68,12 +70,23 @@ class TextBox : public TextControl {
     /// character itself; Type does both.
     Verdict KeyPress(char32_t& character);
 
+    /// A text from elsewhere - the clipboard, a drop, an input method - takes the place of the selection, or is refused
+    /// whole: then the text stays and a notice says why.
+    void Paste(std::string_view utf8);
+    /// What draws the box changed the selection to this by itself: it took back an edit, or made it again.
+    virtual void Amend(std::string_view utf8) { Paste(utf8); }
+
     bool TakesFocus() const override { return true; }
     void Enter() override; ///< selects the whole line, so that the first key replaces the old text
     bool KeyDown(Key key) override;
     bool Type(char32_t character) override;
 
   protected:
+    /// What a pasted text puts in place of the selection. Says in the notice why there is nothing.
+    virtual std::optional<std::string> Pasted(std::string_view utf8);
+    /// Says why a text is not taken; the next one that is taken clears it.
+    void Hint(std::string hint);
+
     enum class Walks { No, Yes };
     TextBox(Form& form, std::string_view name, Walks walks);
 
@@ -83,6 +96,9 @@ class TextBox : public TextControl {
     bool WholeTextSelected() const;
     Walks walks() const { return walks_; }
 
+    /// The text with the selection replaced.
+    std::string WithSelection(std::string_view replaced) const;
+
   private:
     void ReplaceSelection(std::string_view utf8);
     void Erase(Key key);
@@ -91,6 +107,7 @@ class TextBox : public TextControl {
     Walks walks_;
     int selStart_ = 0;
     int selLength_ = 0;
+    std::string hint_; ///< the notice that this box gave last
 };
 
 /// Free text; Up, Down and Enter walk through the fields.
@@ -107,15 +124,19 @@ class Txt1 : public TextBox {
     using TextBox::operator=;
 };
 
-/// An amount: digits, one point and a minus that turns the sign wherever the caret stands.
+/// An amount: digits, one point and a minus that turns the sign wherever the caret stands. A pasted text is read as one
+/// number; with no part of the text marked it replaces the whole.
 class NumberBox : public TextBox {
   public:
     using TextBox::operator=;
     int deci = 2; ///< digits behind the point; 0 refuses the point
 
+    void Amend(std::string_view utf8) override;
+
   protected:
     using TextBox::TextBox;
     Verdict Filter(char32_t character) override;
+    std::optional<std::string> Pasted(std::string_view utf8) override;
 
   private:
     void TurnSign();

@@ -96,7 +96,7 @@ bool ComboView::Noticed(QEvent& event)
 {
     if (event.type() == QEvent::Wheel)
         event.ignore();
-    return event.type() == QEvent::Wheel;
+    return event.type() == QEvent::Wheel || (typing_ && typing_->Noticed(event));
 }
 
 } // namespace pgbp

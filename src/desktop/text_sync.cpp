@@ -4,8 +4,14 @@
 #include "desktop/captions.h"
 #include "desktop/form_view.h"
 
+#include <QAction>
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QMenu>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QTextCursor>
 
@@ -47,6 +53,10 @@ class LineEditor : public Editor {
         span.length > 0 ? line_.setSelection(span.start, span.length) : line_.setCursorPosition(span.start);
     }
 
+    QWidget& Widget() const override { return line_; }
+    int PlaceAt(QPoint point) const override { return line_.cursorPositionAt(point); }
+    QMenu* StandardMenu() const override { return line_.createStandardContextMenu(); }
+
   private:
     QLineEdit& line_;
     QObject connections_;
@@ -78,6 +88,9 @@ class PageEditor : public Editor {
     }
 
     void Select(Span span) override { page_.setTextCursor(CursorOver(span)); }
+    QWidget& Widget() const override { return page_; }
+    int PlaceAt(QPoint point) const override { return page_.cursorForPosition(point).position(); }
+    QMenu* StandardMenu() const override { return page_.createStandardContextMenu(); }
 
   private:
     QTextCursor CursorOver(Span span) const
@@ -173,10 +186,98 @@ void TextSync::FromModel()
 
 bool TextSync::KeyPressed(const QKeyEvent& event)
 {
+    if (event.matches(QKeySequence::Paste)) {
+        Paste(QGuiApplication::clipboard()->text());
+        return true;
+    }
     const std::u32string typed = TypedText(event);
     if (!typed.empty())
         form_.Act([&] { std::for_each(typed.begin(), typed.end(), [&](char32_t c) { form_.form.Type(c); }); });
     return !typed.empty();
+}
+
+bool TextSync::Noticed(QEvent& event)
+{
+    switch (event.type()) {
+    case QEvent::DragEnter:
+    case QEvent::DragMove:
+    case QEvent::Drop:
+        return Dropped(static_cast<QDropEvent&>(event));
+    case QEvent::InputMethod:
+        return Composed(static_cast<const QInputMethodEvent&>(event));
+    case QEvent::ContextMenu:
+        ShowMenu(static_cast<const QContextMenuEvent&>(event));
+        return true;
+    case QEvent::MouseButtonRelease: {
+        const auto& mouse = static_cast<const QMouseEvent&>(event);
+        const bool pastes = mouse.button() == Qt::MiddleButton && QGuiApplication::clipboard()->supportsSelection();
+        if (pastes)
+            PasteAt(mouse.position().toPoint(), QGuiApplication::clipboard()->text(QClipboard::Selection));
+        return pastes;
+    }
+    default:
+        return false;
+    }
+}
+
+void TextSync::Paste(const QString& text)
+{
+    form_.Act([&] { box_.Paste(text.toStdString()); });
+}
+
+/// The field comes to the keyboard first, where the old one lets go.
+void TextSync::PasteAt(QPoint place, const QString& text)
+{
+    form_.Act([&] {
+        if (!form_.form.SetFocus(box_))
+            return;
+        box_.Select(CharactersBefore(ModelText(), editor_->PlaceAt(place)), 0);
+        box_.Paste(text.toStdString());
+    });
+}
+
+/// What is dropped is copied: it stays where it came from.
+bool TextSync::Dropped(QDropEvent& event)
+{
+    event.setDropAction(Qt::CopyAction);
+    event.setAccepted(event.mimeData()->hasText() && MayPaste());
+    if (event.type() == QEvent::Drop && event.isAccepted())
+        PasteAt(event.position().toPoint(), event.mimeData()->text());
+    return true;
+}
+
+/// An input method gives single characters as well, for each key: these are typed. The widget draws what is not
+/// finished yet.
+bool TextSync::Composed(const QInputMethodEvent& event)
+{
+    const QString text = event.commitString();
+    if (text.isEmpty())
+        return false;
+    QInputMethodEvent unfinished(event.preeditString(), event.attributes());
+    QCoreApplication::sendEvent(&editor_->Widget(), &unfinished);
+    if (event.replacementLength() > 0)
+        editor_->Select({editor_->Selection().start + event.replacementStart(), event.replacementLength()});
+    const std::u32string characters = text.toStdU32String();
+    if (characters.size() > 1)
+        Paste(text);
+    else
+        form_.Act([&] { form_.form.Type(characters.front()); });
+    return true;
+}
+
+/// The widget's own menu, with a "Paste" that goes to the box.
+void TextSync::ShowMenu(const QContextMenuEvent& event)
+{
+    QMenu* menu = editor_->StandardMenu();
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    const QString keys = '\t' + QKeySequence(QKeySequence::Paste).toString(QKeySequence::NativeText);
+    for (QAction* action : menu->actions())
+        if (action->text().endsWith(keys)) {
+            action->disconnect();
+            QObject::connect(action, &QAction::triggered, &editor_->Widget(),
+                             [this] { Paste(QGuiApplication::clipboard()->text()); });
+        }
+    menu->popup(event.globalPos());
 }
 
 void TextSync::Edited()
@@ -193,9 +294,8 @@ void TextSync::Edited()
         box_.Select(from, CharactersBefore(before, change.span.start + change.span.length) - from);
         if (change.with.isEmpty())
             box_.KeyDown(Key::Delete);
-        for (const char32_t character : change.with.toStdU32String())
-            if (character >= U' ' || (character == U'\n' && box_.multiLine))
-                box_.Type(character);
+        else
+            box_.Amend(change.with.toStdString());
     });
 }
 

@@ -8,8 +8,13 @@
 #include <functional>
 #include <memory>
 
+class QContextMenuEvent;
+class QDropEvent;
+class QInputMethodEvent;
 class QKeyEvent;
 class QLineEdit;
+class QMenu;
+class QMimeData;
 class QPlainTextEdit;
 class QWidget;
 
@@ -33,16 +38,20 @@ class Editor {
     virtual void Replace(Span span, const QString& with) = 0;
     virtual Span Selection() const = 0;
     virtual void Select(Span span) = 0;
+    virtual QWidget& Widget() const = 0;
+    virtual int PlaceAt(QPoint point) const = 0; ///< between which characters the point lies
+    virtual QMenu* StandardMenu() const = 0;
 
-    std::function<void()> edited;   ///< the widget itself changed the text: paste, undo, input method, Backspace
+    std::function<void()> edited;   ///< the widget itself changed the text: undo, a word erased, a part cut out
     std::function<void()> selected; ///< caret or selection moved
 };
 
 std::unique_ptr<Editor> MakeEditor(QLineEdit& line);
 std::unique_ptr<Editor> MakeEditor(QPlainTextEdit& page);
 
-/// Keeps a text box and its editor alike. Every character, typed or pasted, goes through the box's key filter; what the
-/// widget does itself is taken back to the characters it put in, and these are passed through the same filter.
+/// Keeps a text box and its editor alike. Typed characters go through the box's key filter. A text from elsewhere is
+/// the box's to read, by whatever way it comes, and never enters the widget by itself. What the widget still does
+/// alone, erasing and undoing, is told to the box as the stretch that it replaced.
 class TextSync {
   public:
     TextSync(TextBox& box, FormView& form, std::unique_ptr<Editor> editor);
@@ -50,8 +59,16 @@ class TextSync {
     void FromModel();
     /// True for a character, which is then typed into the box.
     bool KeyPressed(const QKeyEvent& event);
+    /// True for an event that brought a text from elsewhere.
+    bool Noticed(QEvent& event);
 
   private:
+    void Paste(const QString& text);
+    void PasteAt(QPoint place, const QString& text);
+    bool Dropped(QDropEvent& event);
+    bool Composed(const QInputMethodEvent& event);
+    void ShowMenu(const QContextMenuEvent& event);
+    bool MayPaste() const { return box_.Reachable() && !box_.locked; }
     void Edited();
     void Selected();
     QString ModelText() const;

@@ -46,13 +46,14 @@ TextView::TextView(TextBox& itsBox, FormView& itsForm, const Place& place) : Con
     box_.multiLine ? MakePage(place) : MakeLine(place);
     widget()->setFocusPolicy(Qt::TabFocus);
     form.Watch(widget(), *this);
+    if (page_)
+        form.Watch(page_->viewport(), *this);
 }
 
 void TextView::MakeLine(const Place& place)
 {
     auto* line = new Line(place.parent);
     line_ = line;
-    line_->setAcceptDrops(false);
     line_->setFixedHeight(RowHeight());
     if (place.OfAmounts() || dynamic_cast<NumberBox*>(&box_)) {
         line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
@@ -71,7 +72,6 @@ void TextView::MakeLine(const Place& place)
 void TextView::MakePage(const Place& place)
 {
     page_ = new QPlainTextEdit(place.parent);
-    page_->setAcceptDrops(false);
     page_->setTabChangesFocus(true);
     page_->setMinimumSize(120 * kUnit, 6 * RowHeight());
     sync_ = std::make_unique<TextSync>(box_, form, MakeEditor(*page_));
@@ -101,6 +101,8 @@ void TextView::ShowSign()
 }
 
 bool TextView::KeyPressed(const QKeyEvent& event) { return sync_->KeyPressed(event) || ControlView::KeyPressed(event); }
+
+bool TextView::Noticed(QEvent& event) { return sync_->Noticed(event); }
 
 bool TextView::Wants(Key key) const
 {

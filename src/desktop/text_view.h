@@ -12,6 +12,7 @@ class TextView : public ControlView {
 
     void FromModel() override;
     bool KeyPressed(const QKeyEvent& event) override;
+    bool Noticed(QEvent& event) override;
     bool KeepsFirstPress() const override { return true; }
     bool TakesHeight() const override { return box_.multiLine; }
 

@@ -1,9 +1,6 @@
 #include "desktop/sample_form.h"
 
 #include <QCalendarWidget>
-#include <QClipboard>
-#include <QGuiApplication>
-#include <QInputMethodEvent>
 #include <QLineEdit>
 #include <QPlainTextEdit>
 
@@ -60,21 +57,6 @@ TEST_F(Fields, EditInTheMiddleOfTextBeyondTheBasicPlane)
     Press(Qt::Key_Backspace);
     Press(Qt::Key_Backspace);
     ExpectBoth(form.name, "az");
-}
-
-TEST_F(Fields, FilterWhatIsPastedAndWhatAnInputMethodCommits)
-{
-    Focus(form.amount);
-    QGuiApplication::clipboard()->setText("Rs 12,50,000.759\n");
-    Press(Qt::Key_V, Qt::ControlModifier);
-    ExpectBoth(form.amount, "1250000.75");
-
-    Focus(form.name);
-    form.name.maxLength = 3;
-    QInputMethodEvent commit;
-    commit.setCommitString(QString::fromUtf8("\u00E4\u00F6\u20AC\u00FC"));
-    QApplication::sendEvent(KeyboardOf(form.name), &commit);
-    ExpectBoth(form.name, "\u00E4\u00F6\u20AC");
 }
 
 TEST_F(Fields, UndoGivesBackWhatWasTyped)
