@@ -40,7 +40,7 @@ void check::Click()
 bool check::KeyDown(Key key)
 {
     if (key == Key::Enter)
-        form().FocusNext();
+        form().FocusNextField();
     return key == Key::Enter;
 }
 
@@ -55,7 +55,7 @@ void option::Click()
 bool option::KeyDown(Key key)
 {
     if (key == Key::Enter)
-        form().FocusNext();
+        form().FocusNextField();
     return key == Key::Enter;
 }
 

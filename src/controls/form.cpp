@@ -47,6 +47,34 @@ void AddStops(const frame& in, std::vector<Control*>& stops)
     std::for_each(in.layout().buttonsLeft.begin(), in.layout().buttonsLeft.end(), add);
 }
 
+/// A column of fields that are filled in one after the other, with a button behind them that takes what was keyed. In a
+/// column of amounts a button is a way to another place.
+bool IsKeyedInto(const frame& in, const LayoutRow& row, std::size_t column)
+{
+    const Control* cell = row.cells[column];
+    return cell && cell->TakesFocus() && !dynamic_cast<const cmd*>(cell) &&
+           in.layout().columns.at(column) == LayoutColumn::Field;
+}
+
+/// Enter walks through the fields. Of the buttons it stops at the main one, and at the one behind fields (Add); the
+/// others wait for their letter, Tab or an arrow.
+bool StopsEnter(const Control& stop)
+{
+    const auto* button = dynamic_cast<const cmd*>(&stop);
+    if (!button || button->isDefault)
+        return true;
+    if (!button->container)
+        return false;
+    const frame& around = *button->container;
+    for (const LayoutRow& row : around.layout().rows)
+        for (std::size_t i = 0, fields = 0; i < row.cells.size(); ++i) {
+            if (row.cells[i] == button)
+                return fields > 0;
+            fields += IsKeyedInto(around, row, i) ? 1 : 0;
+        }
+    return false;
+}
+
 /// The picture that stands behind the control in its row: its help or its look-up.
 image* PictureBehind(const Control& control)
 {
@@ -158,11 +186,19 @@ bool Form::LeaveFocused()
 
 void Form::FocusNext() { Step(1); }
 
+void Form::FocusNextField()
+{
+    auto stops = Stops();
+    std::erase_if(stops, [this](const Control* stop) { return stop != focused_ && !StopsEnter(*stop); });
+    StepAmong(stops, 1);
+}
+
 void Form::FocusPrevious() { Step(-1); }
 
-void Form::Step(int direction)
+void Form::Step(int direction) { StepAmong(Stops(), direction); }
+
+void Form::StepAmong(const std::vector<Control*>& stops, int direction)
 {
-    const auto stops = Stops();
     if (stops.empty())
         return;
     const auto at = std::find(stops.begin(), stops.end(), focused_);

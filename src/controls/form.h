@@ -50,6 +50,8 @@ class Form {
     /// Moves the focus if the old field lets go and the new one can be reached.
     bool SetFocus(Control& control);
     void FocusNext();
+    void
+    FocusNextField(); ///< as Enter goes: past the buttons beside amounts, to Add in a list, to the main button at last
     void FocusPrevious();
     /// The stops of the walk, in order: the frame that is up, row by row, then the bar.
     std::vector<Control*> Stops() const;
@@ -81,6 +83,7 @@ class Form {
     frame* Front() const;
     void KeepFocusReachable();
     void Step(int direction);
+    void StepAmong(const std::vector<Control*>& stops, int direction);
     void DefaultKey(Key key);
     void FocusGrid();
 

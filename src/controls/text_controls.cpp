@@ -134,7 +134,11 @@ bool TextBox::KeyDown(Key key)
         onEnter();
     if (walks_ == Walks::No && (key == Key::Up || key == Key::Down))
         return true;
-    if (walks_ == Walks::Yes && (key == Key::Down || key == Key::Enter)) {
+    if (walks_ == Walks::Yes && key == Key::Enter) {
+        form().FocusNextField();
+        return true;
+    }
+    if (walks_ == Walks::Yes && key == Key::Down) {
         form().FocusNext();
         return true;
     }

@@ -2,6 +2,7 @@
 
 #include "controls/buttons.h"
 #include "controls/frame.h"
+#include "controls/grid.h"
 #include "controls/text_controls.h"
 #include "support/test_boxes.h"
 
@@ -21,7 +22,10 @@ class Hub : public Form {
         framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Field},
                      .rows = {{{&cmdopen, &txtone}}, {{nullptr, &txttwo, &help}}},
                      .buttonsLeft = {&cmddetails}});
-        side.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&txtside}}}, .buttonsRight = {&cmdcancel}});
+        side.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Field, LayoutColumn::Button},
+                  .rows = {{{nullptr, &txtside}}, {{&cmdlookup, &txtamount, &cmdadd}}, {{nullptr, &rows}}},
+                  .buttonsRight = {&cmdsave, &cmdcancel}});
+        cmdsave.isDefault = true;
         side.onEscape = [this] { Lower(side); };
         bar = {&CmdBack};
         cmdopen.onClick = [this] { Raise(side, txtside); };
@@ -33,6 +37,7 @@ class Hub : public Form {
     txt txtlookup{*this, "txtlookup"};
     frame framain{*this, "framain", "", FramePlace::Main};
     cmd cmdopen{*this, "cmdopen", "Normal Business"};
+    cmd cmdbeside{*this, "cmdbeside", "Find"};
     txtn txtone{*this, "txtone"};
     txtn txttwo{*this, "txttwo"};
     image help{*this, "help", "Topic"};
@@ -40,6 +45,11 @@ class Hub : public Form {
     cmd cmddetails{*this, "cmddetails", "&Details"};
     frame side{*this, "side"};
     txt txtside{*this, "txtside"};
+    cmd cmdlookup{*this, "cmdlookup", "&Look up"};
+    txtn txtamount{*this, "txtamount"};
+    cmd cmdadd{*this, "cmdadd", "&Add"};
+    grid rows{*this, "rows", {{"Amount", GridColumnKind::Amount}}};
+    cmd cmdsave{*this, "cmdsave", "&Save"};
     cmd cmdcancel{*this, "cmdcancel", "&Cancel"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
     cmd cmdr{*this, "cmdr", "&R"};
@@ -60,6 +70,36 @@ TEST_F(Forms, WalkRowByRowAndPassOverWhatCanNotBeReached)
     form.txtone.enabled = false;
     form.cmddetails.visible = false;
     EXPECT_EQ(form.Stops(), (std::vector<Control*>{&form.cmdopen, &form.txttwo, &form.CmdBack}));
+}
+
+TEST_F(Forms, WalkByEnterFromFieldToFieldAndThenToTheMainButton)
+{
+    form.cmddetails.isDefault = true;
+    form.SetFocus(form.txtone);
+    form.framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Amount, LayoutColumn::Button},
+                      .rows = {{{&form.cmdopen, &form.txtone, &form.cmdbeside}}, {{nullptr, &form.txttwo}}},
+                      .buttonsLeft = {&form.cmddetails}});
+    const auto expectWalk = [&](std::initializer_list<Control*> stops) {
+        for (Control* stop : stops) {
+            form.Press(Key::Enter);
+            EXPECT_EQ(form.focused(), stop) << stop->name();
+        }
+    };
+    expectWalk({&form.txttwo, &form.cmddetails}); // on a page every button beside an amount is passed over
+    form.SetFocus(form.txttwo);
+    form.cmddetails.enabled = false;
+    expectWalk({&form.txtone}); // no main button: round to the first field
+    form.Press(Key::Down);
+    EXPECT_EQ(form.focused(), &form.cmdbeside) << "the arrow stops at each";
+
+    form.Click(form.cmdopen);
+    expectWalk({&form.txtamount, &form.cmdadd});
+    form.cmdadd.enabled = false;
+    form.SetFocus(form.txtamount);
+    expectWalk({&form.rows});
+    form.rows.visible = false;
+    form.SetFocus(form.txtamount);
+    expectWalk({&form.cmdsave});
 }
 
 TEST_F(Forms, CloseTheMainFrameWhileASideFrameIsUp)
