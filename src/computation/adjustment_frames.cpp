@@ -118,6 +118,7 @@ AllowanceFields::AllowanceFields(Screen& form)
 {
     Limit({&txtseca, &txtnamea});
     txtamt1.deci = 0;
+    txtamt1.grouped = false;
 }
 
 AllowanceList::AllowanceList(Screen& form)

@@ -1,5 +1,7 @@
 #include "controls/grid.h"
 
+#include "services/amount_text.h"
+
 #include <algorithm>
 #include <stdexcept>
 
@@ -15,6 +17,13 @@ std::string TabSeparated(const std::vector<std::string>& cells)
 }
 
 } // namespace
+
+std::string GridColumn::Drawn(const std::string& text) const
+{
+    if (drawn)
+        return drawn(text);
+    return kind == GridColumnKind::Amount ? GroupedAmount(text) : text;
+}
 
 grid::grid(Form& form, std::string_view name, std::vector<GridColumn> columns)
     : Control(form, name), columns_(std::move(columns))

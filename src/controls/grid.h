@@ -20,10 +20,11 @@ struct GridColumn {
     std::string heading;
     GridColumnKind kind = GridColumnKind::Text;
     int weight = 1; ///< share of the width among the text columns
-    /// How a cell's text is drawn, say a code in words; the text itself stays. None: as it is.
+    /// How a cell's text is drawn, say a code in words; the text itself stays. None: an amount in groups, others as
+    /// they are.
     std::function<std::string(const std::string& text)> drawn = {};
 
-    std::string Drawn(const std::string& text) const { return drawn ? drawn(text) : text; }
+    std::string Drawn(const std::string& text) const;
     bool IsNumber() const { return kind == GridColumnKind::Amount || kind == GridColumnKind::Rate; }
 };
 

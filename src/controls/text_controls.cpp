@@ -231,6 +231,12 @@ std::optional<std::string> NumberBox::Pasted(std::string_view utf8)
     return reading.text;
 }
 
+std::string NumberBox::Drawn() const
+{
+    const std::string whole = WithPlaces(text(), deci);
+    return grouped ? GroupedAmount(whole) : whole;
+}
+
 /// A text that stood here before comes back as it was; any other is pasted over the whole.
 void NumberBox::Amend(std::string_view utf8)
 {

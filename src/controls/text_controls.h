@@ -76,6 +76,9 @@ class TextBox : public TextControl {
     /// What draws the box changed the selection to this by itself: it took back an edit, or made it again.
     virtual void Amend(std::string_view utf8) { Paste(utf8); }
 
+    /// How the text is drawn while it is not being typed; the text itself stays.
+    virtual std::string Drawn() const { return text(); }
+
     bool TakesFocus() const override { return true; }
     void Enter() override; ///< selects the whole line, so that the first key replaces the old text
     bool KeyDown(Key key) override;
@@ -129,8 +132,10 @@ class Txt1 : public TextBox {
 class NumberBox : public TextBox {
   public:
     using TextBox::operator=;
-    int deci = 2; ///< digits behind the point; 0 refuses the point
+    int deci = 2;        ///< digits behind the point; 0 refuses the point
+    bool grouped = true; ///< drawn as 24,72,131.00; a year or another number that is counted is not
 
+    std::string Drawn() const override; ///< with all its places: "900000" as 9,00,000.00, an empty one as 0.00
     void Amend(std::string_view utf8) override;
 
   protected:

@@ -4,6 +4,7 @@
 
 #include <QObject>
 #include <QRect>
+#include <QString>
 
 #include <memory>
 
@@ -49,6 +50,9 @@ class ControlView {
     virtual bool Noticed(QEvent&) { return false; }
     /// The press of the mouse that brings the focus only brings the focus.
     virtual bool KeepsFirstPress() const { return false; }
+    /// What Ctrl+C copies while the mouse has marked the control; empty for one that can not be marked.
+    virtual QString Copied() const { return {}; }
+    virtual void ShowMarked(bool) {}
     virtual bool TakesHeight() const { return false; }
     /// For what takes height: shows all rows at once, for a page that scrolls, or as many as there is room for.
     virtual void ShowWhole(bool) {}

@@ -39,6 +39,12 @@ void ElidedLabel::SetColor(const QColor& text)
     update();
 }
 
+void ElidedLabel::SetMarked(bool marked)
+{
+    marked_ = marked;
+    update();
+}
+
 int ElidedLabel::TextWidth() const
 {
     if (width_ < 0)
@@ -91,13 +97,13 @@ void ElidedLabel::changeEvent(QEvent* event)
 void ElidedLabel::paintEvent(QPaintEvent*)
 {
     QPainter painter(this);
-    if (background_.isValid()) {
+    if (marked_ || background_.isValid()) {
         painter.setRenderHint(QPainter::Antialiasing);
         painter.setPen(Qt::NoPen);
-        painter.setBrush(background_);
+        painter.setBrush(marked_ ? Theme().accent : background_);
         painter.drawRoundedRect(rect(), 3, 3);
     }
-    painter.setPen(color_);
+    painter.setPen(marked_ ? Theme().panel : color_);
     const QRect inner = rect().adjusted(margin_, 0, -margin_, 0);
     if (wraps_)
         painter.drawText(inner, static_cast<int>(alignment() | Qt::TextWordWrap), whole_);

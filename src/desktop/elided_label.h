@@ -16,6 +16,7 @@ class ElidedLabel : public QLabel {
     /// Draws itself: a style sheet would match each of the many labels against all its rules.
     void SetColor(const QColor& text);
     void SetBackground(const QColor& background) { background_ = background; }
+    void SetMarked(bool marked);
     /// Lets the text be cut down to this width.
     void GiveWay(int least) { least_ = least; }
 
@@ -41,6 +42,7 @@ class ElidedLabel : public QLabel {
     QString tip_;
     QColor color_;
     QColor background_;
+    bool marked_ = false;
     mutable int width_ = -1; ///< of the whole text; less than 0: not measured yet
     int margin_ = 0;
     bool wraps_ = false;

@@ -7,6 +7,7 @@
 #include "desktop/theme.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QKeyEvent>
@@ -237,7 +238,7 @@ bool FormView::eventFilter(QObject* object, QEvent* event)
     ControlView& view = *found->second;
     if (event->type() == QEvent::KeyPress) {
         const auto& key = static_cast<QKeyEvent&>(*event);
-        return PressMnemonic(key) || view.KeyPressed(key);
+        return CopyMarked(key) || PressMnemonic(key) || view.KeyPressed(key);
     }
     if (event->type() == QEvent::MouseButtonPress && MousePressed(view))
         return true;
@@ -248,11 +249,32 @@ bool FormView::eventFilter(QObject* object, QEvent* event)
 /// go, or the press only brought the focus.
 bool FormView::MousePressed(ControlView& view)
 {
+    Mark(view.Copied().isEmpty() ? nullptr : &view);
+    if (marked_)
+        return true;
     if (dynamic_cast<PushControl*>(&view.control) || form.focused() == &view.control)
         return false; // the form moves the focus itself when the click comes
     bool came = false;
     Act([&] { came = form.SetFocus(view.control); });
     return !came || view.KeepsFirstPress();
+}
+
+void FormView::Mark(ControlView* view)
+{
+    for (ControlView* each : {std::exchange(marked_, view), view})
+        if (each)
+            each->ShowMarked(each == view);
+}
+
+/// Any other key ends the mark.
+bool FormView::CopyMarked(const QKeyEvent& event)
+{
+    const bool copies = marked_ && event.matches(QKeySequence::Copy);
+    if (copies)
+        QGuiApplication::clipboard()->setText(marked_->Copied());
+    else if (event.key() != Qt::Key_Control && event.key() != Qt::Key_Shift)
+        Mark(nullptr);
+    return copies;
 }
 
 void FormView::showEvent(QShowEvent* event)
@@ -263,7 +285,7 @@ void FormView::showEvent(QShowEvent* event)
 
 void FormView::keyPressEvent(QKeyEvent* event)
 {
-    if (PressMnemonic(*event))
+    if (CopyMarked(*event) || PressMnemonic(*event))
         return;
     if (const auto key = KeyOf(*event); key && form.focused() == nullptr)
         Press(*key);

@@ -70,6 +70,8 @@ class FormView : public QWidget {
     void RefreshSoon();
     void MoveFocus();
     bool MousePressed(ControlView& view);
+    void Mark(ControlView* view);
+    bool CopyMarked(const QKeyEvent& event);
 
     Actions& actions_;
     int changedListener_ = 0;
@@ -82,6 +84,7 @@ class FormView : public QWidget {
     std::vector<frame*> notShownYet_;
     QWidget* pages_ = nullptr;
     CardLayer* cards_ = nullptr;
+    ControlView* marked_ = nullptr; ///< the amount that Ctrl+C copies
     bool refreshQueued_ = false;
 };
 

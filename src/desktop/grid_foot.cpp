@@ -25,7 +25,15 @@ GridFoot::GridFoot(const grid& itsGrid, QTableView& table, QWidget* parent)
 int GridFoot::WidthFor(int column) const
 {
     const std::string& text = grid_.footer()[static_cast<std::size_t>(column)];
-    return text.empty() ? 0 : fontMetrics().horizontalAdvance(Text(text)) + 2 * CellDelegate::kMargin;
+    return text.empty() ? 0 : fontMetrics().horizontalAdvance(Drawn(column)) + 2 * CellDelegate::kMargin;
+}
+
+/// A caption stays as it is where the cells above it are codes that are drawn in words.
+QString GridFoot::Drawn(int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    const GridColumn& its = grid_.columns()[at];
+    return Text(its.IsNumber() ? its.Drawn(grid_.footer()[at]) : grid_.footer()[at]);
 }
 
 void GridFoot::paintEvent(QPaintEvent*)
@@ -49,7 +57,7 @@ void GridFoot::PaintCell(QPainter& painter, int column) const
     const QRect cell = QRect(left, 0, width, height()).adjusted(CellDelegate::kMargin, 0, -CellDelegate::kMargin, 0);
     painter.setPen(isNumber && Val(texts[at]) < 0 ? Theme().negative : Theme().text);
     painter.drawText(cell, static_cast<int>((isNumber ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter),
-                     fontMetrics().elidedText(Text(texts[at]), Qt::ElideRight, cell.width()));
+                     fontMetrics().elidedText(Drawn(column), Qt::ElideRight, cell.width()));
 }
 
 } // namespace pgbp

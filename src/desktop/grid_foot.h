@@ -20,6 +20,7 @@ class GridFoot : public QWidget {
     void paintEvent(QPaintEvent* event) override;
 
   private:
+    QString Drawn(int column) const;
     void PaintCell(QPainter& painter, int column) const;
 
     const grid& grid_;

@@ -5,6 +5,7 @@
 #include "desktop/form_view.h"
 #include "desktop/grid_foot.h"
 #include "desktop/theme.h"
+#include "services/amount_text.h"
 #include "services/format.h"
 
 #include <QAbstractTableModel>
@@ -193,6 +194,7 @@ void GridView::FromModel()
     if (wasStale) {
         model_->Reload();
         table_->updateGeometry(); // for another number of rows
+        MeasureAmounts();
         ShowFoot();
         ShareWidth();
     }
@@ -269,6 +271,22 @@ void GridView::ShareWidth()
     }
 }
 
+/// An amount is never cut: its column is as wide as its longest text asks.
+void GridView::MeasureAmounts()
+{
+    widest_.assign(grid_.columns().size(), 0);
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        if (grid_.columns()[static_cast<std::size_t>(column)].kind != GridColumnKind::Amount || grid_.Rows() == 0)
+            continue;
+        int longest = 1;
+        for (int row = 2; row <= grid_.Rows(); ++row)
+            if (grid_.Cell(row, column).size() > grid_.Cell(longest, column).size())
+                longest = row;
+        widest_[static_cast<std::size_t>(column)] =
+            table_->fontMetrics().horizontalAdvance(DrawnText(grid_, longest, column)) + 3 * CellDelegate::kMargin;
+    }
+}
+
 int GridView::FixedWidth(int at) const
 {
     const GridColumn& column = grid_.columns()[static_cast<std::size_t>(at)];
@@ -279,7 +297,7 @@ int GridView::FixedWidth(int at) const
     const int least = std::max(widthOf(Text(column.heading)), total);
     switch (column.kind) {
     case GridColumnKind::Amount:
-        return std::max(widthOf("000000000000.00"), least);
+        return std::max({widthOf("00,00,00,00,000.00"), widest_[static_cast<std::size_t>(at)], least});
     case GridColumnKind::Rate:
         return std::max(widthOf("100.00"), least);
     case GridColumnKind::Serial:
@@ -309,7 +327,13 @@ bool GridView::Noticed(QEvent& event)
 
 bool GridView::Wants(Key key) const { return key != Key::Left && key != Key::Right; }
 
-/// The selected rows as they are read, for a spreadsheet.
+QString GridView::CopiedText(int row, int column) const
+{
+    const bool isAmount = grid_.columns()[static_cast<std::size_t>(column)].kind == GridColumnKind::Amount;
+    return isAmount ? Text(UngroupedAmount(grid_.Cell(row, column))) : DrawnText(grid_, row, column);
+}
+
+/// The selected rows as they are read, amounts as a spreadsheet takes them.
 void GridView::Copy() const
 {
     std::set<int> rows;
@@ -320,7 +344,7 @@ void GridView::Copy() const
         QStringList cells;
         for (int column = 0; column < model_->columnCount(); ++column)
             if (!table_->isColumnHidden(column))
-                cells << DrawnText(grid_, row + 1, column);
+                cells << CopiedText(row + 1, column);
         copied += cells.join('\t') + '\n';
     }
     QGuiApplication::clipboard()->setText(copied);

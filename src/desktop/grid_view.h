@@ -32,9 +32,11 @@ class GridView : public ControlView {
     void Dress();
     void ShareWidth();
     int FixedWidth(int column) const; ///< 0 for a text, which shares what is left
+    void MeasureAmounts();
     void ShowFoot();
     void FollowCurrentRow();
     void ShowCurrentRow();
+    QString CopiedText(int row, int column) const;
     void Copy() const;
 
     grid& grid_;
@@ -43,8 +45,9 @@ class GridView : public ControlView {
     QTableView* table_;
     GridFoot* foot_ = nullptr; ///< made when there is a total first
     int changedListener_ = 0;
-    int first_ = 0;     ///< the first column that is seen
-    bool stale_ = true; ///< the grid changed since it was last drawn
+    std::vector<int> widest_; ///< of the texts in each amount column
+    int first_ = 0;           ///< the first column that is seen
+    bool stale_ = true;       ///< the grid changed since it was last drawn
 };
 
 } // namespace pgbp

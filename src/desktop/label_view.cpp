@@ -4,6 +4,7 @@
 #include "desktop/elided_label.h"
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
+#include "services/amount_text.h"
 
 namespace pgbp {
 namespace {
@@ -45,12 +46,15 @@ LabelView::LabelView(label& itsLabel, FormView& itsForm, const Place& place)
     if (place.OfAmounts() && place.style == RowStyle::Heading)
         text_->Wrap(LeastAmount());
     Shows(text_);
+    if (label_.look == LabelLook::Amount)
+        form.Watch(text_, *this);
 }
 
 void LabelView::FromModel()
 {
     ControlView::FromModel();
-    const QString plain = PlainCaption(label_.text());
+    const QString plain =
+        label_.look == LabelLook::Amount ? Text(GroupedAmount(label_.text())) : PlainCaption(label_.text());
     text_->Show(plain, Text(label_.toolTip));
     if (QWidget* field = text_->buddy())
         field->setAccessibleName(plain);
@@ -65,6 +69,13 @@ QColor LabelView::Color() const
         return Theme().negative;
     return isMuted_ || (isAmount && !IsNumber(label_.text())) ? Theme().muted : Theme().text;
 }
+
+QString LabelView::Copied() const
+{
+    return label_.look == LabelLook::Amount ? Text(UngroupedAmount(label_.text())) : QString();
+}
+
+void LabelView::ShowMarked(bool marked) { text_->SetMarked(marked); }
 
 void LabelView::SetBuddy(QWidget* field) { text_->setBuddy(field); }
 

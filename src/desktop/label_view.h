@@ -15,6 +15,8 @@ class LabelView : public ControlView {
     LabelView(label& itsLabel, FormView& itsForm, const Place& place);
 
     void FromModel() override;
+    QString Copied() const override;
+    void ShowMarked(bool marked) override;
     /// The label names this widget from now on.
     void SetBuddy(QWidget* field);
 

@@ -168,14 +168,17 @@ TextSync::TextSync(TextBox& box, FormView& form, std::unique_ptr<Editor> editor)
 /// Lines end as the widgets end them.
 QString TextSync::ModelText() const { return Text(box_.text()).replace("\r\n", "\n"); }
 
+/// Else the editor shows the text as it is drawn, and what is marked there is none of the box's concern.
+bool TextSync::IsTyped() const { return form_.form.focused() == &box_ && !box_.locked; }
+
 void TextSync::FromModel()
 {
     following_ = true;
-    const QString text = ModelText();
+    const QString text = IsTyped() ? ModelText() : Text(box_.Drawn()).replace("\r\n", "\n");
     if (const Difference change = Compare(editor_->Text(), text); change.Any())
         editor_->Replace(change.span, change.with);
     // a selection says that the next key replaces the text
-    if (form_.form.focused() == &box_ && !box_.locked) {
+    if (IsTyped()) {
         const int start = UnitsBefore(text, box_.selStart());
         const Span span{start, UnitsBefore(text, box_.selStart() + box_.selLength()) - start};
         if (editor_->Selection() != span)
@@ -282,7 +285,7 @@ void TextSync::ShowMenu(const QContextMenuEvent& event)
 
 void TextSync::Edited()
 {
-    if (following_)
+    if (following_ || !IsTyped())
         return;
     const QString before = ModelText();
     const Difference change = Compare(before, editor_->Text());
@@ -301,7 +304,7 @@ void TextSync::Edited()
 
 void TextSync::Selected()
 {
-    if (following_)
+    if (following_ || !IsTyped())
         return;
     const QString text = ModelText();
     const Span span = editor_->Selection();

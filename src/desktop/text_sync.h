@@ -69,6 +69,7 @@ class TextSync {
     bool Composed(const QInputMethodEvent& event);
     void ShowMenu(const QContextMenuEvent& event);
     bool MayPaste() const { return box_.Reachable() && !box_.locked; }
+    bool IsTyped() const;
     void Edited();
     void Selected();
     QString ModelText() const;

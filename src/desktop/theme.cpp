@@ -212,7 +212,9 @@ int GridRowHeight()
 
 int AmountWidth()
 {
-    static const int width = QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')) + 4 * kUnit;
+    static const int width = std::max(QFontMetrics(FontOf(Type::Final)).horizontalAdvance(QString(15, '0')),
+                                      QFontMetrics(FontOf(Type::Base)).horizontalAdvance("-0,00,00,00,00,00,000.00")) +
+                             4 * kUnit;
     return width;
 }
 

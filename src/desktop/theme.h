@@ -39,7 +39,7 @@ inline constexpr int kUnit = 4;
 inline constexpr int kPadding = 16;
 int RowHeight();     ///< of a field, a caption, a button
 int GridRowHeight(); ///< of a row in a grid or list
-int AmountWidth();   ///< of an amount column: fifteen digits of the final figure
+int AmountWidth();   ///< of an amount column: fifteen digits, grouped
 int LeastAmount();   ///< of an amount column where there is little room; a longer amount still shows whole
 int WidestPage();    ///< wider, and the eye loses the way from a caption to its amount
 int HighestPage();   ///< of a page whose rows ask for less: its buttons stay near them

@@ -271,13 +271,14 @@ bool IsTypedAmount(std::string_view text, int places)
            (!hasPoint || places > 0) && PlacesOf(text) <= places && DigitCount(text) <= kAmountDigits;
 }
 
-std::string GroupedAmount(std::string_view text)
+std::string UngroupedAmount(std::string_view text)
 {
     const std::size_t sign = text.starts_with('-') ? 1 : 0;
     const auto number = WithoutGrouping(text.substr(sign));
-    return number ? FormatAmountIndian(std::string(text.substr(0, sign)) + *number, kIndianGrouping)
-                  : std::string(text);
+    return number ? std::string(text.substr(0, sign)) + *number : std::string(text);
 }
+
+std::string GroupedAmount(std::string_view text) { return FormatAmountIndian(UngroupedAmount(text), kIndianGrouping); }
 
 std::string WithPlaces(std::string_view typed, int places)
 {

@@ -35,6 +35,9 @@ int DigitCount(std::string_view text);
 /// An amount text as it is drawn: 24,72,131.00. Its places stay; a text that is no number stays as it is.
 std::string GroupedAmount(std::string_view text);
 
+/// An amount text as a spreadsheet takes it: without grouping. A text that is no number stays as it is.
+std::string UngroupedAmount(std::string_view text);
+
 /// What was typed, with at least so many places: "900000" gives "900000.00", "" and "-" give "0.00". A text that is no
 /// number stays as it is.
 std::string WithPlaces(std::string_view typed, int places);

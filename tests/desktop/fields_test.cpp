@@ -59,6 +59,37 @@ TEST_F(Fields, EditInTheMiddleOfTextBeyondTheBasicPlane)
     ExpectBoth(form.name, "az");
 }
 
+TEST_F(Fields, DrawAnAmountWithItsPlacesAndGroupsOnceItIsLeft)
+{
+    struct {
+        const char* typed;
+        int deci;
+        bool grouped;
+        const char* drawn;
+    } const rows[] = {
+        {"900000", 2, true, "9,00,000.00"},
+        {"-2472131.5", 2, true, "-24,72,131.50"},
+        {"-", 2, true, "0.00"},
+        {"900000", 0, true, "9,00,000"},
+        {"2015", 0, false, "2015"},
+    };
+    for (const auto& row : rows) {
+        form.amount.deci = row.deci;
+        form.amount.grouped = row.grouped;
+        Focus(form.amount);
+        Type(row.typed);
+        ExpectBoth(form.amount, row.typed);
+        Press(Qt::Key_Return);
+        EXPECT_EQ(form.amount.text(), row.typed);
+        EXPECT_EQ(WidgetOf<QLineEdit>(form.amount).text(), row.drawn);
+        Focus(form.amount);
+        ExpectBoth(form.amount, row.typed);
+        EXPECT_EQ(WidgetOf<QLineEdit>(form.amount).selectedText(), row.typed);
+    }
+    view.Act([&] { form.amount.locked = true; });
+    EXPECT_EQ(WidgetOf<QLineEdit>(form.amount).text(), "2015");
+}
+
 TEST_F(Fields, UndoGivesBackWhatWasTyped)
 {
     form.name = "Mehta";

@@ -68,6 +68,20 @@ TEST_F(Pages, TellFieldsByTheirCaptionAndAmountsByTheirSign)
     EXPECT_FALSE(KeyboardOf(form.amount)->isEnabled());
 }
 
+TEST_F(Pages, DrawComputedAmountsInGroups)
+{
+    view.Act([&] {
+        form.total = "2472131.00";
+        form.totalP = "Not Allowed";
+        form.caption = "Section 80, 1250000";
+    });
+    const auto shown = [&](const label& label) { return view.Find(&label)->widget()->accessibleName(); };
+    EXPECT_EQ(shown(form.total), "24,72,131.00");
+    EXPECT_EQ(shown(form.totalP), "Not Allowed");
+    EXPECT_EQ(shown(form.caption), "Section 80, 1250000");
+    EXPECT_EQ(form.total.text(), "2472131.00");
+}
+
 TEST_F(Pages, FollowTheFormWhenItChangesByItself)
 {
     form.total = "99.00";
