@@ -22,8 +22,8 @@ FormView::FormView(Form& itsForm, Actions& actions, QWidget* parent) : QWidget(p
 {
     setFocusPolicy(Qt::NoFocus);
     Build();
-    changedListener_ = form.changed.Add([this] { RefreshSoon(); });
-    focusListener_ = form.focusMoved.Add([this] { RefreshSoon(); });
+    changedListener_ = form.changed.Add([this] { CatchUpSoon(); });
+    focusListener_ = form.focusMoved.Add([this] { CatchUpSoon(); });
     Refresh();
 }
 
@@ -188,6 +188,8 @@ void FormView::Refresh()
     }
     cards_->Arrange();
     MoveFocus();
+    stale_ = false;
+    refreshed();
 }
 
 /// In a high window the buttons stay near the rows, unless a list takes the height there is.
@@ -196,15 +198,25 @@ int FormView::HighestOf(const frame& main, const Page& page) const
     return Find(&main)->TakesHeight() ? QWIDGETSIZE_MAX : std::max(HighestPage(), page.sizeHint().height());
 }
 
-void FormView::RefreshSoon()
+void FormView::CatchUp()
 {
-    if (std::exchange(refreshQueued_, true))
+    if (stale_)
+        Refresh();
+    else
+        MoveFocus(); // a menu that was open kept the keyboard
+}
+
+/// For a form that changes by itself; after an action there is nothing left to do.
+void FormView::CatchUpSoon()
+{
+    stale_ = true;
+    if (std::exchange(catchUpQueued_, true))
         return;
     QMetaObject::invokeMethod(
         this,
         [this] {
-            refreshQueued_ = false;
-            Refresh();
+            catchUpQueued_ = false;
+            CatchUp();
         },
         Qt::QueuedConnection);
 }

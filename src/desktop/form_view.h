@@ -40,13 +40,16 @@ class FormView : public QWidget {
     /// The letter by which the button is pressed with Alt; 0 when there is none now.
     char Mnemonic(const PushControl& button) const;
 
-    /// Does something to the form on the preparer's behalf, then follows the form.
+    /// Does something to the form on the preparer's behalf, then follows the form: once, however much it changed.
     void Act(const std::function<void()>& action);
     void Press(Key key);
     /// Alt and a letter; false when no button has it.
     bool PressMnemonic(const QKeyEvent& event);
     /// Makes all widgets like the form.
     void Refresh();
+    /// Does so if the form has changed since.
+    void CatchUp();
+    Event<> refreshed; ///< the widgets are like the form
 
     /// Keys come to the widget while its window is in front.
     static bool HasKeyboard(const QWidget& widget);
@@ -67,7 +70,7 @@ class FormView : public QWidget {
     void AddMain(frame& main, const ButtonRow& buttons);
     void AddCards(bool all);
     int HighestOf(const frame& main, const Page& page) const;
-    void RefreshSoon();
+    void CatchUpSoon();
     void MoveFocus();
     bool MousePressed(ControlView& view);
     void Mark(ControlView* view);
@@ -85,7 +88,8 @@ class FormView : public QWidget {
     QWidget* pages_ = nullptr;
     CardLayer* cards_ = nullptr;
     ControlView* marked_ = nullptr; ///< the amount that Ctrl+C copies
-    bool refreshQueued_ = false;
+    bool stale_ = false;            ///< the form changed since the widgets were made like it
+    bool catchUpQueued_ = false;
 };
 
 } // namespace pgbp

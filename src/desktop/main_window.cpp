@@ -195,7 +195,7 @@ void MainWindow::CatchUp()
             shown.top->hide();
     for (std::size_t i = 0; i < displayed.size(); ++i) {
         Shown& shown = ShownFor(*displayed[i], i > 0);
-        shown.view->Refresh();
+        shown.view->CatchUp();
         if (i > 0) {
             shown.top->setWindowTitle(Text(displayed[i]->caption));
             shown.top->show();

@@ -117,6 +117,35 @@ TEST_F(Windows, LeaveTheKeyboardToTheScreenOnDisplay)
     EXPECT_EQ(window->focusWidget(), field);
 }
 
+TEST_F(Windows, DrawOnceForAKey)
+{
+    Start();
+    run->GlBusinessKind = kNormal;
+    run->screens.Show("frmbusinesscal", {.caption = "Normal Business"});
+    Top();
+    FormView& page = *window->Find(run->screens.OnDisplay());
+    page.Act([&] { page.form.SetFocus(*page.form.Find("TxtOth")); });
+    Top();
+    int drawn = 0;
+    page.refreshed.Add([&] { ++drawn; });
+    const auto drawnFor = [&](Qt::Key key, Qt::KeyboardModifiers held = {}) {
+        drawn = 0;
+        QTest::keyClick(page.focusWidget(), key, held);
+        Top();
+        return drawn;
+    };
+    for (const Qt::Key key : {Qt::Key_1, Qt::Key_Minus, Qt::Key_Period, Qt::Key_X, Qt::Key_Left, Qt::Key_Backspace,
+                              Qt::Key_Return, Qt::Key_Tab, Qt::Key_Up})
+        EXPECT_EQ(drawnFor(key), 1) << QKeySequence(key).toString().toStdString();
+    EXPECT_EQ(drawnFor(Qt::Key_K, Qt::AltModifier), 1) << "a list opens";
+    EXPECT_EQ(drawnFor(Qt::Key_Shift), 0);
+    page.form.notice = "changed by itself";
+    page.form.caption = "twice";
+    drawn = 0;
+    Top();
+    EXPECT_EQ(drawn, 1);
+}
+
 TEST_F(Windows, TakeDownScreensThatStandOverEachOther)
 {
     Start();
