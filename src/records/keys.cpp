@@ -16,7 +16,7 @@ Value MinorOfRun(const Run& run) { return run.GLminor != 0 ? Value(run.GLminor) 
 
 double NextSno(const Run& run)
 {
-    const double next = run.company.Scalar("select max(sno) as [max] from {business}").Number() + 1;
+    const double next = run.company.NextNumber("business", "SNO");
     return next == kUnsavedLine ? next + 1 : next;
 }
 

@@ -19,7 +19,8 @@ Recordset QueryOfMinor(const Run& run, std::string sql, std::vector<Value> value
 /// The value of a new row's `Minor`: Null in the assessee's own run.
 Value MinorOfRun(const Run& run);
 
-/// The next free `sno` of the file: unique over all assessees, and never the number of the unsaved line.
+/// The next free `sno` of the file: unique over all assessees, and never the number of the unsaved line. Within the
+/// transaction that stores its row: no other program gets the number meanwhile.
 double NextSno(const Run& run);
 
 } // namespace pgbp

@@ -73,6 +73,14 @@ void Connection::Insert(std::string_view table, std::span<const Field> fields) c
     ExecuteBound("insert into {" + std::string(table) + "} (" + columns + ") values (" + marks + ")", values);
 }
 
+double Connection::NextNumber(std::string_view table, std::string_view column) const
+{
+    if (const std::string lock = dialect().Lock(table, column); !lock.empty())
+        Execute(lock);
+    const std::string largest = "select max([" + std::string(column) + "]) as [max] from {" + std::string(table) + '}';
+    return Scalar(largest + std::string(dialect().lockClause)).Number() + 1;
+}
+
 Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections)
 {
     try {

@@ -87,6 +87,10 @@ class Connection {
     void Insert(std::string_view table, std::initializer_list<Field> fields) const;
     void Insert(std::string_view table, std::span<const Field> fields) const;
 
+    /// One more than the largest number of the table's column (the table named without braces). Within a transaction,
+    /// to whose end every other session waits with its own: no two get the same number.
+    double NextNumber(std::string_view table, std::string_view column) const;
+
     Recordset QueryBound(std::string_view sql, std::span<const Value> values) const;
     long ExecuteBound(std::string_view sql, std::span<const Value> values) const;
 

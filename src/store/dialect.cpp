@@ -10,6 +10,37 @@ std::string Filled(std::string_view pattern, std::string_view column, int length
     return Replace(Replace(pattern, "{n}", std::to_string(length)), "{}", column);
 }
 
+constexpr Dialect kSqlServer{
+    .name = "server",
+    .DeleteWord = "Delete ",
+    .UpperWord = "Upper",
+    .noMinor = "minor is NULL",
+    .noMinorOrZero = "(minor is NULL or minor = 0)",
+    .noMinorOrZeroUnparsed = "(minor is NULL or minor = 0)",
+    .statusAtMost3 = "cast(status as float) <= 3",
+    .trueLiteral = "1",
+    .insertionOrder = "", // the suite's server tables hold no column that tells it
+    .lockPattern = "",
+    .lockClause = " with (tablockx, holdlock)",
+    .leftPattern = "left({},{n})",
+    .rightPattern = "right({},{n})",
+    .trimPattern = "rtrim(ltrim({}))",
+    .asNumberPattern = "coalesce(cast({} as float),0)",
+    .textType = "nvarchar({n})",
+    .memoType = "nvarchar(4000)",
+    .numberType = "double precision",
+    .flagType = "bit",
+    .dateType = "datetime",
+};
+
+constexpr Dialect MariaDb()
+{
+    Dialect dialect = kSqlServer;
+    dialect.name = "mariadb";
+    dialect.lockClause = " for update";
+    return dialect;
+}
+
 } // namespace
 
 const Dialect kJetDialect{
@@ -22,6 +53,9 @@ const Dialect kJetDialect{
     .statusAtMost3 = "val(status) <= 3",
     .trueLiteral = "True",
     .insertionOrder = "", // the engine reads a table without a key in the order of its pages
+    // reading locks nothing here: the row with the smallest number, which stays, stands for the table
+    .lockPattern = "update {t} set {} = {} where {} = (select min({}) from {t})",
+    .lockClause = "",
     .leftPattern = "left({},{n})",
     .rightPattern = "right({},{n})",
     .trimPattern = "trim({})",
@@ -33,26 +67,8 @@ const Dialect kJetDialect{
     .dateType = "datetime",
 };
 
-const Dialect kServerDialect{
-    .name = "server",
-    .DeleteWord = "Delete ",
-    .UpperWord = "Upper",
-    .noMinor = "minor is NULL",
-    .noMinorOrZero = "(minor is NULL or minor = 0)",
-    .noMinorOrZeroUnparsed = "(minor is NULL or minor = 0)",
-    .statusAtMost3 = "cast(status as float) <= 3",
-    .trueLiteral = "1",
-    .insertionOrder = "", // the suite's server tables hold no column that tells it
-    .leftPattern = "left({},{n})",
-    .rightPattern = "right({},{n})",
-    .trimPattern = "rtrim(ltrim({}))",
-    .asNumberPattern = "coalesce(cast({} as float),0)",
-    .textType = "nvarchar({n})",
-    .memoType = "nvarchar(4000)",
-    .numberType = "double precision",
-    .flagType = "bit",
-    .dateType = "datetime",
-};
+const Dialect kServerDialect = kSqlServer;
+const Dialect kMariaDbDialect = MariaDb();
 
 // The engine would take a text for a number and cut none that is too long: its tables refuse both, as the servers do.
 // A function's result loses its column's collation, so the text functions ask for it again.
@@ -66,6 +82,8 @@ const Dialect kEmbeddedDialect{
     .statusAtMost3 = "cast(status as real) <= 3",
     .trueLiteral = "1",
     .insertionOrder = " order by rowid",
+    .lockPattern = "", // a transaction that writes has the file to itself from its beginning
+    .lockClause = "",
     .leftPattern = "substr({},1,{n}) collate nocase",
     .rightPattern = "substr({},-{n}) collate nocase",
     .trimPattern = "trim({}) collate nocase",
@@ -88,6 +106,16 @@ std::string Dialect::AsNumber(std::string_view column) const { return Filled(asN
 std::string Dialect::Upper(std::string_view column) const
 {
     return std::string(UpperWord) + '(' + std::string(column) + ')';
+}
+
+std::string Dialect::Lock(std::string_view table, std::string_view column) const
+{
+    return Filled(Replace(lockPattern, "{t}", '{' + std::string(table) + '}'), '[' + std::string(column) + ']');
+}
+
+const Dialect& ServerDialect(std::string_view product)
+{
+    return EqualsIgnoringCase(product, "MariaDB") ? kMariaDbDialect : kServerDialect;
 }
 
 } // namespace pgbp

@@ -17,10 +17,12 @@ struct Dialect {
     std::string_view statusAtMost3;         ///< condition on `status`, a text, as a number
     std::string_view trueLiteral;           ///< the value of a set flag in a condition
     std::string_view insertionOrder;        ///< " order by ..." that gives rows in the order they were added, or empty
-    std::string_view leftPattern;           ///< "left({},{n})": first characters
-    std::string_view rightPattern;          ///< "right({},{n})": last characters
-    std::string_view trimPattern;           ///< without blanks at both ends
-    std::string_view asNumberPattern;       ///< a text as a number
+    std::string_view lockPattern;     ///< statement before a table's largest number is read: others wait with theirs
+    std::string_view lockClause;      ///< behind the table whose largest number is read, to the same end
+    std::string_view leftPattern;     ///< "left({},{n})": first characters
+    std::string_view rightPattern;    ///< "right({},{n})": last characters
+    std::string_view trimPattern;     ///< without blanks at both ends
+    std::string_view asNumberPattern; ///< a text as a number
     std::string_view textType; ///< how a new table declares a text: `{}` is the column, `{n}` its width in characters
     std::string_view memoType; ///< a text of any length
     std::string_view numberType;
@@ -32,10 +34,16 @@ struct Dialect {
     std::string Trim(std::string_view column) const;
     std::string AsNumber(std::string_view column) const;
     std::string Upper(std::string_view column) const;
+    /// The statement that comes before the largest number of the table's column is read; empty where none is needed.
+    std::string Lock(std::string_view table, std::string_view column) const;
 };
 
 extern const Dialect kJetDialect;
 extern const Dialect kServerDialect;
+extern const Dialect kMariaDbDialect;
 extern const Dialect kEmbeddedDialect;
+
+/// The dialect of a database server, by the name that its driver gives the product.
+const Dialect& ServerDialect(std::string_view product);
 
 } // namespace pgbp

@@ -41,10 +41,12 @@ std::string FolderOf(std::string_view backslashPath)
     return std::string(backslashPath.substr(0, backslashPath.find_last_of('\\')));
 }
 
+const Dialect& JetDialect(std::string_view) { return kJetDialect; }
+
 Connection OpenJetFile(const DataFile& file)
 {
     try {
-        return {OpenOdbcEngine(JetConnectionString(file), kJetDialect), ""};
+        return {OpenOdbcEngine(JetConnectionString(file), JetDialect), ""};
     } catch (const StoreError& error) {
         throw FileError(file.path, std::string("cannot be opened through the platform's Jet driver: ") + error.what());
     }

@@ -29,6 +29,15 @@ struct Session : Handle {
     }
     ~Session() { SQLDisconnect(get()); }
 
+    std::string Product() const
+    {
+        std::u16string name(64, u'\0');
+        SQLSMALLINT bytes = 0;
+        Check(SQLGetInfoW(get(), SQL_DBMS_NAME, Units(name), static_cast<SQLSMALLINT>(name.size() * sizeof(SQLWCHAR)),
+                          &bytes));
+        return ToUtf8(std::u16string_view(name).substr(0, static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR)));
+    }
+
     void SetAttribute(SQLINTEGER attribute, SQLULEN value)
     {
         Check(SQLSetConnectAttrW(get(), attribute, reinterpret_cast<SQLPOINTER>(value), SQL_IS_UINTEGER));
@@ -52,8 +61,8 @@ class OdbcEngine : public Engine {
     }
 
   public:
-    OdbcEngine(const std::string& connectionString, const Dialect& dialect)
-        : session_(environment_, connectionString), dialect_(dialect)
+    OdbcEngine(const std::string& connectionString, DialectOf dialectOf)
+        : session_(environment_, connectionString), dialect_(dialectOf(session_.Product()))
     {
     }
     ~OdbcEngine() override { Rollback(); }
@@ -109,9 +118,9 @@ class OdbcEngine : public Engine {
 
 } // namespace
 
-std::shared_ptr<Engine> OpenOdbcEngine(const std::string& connectionString, const Dialect& dialect)
+std::shared_ptr<Engine> OpenOdbcEngine(const std::string& connectionString, DialectOf dialectOf)
 {
-    return std::make_shared<OdbcEngine>(connectionString, dialect);
+    return std::make_shared<OdbcEngine>(connectionString, dialectOf);
 }
 
 } // namespace pgbp

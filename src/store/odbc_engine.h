@@ -7,8 +7,10 @@
 
 namespace pgbp {
 
-/// A session with a database through its ODBC driver. Waits a few seconds for a server at most; a session that is lost
-/// later answers each call with StoreError. Throws StoreError with the driver's words.
-std::shared_ptr<Engine> OpenOdbcEngine(const std::string& connectionString, const Dialect& dialect);
+/// Gives the dialect by the name that a driver gives the product behind it.
+using DialectOf = const Dialect& (*)(std::string_view product);
+
+/// A session with a database through its ODBC driver. Throws StoreError with the driver's words.
+std::shared_ptr<Engine> OpenOdbcEngine(const std::string& connectionString, DialectOf dialectOf);
 
 } // namespace pgbp

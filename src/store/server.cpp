@@ -36,7 +36,7 @@ std::optional<Connection> OpenServerConnection(const ServerLogin& login, std::st
     try {
         // The native client is named as an OLE DB provider; the driver manager knows it by its driver's name.
         const std::string text = Replace(ServerConnectionString(login, database), kNativeProvider, kNativeDriver);
-        return Connection(OpenOdbcEngine(text, kServerDialect), "");
+        return Connection(OpenOdbcEngine(text, ServerDialect), "");
     } catch (const StoreError& error) {
         why = error.what();
         return std::nullopt;

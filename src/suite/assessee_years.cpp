@@ -143,7 +143,7 @@ double AddAssessee(const Practice& practice, const Assessee& assessee)
     }
     Transaction transaction({practice.company});
     CheckAssessee(practice, assessee);
-    const double number = practice.company.Scalar("select max(company) from {assessee}").Number() + 1;
+    const double number = practice.company.NextNumber("assessee", "company");
     values.front() = number;
     RowWriter(practice.company, "assessee", columns).Add(values);
     transaction.Commit();

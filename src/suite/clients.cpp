@@ -143,10 +143,7 @@ class ClientWriter {
 
 } // namespace
 
-LineNumbers::LineNumbers(const Connection& company)
-    : last_(company.Scalar("select max(sno) as [max] from {business}").Number())
-{
-}
+LineNumbers::LineNumbers(const Connection& company) : last_(company.NextNumber("business", "SNO") - 1) {}
 
 double LineNumbers::Next()
 {

@@ -55,7 +55,7 @@ long FillPractice(const Practice& practice, const std::filesystem::path& dataFol
     const std::vector<Client> clients = ReadSixteenClients(dataFolder);
     Transaction transaction({practice.company, practice.balance});
     LineNumbers lines(practice.company);
-    double number = practice.company.Scalar("select max(company) from {assessee}").Number() + 1;
+    double number = practice.company.NextNumber("assessee", "company");
     long rows = 0;
     const auto add = [&](const Client& client, int serial) {
         WriteClient(practice, client, {number, serial}, lines);

@@ -1,6 +1,7 @@
 // What every engine must do. Each case runs on the embedded engine and, where one is up, on a database server.
 #include "store/engines_under_test.h"
 
+#include <future>
 #include <limits>
 
 namespace pgbp {
@@ -226,6 +227,33 @@ TEST_P(StoreContract, ATransactionIsAllOrNothingOverItsConnections)
     }
     write("alone");
     EXPECT_EQ(stored(), "alone,kept,outer|alone,kept,outer");
+}
+
+/// Stores `count` lines, each in a transaction of its own under the next number, as the save of a new line does.
+void AddNumberedLines(const Connection& company, std::string_view code, int count)
+{
+    while (count-- > 0) {
+        Transaction transaction({company});
+        AddLine(company, code, "1", company.NextNumber("business", "SNO"));
+        transaction.Commit();
+    }
+}
+
+TEST_P(StoreContract, TwoWritersNeverGetTheSameNumber)
+{
+    constexpr int kLines = 40;
+    EXPECT_EQ(company.NextNumber("business", "SNO"), 1) << "an empty table";
+    AddLine(company, "A", "1", 41);
+    const Connection first = OtherCompany();
+    const Connection second = OtherCompany();
+    auto other = std::async(std::launch::async, AddNumberedLines, second, "B", kLines);
+    AddNumberedLines(first, "A", kLines);
+    other.get();
+    const Recordset lines =
+        company.Query("select count(*) as n, count(distinct sno) as numbers, max(sno) as high from {business}");
+    EXPECT_EQ(lines.First()["n"].Number(), 1 + 2 * kLines);
+    EXPECT_EQ(lines.First()["numbers"].Number(), 1 + 2 * kLines);
+    EXPECT_EQ(lines.First()["high"].Number(), 41 + 2 * kLines) << "a gap";
 }
 
 class ServerContract : public StoreContract {};

@@ -10,19 +10,25 @@
 namespace pgbp {
 namespace {
 
-Connection OpenFreshDatabase(const ServerLogin& login, std::string_view database, std::string_view file)
+Connection OpenDatabase(const ServerLogin& login, std::string_view database)
 {
     std::string why;
     auto connection = OpenServerConnection(login, database, why);
     if (!connection)
         throw StoreError(why);
+    return *connection;
+}
+
+Connection OpenFreshDatabase(const ServerLogin& login, std::string_view database, std::string_view file)
+{
+    const Connection connection = OpenDatabase(login, database);
     for (const Table& table : Tables()) {
         if (table.file != file)
             continue;
-        connection->Execute("drop table if exists {" + std::string(table.name) + "}");
-        connection->Execute(CreateTableText(table, connection->dialect()));
+        connection.Execute("drop table if exists {" + std::string(table.name) + "}");
+        connection.Execute(CreateTableText(table, connection.dialect()));
     }
-    return *connection;
+    return connection;
 }
 
 } // namespace
@@ -69,6 +75,12 @@ void StoreContract::SetUp()
     } else {
         GTEST_SKIP() << "No database server: install mariadb-server and odbc-mariadb, and run through ctest.";
     }
+}
+
+Connection StoreContract::OtherCompany() const
+{
+    return GetParam() == EngineKind::Embedded ? OpenFile({.path = folder_ / "company.mdb", .dsn = {}})
+                                              : OpenDatabase(*TestServer(), "Qel_VornCompany");
 }
 
 } // namespace pgbp

@@ -38,6 +38,9 @@ class StoreContract : public testing::TestWithParam<EngineKind> {
 
     const Dialect& dialect() const { return company.dialect(); }
 
+    /// `company` in another session, as another workstation opens it.
+    Connection OtherCompany() const;
+
     Connection company, balance;
 
   private:

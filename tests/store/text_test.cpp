@@ -54,6 +54,14 @@ TEST(JetDialect, WordsAsTheFilesWantThem)
     EXPECT_EQ(kJetDialect.AsNumber("amt3"), "val(amt3 & '')");
 }
 
+TEST(Dialects, TheLockThatComesWithTheNextNumber)
+{
+    EXPECT_EQ(kJetDialect.Lock("business", "SNO"),
+              "update {business} set [SNO] = [SNO] where [SNO] = (select min([SNO]) from {business})");
+    EXPECT_EQ(ServerDialect("Microsoft SQL Server").lockClause, " with (tablockx, holdlock)");
+    EXPECT_EQ(ServerDialect("MariaDB").lockClause, " for update");
+}
+
 TEST(Utf16, GoesThereAndBack)
 {
     const std::string text = "a\xC3\xA9\xE0\xA4\xB0\xF0\x9F\x98\x80";
