@@ -18,6 +18,11 @@ class StoreError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+/// The session with a server is gone, and with it its transaction.
+class SessionLost : public StoreError {
+    using StoreError::StoreError;
+};
+
 /// A column with its value, for an insert.
 struct Field {
     std::string_view column;

@@ -20,6 +20,7 @@ constexpr Dialect kSqlServer{
     .statusAtMost3 = "cast(status as float) <= 3",
     .trueLiteral = "1",
     .insertionOrder = "", // the suite's server tables hold no column that tells it
+    .sessionStart = "set lock_timeout 5000",
     .lockPattern = "",
     .lockClause = " with (tablockx, holdlock)",
     .leftPattern = "left({},{n})",
@@ -37,6 +38,7 @@ constexpr Dialect MariaDb()
 {
     Dialect dialect = kSqlServer;
     dialect.name = "mariadb";
+    dialect.sessionStart = "set session innodb_lock_wait_timeout = 5, lock_wait_timeout = 5, max_statement_time = 5";
     dialect.lockClause = " for update";
     return dialect;
 }
@@ -53,6 +55,7 @@ const Dialect kJetDialect{
     .statusAtMost3 = "val(status) <= 3",
     .trueLiteral = "True",
     .insertionOrder = "", // the engine reads a table without a key in the order of its pages
+    .sessionStart = "",   // the connection string says it
     // reading locks nothing here: the row with the smallest number, which stays, stands for the table
     .lockPattern = "update {t} set {} = {} where {} = (select min({}) from {t})",
     .lockClause = "",
@@ -82,7 +85,8 @@ const Dialect kEmbeddedDialect{
     .statusAtMost3 = "cast(status as real) <= 3",
     .trueLiteral = "1",
     .insertionOrder = " order by rowid",
-    .lockPattern = "", // a transaction that writes has the file to itself from its beginning
+    .sessionStart = "", // the engine's opening says it
+    .lockPattern = "",  // a transaction that writes has the file to itself from its beginning
     .lockClause = "",
     .leftPattern = "substr({},1,{n}) collate nocase",
     .rightPattern = "substr({},-{n}) collate nocase",

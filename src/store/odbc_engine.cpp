@@ -38,6 +38,14 @@ struct Session : Handle {
         return ToUtf8(std::u16string_view(name).substr(0, static_cast<std::size_t>(bytes) / sizeof(SQLWCHAR)));
     }
 
+    /// Asked after a call has failed.
+    bool IsLost() const
+    {
+        SQLUINTEGER lost = SQL_CD_FALSE;
+        return SQL_SUCCEEDED(SQLGetConnectAttrW(get(), SQL_ATTR_CONNECTION_DEAD, &lost, sizeof lost, nullptr)) &&
+               lost == SQL_CD_TRUE;
+    }
+
     void SetAttribute(SQLINTEGER attribute, SQLULEN value)
     {
         Check(SQLSetConnectAttrW(get(), attribute, reinterpret_cast<SQLPOINTER>(value), SQL_IS_UINTEGER));
@@ -45,25 +53,42 @@ struct Session : Handle {
 };
 
 class OdbcEngine : public Engine {
+    /// Tells the loss of the session apart from what else can fail.
+    template <typename Work>
+    auto Telling(Work work)
+    {
+        try {
+            return work();
+        } catch (const StoreError& error) {
+            if (session_.IsLost())
+                throw SessionLost(error.what());
+            throw;
+        }
+    }
+
     template <typename Work>
     auto Run(const std::string& sql, std::span<const Value> values, Work work)
     {
-        try {
-            OdbcStatement& statement = prepared_.try_emplace(sql, session_.get(), sql).first->second;
-            statement.Execute(values);
-            auto result = work(statement);
-            statement.Close();
-            return result;
-        } catch (const StoreError& error) {
-            prepared_.erase(sql);
-            throw StatementError(error.what(), sql, values);
-        }
+        return Telling([&] {
+            try {
+                OdbcStatement& statement = prepared_.try_emplace(sql, session_.get(), sql).first->second;
+                statement.Execute(values);
+                auto result = work(statement);
+                statement.Close();
+                return result;
+            } catch (const StoreError& error) {
+                prepared_.erase(sql);
+                throw StatementError(error.what(), sql, values);
+            }
+        });
     }
 
   public:
     OdbcEngine(const std::string& connectionString, DialectOf dialectOf)
         : session_(environment_, connectionString), dialect_(dialectOf(session_.Product()))
     {
+        if (!dialect_.sessionStart.empty())
+            Execute(std::string(dialect_.sessionStart), {});
     }
     ~OdbcEngine() override { Rollback(); }
 
@@ -81,13 +106,13 @@ class OdbcEngine : public Engine {
     {
         if (inTransaction_)
             throw StoreError("A transaction is open already.");
-        session_.SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_OFF);
+        Telling([&] { session_.SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_OFF); });
         inTransaction_ = true;
     }
 
     void Commit() override
     {
-        session_.Check(SQLEndTran(SQL_HANDLE_DBC, session_.get(), SQL_COMMIT));
+        Telling([&] { session_.Check(SQLEndTran(SQL_HANDLE_DBC, session_.get(), SQL_COMMIT)); });
         inTransaction_ = false;
         session_.SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_ON);
     }

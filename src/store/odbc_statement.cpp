@@ -10,6 +10,7 @@
 namespace pgbp {
 namespace {
 
+constexpr SQLULEN kTimeoutSeconds = 5;
 constexpr SQLULEN kLongText = 4000; ///< characters from which on a driver wants a text bound as long
 
 /// One value with the room that the driver reads it from.
@@ -143,6 +144,8 @@ std::vector<Reader> Describe(const Handle& statement, std::vector<std::string>& 
 
 OdbcStatement::OdbcStatement(SQLHANDLE session, const std::string& sql) : Handle(SQL_HANDLE_STMT, session)
 {
+    // Where a driver knows no such limit, the session's own ones hold.
+    SQLSetStmtAttr(get(), SQL_ATTR_QUERY_TIMEOUT, reinterpret_cast<SQLPOINTER>(kTimeoutSeconds), 0);
     std::u16string text = ToUtf16(sql);
     Check(SQLPrepareW(get(), Units(text), static_cast<SQLINTEGER>(text.size())));
 }

@@ -1,6 +1,7 @@
 #include "store/server.h"
 
 #include "services/text.h"
+#include "store/deadline_engine.h"
 #include "store/odbc_engine.h"
 
 namespace pgbp {
@@ -36,7 +37,7 @@ std::optional<Connection> OpenServerConnection(const ServerLogin& login, std::st
     try {
         // The native client is named as an OLE DB provider; the driver manager knows it by its driver's name.
         const std::string text = Replace(ServerConnectionString(login, database), kNativeProvider, kNativeDriver);
-        return Connection(OpenOdbcEngine(text, ServerDialect), "");
+        return Connection(WithDeadline([text] { return OpenOdbcEngine(text, ServerDialect); }), "");
     } catch (const StoreError& error) {
         why = error.what();
         return std::nullopt;

@@ -2,12 +2,23 @@
 
 #include "services/utf8.h"
 
+#include <algorithm>
 #include <cmath>
 
 namespace pgbp {
 namespace {
 
 constexpr int kShownCharacters = 60;
+
+/// How the engines tell that another session's lock was waited for in vain.
+constexpr std::string_view kLockWords[] = {"locked", "Lock wait timeout", "Lock request time out", "eadlock",
+                                           "max_statement_time"};
+
+bool TellsOfALock(std::string_view words)
+{
+    return std::ranges::any_of(kLockWords,
+                               [&](std::string_view word) { return words.find(word) != std::string_view::npos; });
+}
 
 std::string Shown(const Value& value)
 {
@@ -32,7 +43,7 @@ void CheckValues(const std::string& sql, std::span<const Value> values)
 StoreError StatementError(std::string_view words, const std::string& sql, std::span<const Value> values)
 {
     std::string text(words);
-    if (text.find("locked") != std::string::npos)
+    if (TellsOfALock(text))
         text = "Another program is writing to the data files. Nothing was changed; please try again.\n" + text;
     text += "\nStatement: " + sql;
     for (const Value& value : values)

