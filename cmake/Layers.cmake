@@ -31,11 +31,19 @@ function(pgbp_library folder)
     target_link_libraries(pgbp_${folder} PUBLIC ${ARG_USES} PRIVATE ${ARG_LINK})
 endfunction()
 
-# pgbp_test(FOLDER SOURCES file... [LINK library...]): one GoogleTest program a folder, every case known to ctest.
+# pgbp_test(FOLDER SOURCES file... [LINK library...] [SERVER]): one GoogleTest program a folder, every case known to
+# ctest. With SERVER the cases whose name begins with "Server" run while the database server of the tests is up.
 function(pgbp_test folder)
-    cmake_parse_arguments(ARG "" "" "SOURCES;LINK" ${ARGN})
+    cmake_parse_arguments(ARG "SERVER" "" "SOURCES;LINK" ${ARGN})
     add_executable(test_${folder} ${ARG_SOURCES})
     target_include_directories(test_${folder} PRIVATE ${PROJECT_SOURCE_DIR}/src ${PROJECT_SOURCE_DIR}/tests)
     target_link_libraries(test_${folder} PRIVATE ${ARG_LINK} GTest::gtest GTest::gtest_main)
-    gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60)
+    if(NOT ARG_SERVER)
+        gtest_discover_tests(test_${folder} DISCOVERY_TIMEOUT 60)
+        return()
+    endif()
+    gtest_discover_tests(test_${folder} TEST_FILTER "-Server*" DISCOVERY_TIMEOUT 60)
+    gtest_discover_tests(test_${folder} TEST_FILTER "Server*" TEST_LIST server_tests DISCOVERY_TIMEOUT 60
+        PROPERTIES FIXTURES_REQUIRED test_server RESOURCE_LOCK test_server
+                   ENVIRONMENT PGBP_TEST_SERVER=${PGBP_TEST_SERVER_FOLDER})
 endfunction()

@@ -55,7 +55,7 @@ make_databases() {
     mariadb --no-defaults --socket="$data/socket" --user=root <<'SQL'
 create database Qel_VornCompany;
 create database Qel_VornBalance;
-create user preparer identified by 'Pass;word}1';
+create user preparer identified by '"Pa;ss{wo}rd=1}"';
 grant all on Qel_VornCompany.* to preparer;
 grant all on Qel_VornBalance.* to preparer;
 SQL

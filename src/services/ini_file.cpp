@@ -46,9 +46,22 @@ std::optional<std::string> SectionName(const std::string& line)
     return Trim(trimmed.substr(1, end - 1));
 }
 
+/// Without one pair of quotes around it.
+std::string Unquoted(const std::string& value)
+{
+    const bool quoted =
+        value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.front() == value.back();
+    return quoted ? value.substr(1, value.size() - 2) : value;
+}
+
+/// A value as it goes into the file: in quotes where reading would take something from it.
+std::string Written(const std::string& value) { return Unquoted(Trim(value)) == value ? value : '"' + value + '"'; }
+
 struct Entry {
     std::string key;
-    std::string value;
+    std::string written;
+
+    std::string Value() const { return Unquoted(written); }
 };
 
 std::optional<Entry> EntryOf(const std::string& line)
@@ -56,10 +69,7 @@ std::optional<Entry> EntryOf(const std::string& line)
     const auto equals = line.find('=');
     if (equals == std::string::npos || Trim(line).front() == ';')
         return std::nullopt;
-    std::string value = Trim(line.substr(equals + 1));
-    if (value.size() >= 2 && (value.front() == '"' || value.front() == '\'') && value.front() == value.back())
-        value = value.substr(1, value.size() - 2);
-    return Entry{Trim(line.substr(0, equals)), value};
+    return Entry{Trim(line.substr(0, equals)), Trim(line.substr(equals + 1))};
 }
 
 /// First and one-behind-last line of the section's body; nothing when the section is missing.
@@ -87,6 +97,19 @@ void ForEachEntry(const std::filesystem::path& file, std::string_view section, c
     for (auto at = body->first; at < body->second; ++at)
         if (auto entry = EntryOf(lines[at]); entry && !use(std::move(*entry)))
             return;
+}
+
+/// The first entry of the key; an empty one when there is none.
+Entry FirstEntry(const std::filesystem::path& file, std::string_view section, std::string_view key)
+{
+    Entry first;
+    ForEachEntry(file, section, [&](Entry entry) {
+        const bool found = EqualsIgnoringCase(entry.key, key);
+        if (found)
+            first = std::move(entry);
+        return !found;
+    });
+    return first;
 }
 
 /// The section's entries as texts, as many as the buffer holds.
@@ -153,14 +176,12 @@ std::string FirstLine(const std::filesystem::path& path)
 
 std::string clsIniFile::GetValue(std::string_view section, std::string_view key) const
 {
-    std::string value;
-    ForEachEntry(File, section, [&](const Entry& entry) {
-        const bool found = EqualsIgnoringCase(entry.key, key);
-        if (found)
-            value = entry.value.substr(0, kBuffer - 1);
-        return !found;
-    });
-    return value;
+    return FirstEntry(File, section, key).Value().substr(0, kBuffer - 1);
+}
+
+std::string clsIniFile::GetWritten(std::string_view section, std::string_view key) const
+{
+    return FirstEntry(File, section, key).written.substr(0, kBuffer - 1);
 }
 
 void clsIniFile::WriteValue(std::string_view section, std::string_view key, std::string_view value) const
@@ -175,7 +196,7 @@ void clsIniFile::WriteValue(std::string_view section, std::string_view key, std:
         lines.push_back('[' + std::string(section) + ']' + lineEnd);
         body = std::pair{lines.size(), lines.size()};
     }
-    const std::string line = std::string(key) + '=' + std::string(value) + lineEnd;
+    const std::string line = std::string(key) + '=' + Written(std::string(value)) + lineEnd;
     const auto at = PlaceOfKey(lines, *body, key);
     if (const auto entry = at < body->second ? EntryOf(lines[at]) : std::nullopt;
         entry && EqualsIgnoringCase(entry->key, key))
@@ -187,7 +208,7 @@ void clsIniFile::WriteValue(std::string_view section, std::string_view key, std:
 
 std::vector<std::string> clsIniFile::GetSection(std::string_view section) const
 {
-    return Listed(File, section, [](const Entry& entry) { return entry.key + '=' + entry.value; });
+    return Listed(File, section, [](const Entry& entry) { return entry.key + '=' + entry.Value(); });
 }
 
 std::vector<std::string> clsIniFile::GetSectionKeys(std::string_view section) const

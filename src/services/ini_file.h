@@ -24,8 +24,12 @@ class clsIniFile {
     /// do, for a file that is there and can not be read.
     std::string GetValue(std::string_view section, std::string_view key) const;
 
-    /// Sets one key and leaves every other byte of the file as it was; makes the file, the section and the key where
-    /// they are missing. The new file takes the old one's place in one step. Throws std::runtime_error when it cannot.
+    /// The value with the quotes around it that GetValue drops.
+    std::string GetWritten(std::string_view section, std::string_view key) const;
+
+    /// Sets one key, so that GetValue gives the value back as it is, and leaves every other byte of the file as it was;
+    /// makes the file, the section and the key where they are missing. The new file takes the old one's place in one
+    /// step. Throws std::runtime_error when it cannot.
     void WriteValue(std::string_view section, std::string_view key, std::string_view value) const;
 
     /// The section's lines as "key=value".

@@ -5,7 +5,10 @@
 #include "store/server.h"
 
 #include <array>
+#include <optional>
+#include <span>
 #include <unistd.h>
+#include <vector>
 
 namespace pgbp {
 namespace {
@@ -17,7 +20,19 @@ std::string ComputerName()
     return name.data();
 }
 
-ServerLogin ReadServerLogin(const Run& run)
+/// What a file's login may mean: the suite writes a password as it is, quotes included; a person may have put it in
+/// quotes to keep its blanks.
+std::vector<ServerLogin> LoginsOf(ServerLogin login, const clsIniFile& file, const char* section, const char* password)
+{
+    login.password = Trim(file.GetWritten(section, password));
+    std::vector<ServerLogin> logins{login};
+    login.password = Trim(file.GetValue(section, password));
+    if (login.password != logins.front().password)
+        logins.push_back(login);
+    return logins;
+}
+
+std::vector<ServerLogin> ReadServerLogins(const Run& run)
 {
     const clsIniFile file{run.host.programFolder / "VornServer.ini"};
     if (!FileExists(file.File)) {
@@ -25,12 +40,13 @@ ServerLogin ReadServerLogin(const Run& run)
         file.WriteValue("Login", "LogName", "sa");
         file.WriteValue("Login", "LogPwd", "");
     }
-    return {file.GetValue("Server", "ServerNM"), Trim(file.GetValue("Login", "LogName")),
-            Trim(file.GetValue("Login", "LogPwd")), run.UseNativeClient};
+    return LoginsOf(
+        {file.GetValue("Server", "ServerNM"), Trim(file.GetValue("Login", "LogName")), "", run.UseNativeClient}, file,
+        "Login", "LogPwd");
 }
 
 /// Where the accounts product's server is.
-ServerLogin ReadOVLogin(const Run& run)
+std::vector<ServerLogin> ReadOVLogins(const Run& run)
 {
     const auto serverFile = run.host.programFolder / "Server.ini";
     const clsIniFile file{run.host.programFolder / "OVServer.ini"};
@@ -39,8 +55,18 @@ ServerLogin ReadOVLogin(const Run& run)
         file.WriteValue("OV3", "USER", "SA");
         file.WriteValue("OV3", "PASS", "");
     }
-    return {file.GetValue("OV3", "SERVER"), Trim(file.GetValue("OV3", "USER")), Trim(file.GetValue("OV3", "PASS")),
-            run.UseNativeClient};
+    return LoginsOf({file.GetValue("OV3", "SERVER"), Trim(file.GetValue("OV3", "USER")), "", run.UseNativeClient}, file,
+                    "OV3", "PASS");
+}
+
+/// Opens the database with the first login that the server takes; `why` then tells what it said to the last one.
+std::optional<Connection> Open(std::span<const ServerLogin> logins, std::string_view database, std::string& why)
+{
+    std::optional<Connection> opened;
+    for (const ServerLogin& login : logins)
+        if (!opened)
+            opened = OpenServerConnection(login, database, why);
+    return opened;
 }
 
 } // namespace
@@ -56,9 +82,9 @@ void ReadSettings(Run& run)
 
 bool OpenServerConnections(Run& run, std::string& why)
 {
-    const ServerLogin login = ReadServerLogin(run);
+    const std::vector<ServerLogin> logins = ReadServerLogins(run);
     const auto open = [&](Connection& connection, std::string_view database) {
-        auto opened = OpenServerConnection(login, database, why);
+        auto opened = Open(logins, database, why);
         if (opened)
             connection = std::move(*opened);
         return opened.has_value();
@@ -69,7 +95,7 @@ bool OpenServerConnections(Run& run, std::string& why)
 void CheckOVServer(Run& run)
 {
     std::string unused;
-    run.OVServerAlive = OpenServerConnection(ReadOVLogin(run), "Qel_OV", unused).has_value();
+    run.OVServerAlive = Open(ReadOVLogins(run), "Qel_OV", unused).has_value();
 }
 
 } // namespace pgbp

@@ -97,10 +97,10 @@ std::string JetConnectionString(const DataFile& file)
 {
     const std::string path = BackslashPath(file.path);
     const std::string folder = file.defaultDir.empty() ? FolderOf(path) : BackslashPath(file.defaultDir);
-    return "DBQ=" + path + ";DefaultDir=" + folder +
-           ";Driver={Microsoft Access Driver (*.mdb)};DriverId=25;FIL=MS Access;FILEDSN=" + BackslashPath(file.dsn) +
-           ";MaxBufferSize=2048;MaxScanRows=8;PageTimeout=5;" + (file.password ? "PWD=QXZ.7;" : "") +
-           "SafeTransactions=0;Threads=3;UID=admin;UserCommitSync=Yes;";
+    return "DBQ=" + ConnectionPart(path) + ";DefaultDir=" + ConnectionPart(folder) +
+           ";Driver={Microsoft Access Driver (*.mdb)};DriverId=25;FIL=MS Access;FILEDSN=" +
+           ConnectionPart(BackslashPath(file.dsn)) + ";MaxBufferSize=2048;MaxScanRows=8;PageTimeout=5;" +
+           (file.password ? "PWD=QXZ.7;" : "") + "SafeTransactions=0;Threads=3;UID=admin;UserCommitSync=Yes;";
 }
 
 } // namespace pgbp

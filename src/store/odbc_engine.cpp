@@ -1,5 +1,6 @@
 #include "store/odbc_engine.h"
 
+#include "services/text.h"
 #include "store/odbc_statement.h"
 #include "store/statement.h"
 #include "store/utf16.h"
@@ -142,6 +143,12 @@ class OdbcEngine : public Engine {
 };
 
 } // namespace
+
+std::string ConnectionPart(std::string_view value)
+{
+    return value.find_first_of(";={}") == std::string_view::npos ? std::string(value)
+                                                                 : '{' + Replace(value, "}", "}}") + '}';
+}
 
 std::shared_ptr<Engine> OpenOdbcEngine(const std::string& connectionString, DialectOf dialectOf)
 {

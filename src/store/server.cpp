@@ -7,25 +7,23 @@
 namespace pgbp {
 namespace {
 
+constexpr std::string_view kOdbcDriver = "Driver={SQL Server};";
 constexpr std::string_view kNativeProvider = "Provider=SQLNCLI10;";
 constexpr std::string_view kNativeDriver = "Driver={SQL Server Native Client 10.0};";
 
-/// A value that would end or open a part of the connection string goes into braces.
-std::string Part(std::string_view value)
+std::string ConnectionString(std::string_view client, const ServerLogin& login, std::string_view database)
 {
-    if (!value.starts_with('{') && value.find(';') == std::string_view::npos)
-        return std::string(value);
-    return '{' + Replace(value, "}", "}}") + '}';
+    const std::string app = login.useNativeClient ? "" : "app=Microsoft Data Access Components;";
+    return std::string(client) + "server=" + ConnectionPart(login.server) + ";" + app +
+           "database=" + ConnectionPart(database) + ";uid=" + ConnectionPart(Trim(login.user)) +
+           ";pwd=" + ConnectionPart(Trim(login.password));
 }
 
 } // namespace
 
 std::string ServerConnectionString(const ServerLogin& login, std::string_view database)
 {
-    const std::string client = login.useNativeClient ? std::string(kNativeProvider) : "Driver={SQL Server};";
-    const std::string app = login.useNativeClient ? "" : "app=Microsoft Data Access Components;";
-    return client + "server=" + login.server + ";" + app + "database=" + std::string(database) +
-           ";uid=" + Part(Trim(login.user)) + ";pwd=" + Part(Trim(login.password));
+    return ConnectionString(login.useNativeClient ? kNativeProvider : kOdbcDriver, login, database);
 }
 
 std::optional<Connection> OpenServerConnection(const ServerLogin& login, std::string_view database, std::string& why)
@@ -36,7 +34,7 @@ std::optional<Connection> OpenServerConnection(const ServerLogin& login, std::st
     }
     try {
         // The native client is named as an OLE DB provider; the driver manager knows it by its driver's name.
-        const std::string text = Replace(ServerConnectionString(login, database), kNativeProvider, kNativeDriver);
+        const std::string text = ConnectionString(login.useNativeClient ? kNativeDriver : kOdbcDriver, login, database);
         return Connection(WithDeadline([text] { return OpenOdbcEngine(text, ServerDialect); }), "");
     } catch (const StoreError& error) {
         why = error.what();

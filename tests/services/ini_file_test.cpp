@@ -58,6 +58,19 @@ TEST_F(IniFile, WritesOneKeyAndKeepsTheRest)
     }
 }
 
+TEST_F(IniFile, GivesBackWhatWasWritten)
+{
+    for (const char* value :
+         {"plain", "\"in quotes\"", "'in quotes'", " blanks ", "\"", "\"\"", "a \"b\"", "", "x;y=z"}) {
+        const auto file = File("");
+        file.WriteValue("S", "K", value);
+        EXPECT_EQ(file.GetValue("S", "K"), value) << Content();
+    }
+    const auto file = File("[S]\nK = \"secret\" \n");
+    EXPECT_EQ(file.GetWritten("S", "K"), "\"secret\"");
+    EXPECT_EQ(file.GetWritten("S", "other"), "");
+}
+
 TEST_F(IniFile, CutsAnswersAtTheBuffer)
 {
     const std::string longValue(5000, 'x');

@@ -1,6 +1,7 @@
 #include "module/module.h"
 #include "startup/sub_main.h"
 
+#include "services/ini_file.h"
 #include "startup/settings.h"
 #include "store/server.h"
 #include "support/empty_practice.h"
@@ -201,4 +202,24 @@ TEST(ProgramFolder, IsTheOneToldElseTheOneChosenElseTheProgramsOwn)
     setenv("PGBP_PROGRAM_FOLDER", "", 1); // would mean the working folder
     EXPECT_EQ(TakeProgramFolder(none), std::filesystem::read_symlink("/proc/self/exe").parent_path());
     unsetenv("PGBP_PROGRAM_FOLDER");
+}
+
+TEST(ServerLogins, APasswordInQuotesIsReadAsTheSuiteWritesItAndAsAPersonDoes)
+{
+    const char* folder = std::getenv("PGBP_TEST_SERVER");
+    const std::string address = folder ? FirstLine(std::filesystem::path(folder) / "address") : "";
+    if (address.empty())
+        GTEST_SKIP() << "No database server: install mariadb-server and odbc-mariadb, and run through ctest.";
+    setenv("ODBCSYSINI", folder, 1);
+    EmptyPractice practice;
+    const auto opens = [&](const std::string& password) {
+        practice.folder.Write("VornServer.ini", "[Server]\nServerNM=" + address +
+                                                    "\n[Login]\nLogName=preparer\nLogPwd=" + password + '\n');
+        pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
+        std::string why;
+        return OpenServerConnections(run, why);
+    };
+    EXPECT_TRUE(opens(R"("Pa;ss{wo}rd=1}")"));
+    EXPECT_TRUE(opens(R"(""Pa;ss{wo}rd=1}"")"));
+    EXPECT_FALSE(opens("Pa;ss{wo}rd=1}"));
 }

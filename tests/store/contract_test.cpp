@@ -285,6 +285,7 @@ TEST_P(ServerContract, AWrongLoginIsAnAnswerAndNoError)
     ServerLogin login = *TestServer();
     EXPECT_EQ(refused(login, "Qel_VornBalance"), "opened");
     EXPECT_NE(refused(login, "Qel_NoSuchDatabase").find("Qel_NoSuchDatabase"), std::string::npos);
+    EXPECT_NE(refused(login, "Qel_;uid={root}").find("Qel_;uid={root}"), std::string::npos) << "cut or read as a part";
     login.password = "wrong";
     EXPECT_NE(refused(login, "Qel_VornBalance").find("preparer"), std::string::npos);
     login.server = "127.0.0.1:1";

@@ -60,7 +60,7 @@ std::optional<ServerLogin> TestServer()
     if (address.empty())
         return std::nullopt;
     setenv("ODBCSYSINI", folder, 1);
-    return ServerLogin{address, " preparer ", "Pass;word}1", false};
+    return ServerLogin{address, " preparer ", R"("Pa;ss{wo}rd=1}")", false};
 }
 
 void StoreContract::SetUp()

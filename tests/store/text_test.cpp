@@ -37,8 +37,15 @@ TEST(ConnectionStrings, TheServerByDriverOrByNativeClient)
     login.useNativeClient = true;
     EXPECT_EQ(ServerConnectionString(login, "Qel_VornBalance"),
               "Provider=SQLNCLI10;server=OFFICE;database=Qel_VornBalance;uid=sa;pwd=secret");
-    login.password = "a;server=b}";
-    EXPECT_TRUE(ServerConnectionString(login, "x").ends_with(";pwd={a;server=b}}}")) << "a password opens no new part";
+}
+
+TEST(ConnectionStrings, AValueOpensNoNewPartAndEndsNone)
+{
+    const ServerLogin login{"OFFICE;uid=x", "s{a}", "a;server=b}", true};
+    EXPECT_EQ(ServerConnectionString(login, "Qel=1"),
+              "Provider=SQLNCLI10;server={OFFICE;uid=x};database={Qel=1};uid={s{a}}};pwd={a;server=b}}}");
+    EXPECT_TRUE(JetConnectionString({.path = "C:\\A;PWD=x\\company.mdb", .dsn = "C:\\d.dsn"})
+                    .starts_with("DBQ={C:\\A;PWD=x\\company.mdb};DefaultDir={C:\\A;PWD=x};Driver={"));
 }
 
 TEST(JetDialect, WordsAsTheFilesWantThem)
