@@ -1,6 +1,7 @@
 #include "store/embedded_engine.h"
 
 #include "services/text.h"
+#include "store/joint_journals.h"
 #include "store/statement.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -145,6 +146,17 @@ class EmbeddedEngine : public Engine {
         database_.exec("pragma " + schema + ".synchronous = full");
     }
 
+    /// Does the work while all files are held for writing; not at all when another program writes just now.
+    template <typename Work>
+    void WhileNobodyWrites(Work work)
+    {
+        sqlite3_busy_timeout(database_.getHandle(), 0);
+        if (database_.tryExec("begin immediate") == SQLITE_OK)
+            work();
+        Rollback();
+        sqlite3_busy_timeout(database_.getHandle(), kBusyTimeoutMilliseconds);
+    }
+
     Recordset Query(const std::string& sql, std::span<const Value> values) override
     {
         return Run(sql, values, [](Prepared& prepared) {
@@ -196,6 +208,18 @@ class EmbeddedEngine : public Engine {
     std::unordered_map<std::string, Prepared> prepared_;
 };
 
+/// What can not be removed now stays for a later start: it harms nobody.
+void TidyUp(EmbeddedEngine& engine, std::span<const std::filesystem::path> files)
+{
+    engine.WhileNobodyWrites([&] {
+        try {
+            RemoveUnneededJointJournals(files);
+        } catch (const std::filesystem::filesystem_error&) {
+            return;
+        }
+    });
+}
+
 } // namespace
 
 std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path> files)
@@ -216,6 +240,8 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
         }
         connections.emplace_back(engine, isFirst ? "" : schema + '.'); // a plain name is the session's own table first
     }
+    if (!JointJournals(files).empty())
+        TidyUp(*engine, files);
     return connections;
 }
 
