@@ -48,8 +48,8 @@ TEST(Upgrade, AFileWithoutOurIndexesGetsThemAndKeepsItsRowsAndACopy)
     EXPECT_EQ(rows[0]["extra"].Text(), "kept");
     EXPECT_TRUE(rows[0]["turnover"].IsNull());
     company.Insert("business1", {{"code", "A"}});
-    EXPECT_EQ(Ask(file, "pragma user_version"), "1");
-    EXPECT_EQ(Ask(file, kIndexes), "4") << "two of business, two of business1";
+    EXPECT_EQ(Ask(file, "pragma user_version"), "2");
+    EXPECT_EQ(Ask(file, kIndexes), "6") << "two of business, two of business1, and the second copies of both";
 
     const path copy = file.string() + ".v0.bak";
     EXPECT_EQ(Ask(copy, "select count(*) from business"), "2");
@@ -83,7 +83,7 @@ TEST(Upgrade, NewerAndForeignFilesAreRefusedAndOthersAreNotTouched)
         }
         return "opened";
     };
-    EXPECT_NE(refusal("tax.mdb", "create table system (type text); pragma user_version = 2").find("newer version"),
+    EXPECT_NE(refusal("tax.mdb", "create table system (type text); pragma user_version = 3").find("newer version"),
               std::string::npos);
     EXPECT_NE(refusal("balance.mdb", "create table songs (title text)").find("another program"), std::string::npos);
     EXPECT_EQ(refusal("balancesheet.mdb", "create table accounts (code text)"), "opened");
@@ -105,7 +105,7 @@ TEST(Upgrade, SeveralAtOnceDoItOnce)
     for (auto& opener : openers)
         opener.join();
     EXPECT_EQ(opened, 8);
-    EXPECT_EQ(Ask(file, kIndexes), "4");
+    EXPECT_EQ(Ask(file, kIndexes), "6");
     EXPECT_EQ(Ask(file.string() + ".v0.bak", kIndexes), "0") << "the copy is of the file before the upgrade";
 }
 
