@@ -5,7 +5,6 @@
 #include "store/server.h"
 
 #include <array>
-#include <optional>
 #include <span>
 #include <unistd.h>
 #include <vector>
@@ -40,9 +39,9 @@ std::vector<ServerLogin> ReadServerLogins(const Run& run)
         file.WriteValue("Login", "LogName", "sa");
         file.WriteValue("Login", "LogPwd", "");
     }
-    return LoginsOf(
-        {file.GetValue("Server", "ServerNM"), Trim(file.GetValue("Login", "LogName")), "", run.UseNativeClient}, file,
-        "Login", "LogPwd");
+    return LoginsOf({file.GetValue("Server", "ServerNM"), Trim(file.GetValue("Login", "LogName")), "",
+                     run.UseNativeClient, file.File.string()},
+                    file, "Login", "LogPwd");
 }
 
 /// Where the accounts product's server is.
@@ -55,18 +54,21 @@ std::vector<ServerLogin> ReadOVLogins(const Run& run)
         file.WriteValue("OV3", "USER", "SA");
         file.WriteValue("OV3", "PASS", "");
     }
-    return LoginsOf({file.GetValue("OV3", "SERVER"), Trim(file.GetValue("OV3", "USER")), "", run.UseNativeClient}, file,
-                    "OV3", "PASS");
+    return LoginsOf({file.GetValue("OV3", "SERVER"), Trim(file.GetValue("OV3", "USER")), "", run.UseNativeClient,
+                     file.File.string()},
+                    file, "OV3", "PASS");
 }
 
-/// Opens the database with the first login that the server takes; `why` then tells what it said to the last one.
-std::optional<Connection> Open(std::span<const ServerLogin> logins, std::string_view database, std::string& why)
+/// Opens the database with the first login that the server takes. Throws what it said to the last one.
+Connection Open(std::span<const ServerLogin> logins, std::string_view database)
 {
-    std::optional<Connection> opened;
-    for (const ServerLogin& login : logins)
-        if (!opened)
-            opened = OpenServerConnection(login, database, why);
-    return opened;
+    try {
+        return OpenServerConnection(logins.front(), database);
+    } catch (const StoreError& error) {
+        if (error.cause() != Cause::WrongPassword || logins.size() == 1)
+            throw;
+        return Open(logins.subspan(1), database);
+    }
 }
 
 } // namespace
@@ -82,20 +84,25 @@ void ReadSettings(Run& run)
 
 bool OpenServerConnections(Run& run, std::string& why)
 {
-    const std::vector<ServerLogin> logins = ReadServerLogins(run);
-    const auto open = [&](Connection& connection, std::string_view database) {
-        auto opened = Open(logins, database, why);
-        if (opened)
-            connection = std::move(*opened);
-        return opened.has_value();
-    };
-    return open(run.company, "Qel_VornCompany") && open(run.balance, "Qel_VornBalance");
+    try {
+        const std::vector<ServerLogin> logins = ReadServerLogins(run);
+        run.company = Open(logins, "Qel_VornCompany");
+        run.balance = Open(logins, "Qel_VornBalance");
+        return true;
+    } catch (const StoreError& error) {
+        why = error.what();
+        return false;
+    }
 }
 
 void CheckOVServer(Run& run)
 {
-    std::string unused;
-    run.OVServerAlive = Open(ReadOVLogins(run), "Qel_OV", unused).has_value();
+    try {
+        Open(ReadOVLogins(run), "Qel_OV");
+        run.OVServerAlive = true;
+    } catch (const StoreError&) {
+        run.OVServerAlive = false;
+    }
 }
 
 } // namespace pgbp

@@ -15,10 +15,21 @@ struct TextHash : std::hash<std::string_view> {
     using is_transparent = void;
 };
 
-void RollbackAll(const std::vector<std::shared_ptr<Engine>>& engines)
+/// Asks an engine; its refusal becomes one that names the file or server.
+template <typename Work>
+auto Ask(Attempt attempt, const FaultPlace& place, Work work)
 {
-    for (const auto& engine : engines)
-        engine->Rollback();
+    try {
+        return work();
+    } catch (const EngineError& error) {
+        throw StoreError(error.cause(), attempt, error.place().name.empty() ? place : error.place(), error.what());
+    }
+}
+
+void RollbackAll(const std::vector<Connection>& connections)
+{
+    for (const Connection& connection : connections)
+        connection.engine()->Rollback();
 }
 
 } // namespace
@@ -27,9 +38,15 @@ struct Connection::Texts {
     std::unordered_map<std::string, std::string, TextHash, std::equal_to<>> ready;
 };
 
-Connection::Connection(std::shared_ptr<Engine> engine, std::string tablePrefix)
-    : engine_(std::move(engine)), tablePrefix_(std::move(tablePrefix)), texts_(std::make_shared<Texts>())
+Connection::Connection(std::shared_ptr<Engine> engine, std::string tablePrefix, FaultPlace place)
+    : engine_(std::move(engine)), tablePrefix_(std::move(tablePrefix)), place_(std::move(place)),
+      texts_(std::make_shared<Texts>())
 {
+}
+
+void Connection::CheckWritable() const
+{
+    Ask(Attempt::Save, place_, [&] { engine_->CheckWritable(tablePrefix_); });
 }
 
 const std::string& Connection::Text(std::string_view sql) const
@@ -42,16 +59,20 @@ const std::string& Connection::Text(std::string_view sql) const
 
 Recordset Connection::QueryBound(std::string_view sql, std::span<const Value> values) const
 {
-    const std::string& text = Text(sql);
-    CheckValues(text, values);
-    return engine_->Query(text, values);
+    return Ask(Attempt::Read, place_, [&] {
+        const std::string& text = Text(sql);
+        CheckValues(text, values);
+        return engine_->Query(text, values);
+    });
 }
 
 long Connection::ExecuteBound(std::string_view sql, std::span<const Value> values) const
 {
-    const std::string& text = Text(sql);
-    CheckValues(text, values);
-    return engine_->Execute(text, values);
+    return Ask(Attempt::Save, place_, [&] {
+        const std::string& text = Text(sql);
+        CheckValues(text, values);
+        return engine_->Execute(text, values);
+    });
 }
 
 void Connection::Insert(std::string_view table, std::initializer_list<Field> fields) const
@@ -85,25 +106,26 @@ Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Conn
 {
     try {
         for (const Connection& connection : connections) {
-            if (std::find(engines_.begin(), engines_.end(), connection.engine()) != engines_.end())
+            const auto isOfThisEngine = [&](const Connection& each) { return each.engine() == connection.engine(); };
+            if (std::any_of(open_.begin(), open_.end(), isOfThisEngine))
                 continue;
-            connection.engine()->Begin();
-            engines_.push_back(connection.engine());
+            Ask(Attempt::Save, connection.place(), [&] { connection.engine()->Begin(); });
+            open_.push_back(connection);
         }
     } catch (...) {
-        RollbackAll(engines_);
+        RollbackAll(open_);
         throw;
     }
 }
 
-Transaction::~Transaction() { RollbackAll(engines_); }
+Transaction::~Transaction() { RollbackAll(open_); }
 
 void Transaction::Commit()
 {
-    assert(!engines_.empty());
-    while (!engines_.empty()) {
-        engines_.front()->Commit();
-        engines_.erase(engines_.begin());
+    assert(!open_.empty());
+    while (!open_.empty()) {
+        Ask(Attempt::Save, open_.front().place(), [&] { open_.front().engine()->Commit(); });
+        open_.erase(open_.begin());
     }
 }
 

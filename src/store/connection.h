@@ -1,5 +1,6 @@
 #pragma once
 
+#include "services/fault.h"
 #include "store/dialect.h"
 #include "store/recordset.h"
 
@@ -13,14 +14,33 @@
 
 namespace pgbp {
 
-/// What went wrong in the store: what was being done, the statement and its values, the engine's words.
-class StoreError : public std::runtime_error {
-    using std::runtime_error::runtime_error;
+/// A data file or the server refused; tells the preparer which one and why.
+class StoreError : public Fault {
+    using Fault::Fault;
+};
+
+/// An engine's refusal, before the connection adds what was attempted and where. `what()` is technical: the engine's
+/// words and the statement, without values.
+class EngineError : public std::runtime_error {
+  public:
+    explicit EngineError(Cause cause, const std::string& technical, FaultPlace place = {})
+        : std::runtime_error(technical), cause_(cause), place_(std::move(place))
+    {
+    }
+
+    Cause cause() const { return cause_; }
+    /// Where, if it is not the place of the connection that asked.
+    const FaultPlace& place() const { return place_; }
+
+  private:
+    Cause cause_;
+    FaultPlace place_;
 };
 
 /// The session with a server is gone, and with it its transaction.
-class SessionLost : public StoreError {
-    using StoreError::StoreError;
+class SessionLost : public EngineError {
+  public:
+    explicit SessionLost(const std::string& technical, Cause cause = Cause::Gone) : EngineError(cause, technical) {}
 };
 
 /// A column with its value, for an insert.
@@ -30,7 +50,7 @@ struct Field {
 };
 
 /// One physical session with an engine. Several connections may share it: the embedded files of one folder are attached
-/// to one session, so that one commit covers them all.
+/// to one session, so that one commit covers them all. Each call throws EngineError.
 class Engine {
   public:
     virtual ~Engine() = default;
@@ -44,6 +64,12 @@ class Engine {
     virtual const Dialect& dialect() const = 0;
     /// See Connection::OwnTables.
     virtual void OwnTables(std::span<const std::string_view> tables) = 0;
+    /// A statement waits a few seconds for another program's lock. Once one has waited in vain the next ones fail at
+    /// once, until this is called: a locked file costs one wait an action, not one a statement.
+    virtual void RenewPatience() {}
+    /// Refuses when the tables under this prefix can only be read; leaves nothing behind, and waits for nobody. An
+    /// engine that can not tell beforehand does nothing.
+    virtual void CheckWritable([[maybe_unused]] const std::string& tablePrefix) {}
 };
 
 /// One of the run's seven logical connections. In a statement a table stands in braces, "select * from {business} where
@@ -53,10 +79,14 @@ class Connection {
   public:
     Connection() = default;
     /// `tablePrefix` goes before each table name in braces; empty where the engine holds this connection's tables
-    /// alone.
-    Connection(std::shared_ptr<Engine> engine, std::string tablePrefix);
+    /// alone. `place` is the file or the server that errors name.
+    Connection(std::shared_ptr<Engine> engine, std::string tablePrefix, FaultPlace place = {});
 
     bool IsOpen() const { return engine_ != nullptr; }
+    const FaultPlace& place() const { return place_; }
+
+    /// Throws StoreError when the file can only be read. Nothing of the trial stays.
+    void CheckWritable() const;
 
     template <typename... Values>
     Recordset Query(std::string_view sql, Values&&... values) const
@@ -114,6 +144,7 @@ class Connection {
 
     std::shared_ptr<Engine> engine_;
     std::string tablePrefix_;
+    FaultPlace place_;
     struct Texts;
     std::shared_ptr<Texts> texts_; // statement texts already made ready for the engine
 };
@@ -131,7 +162,7 @@ class Transaction {
     void Commit();
 
   private:
-    std::vector<std::shared_ptr<Engine>> engines_; // each once, those that still stand open
+    std::vector<Connection> open_; // one an engine, those that still stand open
 };
 
 } // namespace pgbp

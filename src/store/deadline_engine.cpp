@@ -10,7 +10,7 @@
 namespace pgbp {
 namespace {
 
-constexpr const char* kNoAnswer = "The database server does not answer.";
+constexpr const char* kNoAnswer = "The database server does not answer in time.";
 
 /// No driver can be relied on to end a call whose other end went silent. So the session lives on a thread of its own,
 /// which is left alone with a call that takes too long, and closes the session when that call comes back.
@@ -109,9 +109,7 @@ class DeadlineEngine : public Engine {
         } catch (const SessionLost& lost) {
             if (!reached)
                 throw;
-            throw SessionLost(std::string("The connection was lost while the save was completed: look whether it is "
-                                          "stored before you save again.\n") +
-                              lost.what());
+            throw SessionLost(lost.what(), Cause::Uncertain);
         }
         inTransaction_ = false;
     }
@@ -127,6 +125,13 @@ class DeadlineEngine : public Engine {
 
     const Dialect& dialect() const override { return *dialect_; }
 
+    void RenewPatience() override
+    {
+        isSilent_ = false;
+        if (thread_)
+            thread_->Run([](auto& engine) { return engine->RenewPatience(), true; }, patience_.rollback);
+    }
+
   private:
     static std::vector<Value> Copy(std::span<const Value> values) { return {values.begin(), values.end()}; }
 
@@ -140,7 +145,7 @@ class DeadlineEngine : public Engine {
             },
             patience_.call);
         if (!dialect)
-            throw SessionLost(kNoAnswer);
+            Complain();
         dialect_ = *dialect;
         thread_ = std::move(thread);
     }
@@ -150,6 +155,8 @@ class DeadlineEngine : public Engine {
     {
         if (!thread_ && inTransaction_)
             throw SessionLost("The connection to the database server is lost.");
+        if (isSilent_)
+            Complain();
         if (!thread_)
             Open();
         try {
@@ -160,6 +167,12 @@ class DeadlineEngine : public Engine {
             throw;
         }
         thread_.reset();
+        Complain();
+    }
+
+    [[noreturn]] void Complain()
+    {
+        isSilent_ = true;
         throw SessionLost(kNoAnswer);
     }
 
@@ -168,6 +181,7 @@ class DeadlineEngine : public Engine {
     const Dialect* dialect_ = nullptr;
     std::unique_ptr<SessionThread> thread_; ///< none while no session is open
     bool inTransaction_ = false;
+    bool isSilent_ = false; ///< a call waited in vain since patience was renewed
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "store/embedded_engine.h"
 
 #include "services/text.h"
+#include "store/causes.h"
 #include "store/joint_journals.h"
 #include "store/statement.h"
 
@@ -8,6 +9,7 @@
 #include <sqlite3.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
 #include <unordered_map>
 
@@ -107,6 +109,13 @@ std::string AsTemporary(const std::string& sql)
     return Replace(Replace(sql, "CREATE TABLE ", "CREATE TEMP TABLE "), "CREATE INDEX ", "CREATE INDEX temp.");
 }
 
+/// The engine's words with its numbers.
+std::string WordsOf(const SQLite::Exception& error, int systemError)
+{
+    return std::string(error.what()) + " (result " + std::to_string(error.getExtendedErrorCode()) + ", system error " +
+           std::to_string(systemError) + ")";
+}
+
 class EmbeddedEngine : public Engine {
     template <typename Work>
     auto Run(const std::string& sql, std::span<const Value> values, Work work)
@@ -114,19 +123,24 @@ class EmbeddedEngine : public Engine {
         try {
             Prepared& prepared = Ready(sql);
             if (prepared.valueCount != values.size())
-                throw StatementError("The statement takes another number of values.", sql, values);
+                throw EngineError(Cause::Unknown,
+                                  TechnicalText("The statement takes another number of values.", sql, values));
             const ResetAtEnd reset{prepared.statement};
             for (std::size_t i = 0; i < values.size(); ++i)
                 BindValue(prepared.statement, static_cast<int>(i + 1), values[i]);
             return work(prepared);
         } catch (const SQLite::Exception& error) {
-            throw StatementError(error.what(), sql, values);
+            const int systemError = sqlite3_system_errno(database_.getHandle());
+            const Cause cause = EmbeddedCause(error.getExtendedErrorCode(), systemError);
+            if (cause == Cause::Locked)
+                SetPatience(0);
+            throw EngineError(cause, TechnicalText(WordsOf(error, systemError), sql, values));
         }
     }
 
   public:
     explicit EmbeddedEngine(const std::filesystem::path& file)
-        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds)
+        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds), files_{{"main.", file.string()}}
     {
     }
 
@@ -135,6 +149,7 @@ class EmbeddedEngine : public Engine {
         SQLite::Statement attach(database_, "attach database ? as " + schema);
         attach.bind(1, file.string());
         attach.exec();
+        files_.push_back({schema + '.', file.string()});
     }
 
     /// One commit covers several files only with rollback journals, which are also the ones that are safe on a share.
@@ -150,11 +165,9 @@ class EmbeddedEngine : public Engine {
     template <typename Work>
     void WhileNobodyWrites(Work work)
     {
-        sqlite3_busy_timeout(database_.getHandle(), 0);
+        const Trial trial(*this);
         if (database_.tryExec("begin immediate") == SQLITE_OK)
             work();
-        Rollback();
-        sqlite3_busy_timeout(database_.getHandle(), kBusyTimeoutMilliseconds);
     }
 
     Recordset Query(const std::string& sql, std::span<const Value> values) override
@@ -174,7 +187,16 @@ class EmbeddedEngine : public Engine {
         return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
     }
 
-    void Begin() override { Execute("begin immediate", {}); }
+    void Begin() override
+    {
+        try {
+            Execute("begin immediate", {});
+        } catch (const EngineError& error) {
+            if (error.cause() != Cause::Locked)
+                throw;
+            throw EngineError(error.cause(), error.what(), {LockedFile()});
+        }
+    }
     void Commit() override { Execute("commit", {}); }
 
     void Rollback() override
@@ -197,14 +219,75 @@ class EmbeddedEngine : public Engine {
         }
     }
 
+    void RenewPatience() override { SetPatience(kBusyTimeoutMilliseconds); }
+
+    void CheckWritable(const std::string& tablePrefix) override
+    {
+        try {
+            TryToWrite(tablePrefix);
+        } catch (const EngineError& error) {
+            if (error.cause() != Cause::Locked) // where another program writes, this one can
+                throw;
+        }
+    }
+
   private:
+    /// Statements that wait for nobody and leave nothing behind.
+    struct Trial {
+        EmbeddedEngine& engine;
+        int patience = engine.patience_;
+
+        explicit Trial(EmbeddedEngine& itsEngine) : engine(itsEngine) { engine.SetPatience(0); }
+        ~Trial()
+        {
+            engine.Rollback();
+            engine.SetPatience(patience);
+        }
+    };
+
+    /// Changes the first page of a file, which wants the right to it and room for a journal beside it.
+    void TryToWrite(const std::string& prefix)
+    {
+        const Trial trial(*this);
+        const std::string version = "pragma " + prefix + "user_version";
+        Execute("begin", {});
+        const Recordset present = Query(version, {});
+        Execute(version + " = " + present.First().At(0).Text(), {});
+    }
+
+    /// The file on which another program has the lock that a transaction wants; empty when it let go meanwhile.
+    std::string LockedFile()
+    {
+        for (const File& file : files_)
+            try {
+                TryToWrite(file.prefix);
+            } catch (const EngineError& error) {
+                if (error.cause() == Cause::Locked)
+                    return file.path;
+            }
+        return {};
+    }
+
     Prepared& Ready(const std::string& sql)
     {
         const auto found = prepared_.find(sql);
         return found != prepared_.end() ? found->second : prepared_.emplace(sql, Prepare(database_, sql)).first->second;
     }
 
+    void SetPatience(int milliseconds)
+    {
+        if (patience_ != milliseconds)
+            database_.setBusyTimeout(patience_ = milliseconds);
+    }
+
+    struct File {
+        std::string prefix;
+        std::string path;
+    };
+
     SQLite::Database database_;
+    std::vector<File> files_;
+    int patience_ = kBusyTimeoutMilliseconds;
     std::unordered_map<std::string, Prepared> prepared_;
 };
 
@@ -235,10 +318,12 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
             else
                 engine = std::make_shared<EmbeddedEngine>(file);
             engine->UseRollbackJournal(schema);
-        } catch (const std::exception& error) {
-            throw FileError(file, std::string("cannot be opened as an embedded data file: ") + error.what());
+        } catch (const SQLite::Exception& error) {
+            throw StoreError(EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Open, {file.string()},
+                             error.what());
         }
-        connections.emplace_back(engine, isFirst ? "" : schema + '.'); // a plain name is the session's own table first
+        // a plain name is the session's own table first
+        connections.emplace_back(engine, isFirst ? "" : schema + '.', FaultPlace{file.string()});
     }
     if (!JointJournals(files).empty())
         TidyUp(*engine, files);

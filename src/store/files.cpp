@@ -3,10 +3,10 @@
 #include "services/text.h"
 #include "store/embedded_engine.h"
 #include "store/odbc_engine.h"
-#include "store/statement.h"
 #include "store/upgrade.h"
 
 #include <array>
+#include <cerrno>
 #include <fstream>
 
 namespace pgbp {
@@ -29,7 +29,7 @@ std::string Beginning(const std::filesystem::path& file)
     std::array<char, 32> bytes;
     std::ifstream stream(file, std::ios::binary);
     if (!stream.read(bytes.data(), bytes.size()) && !stream.eof())
-        throw FileError(file, "cannot be read. Check your rights to it.");
+        throw StoreError(CauseOf(errno), Attempt::Open, {file.string()}, "The beginning of the file can not be read.");
     return {bytes.data(), static_cast<std::size_t>(stream.gcount())};
 }
 
@@ -46,9 +46,9 @@ const Dialect& JetDialect(std::string_view) { return kJetDialect; }
 Connection OpenJetFile(const DataFile& file)
 {
     try {
-        return {OpenOdbcEngine(JetConnectionString(file), JetDialect), ""};
-    } catch (const StoreError& error) {
-        throw FileError(file.path, std::string("cannot be opened through the platform's Jet driver: ") + error.what());
+        return {OpenOdbcEngine(JetConnectionString(file), JetDialect), "", {file.path.string()}};
+    } catch (const EngineError& error) {
+        throw StoreError(error.cause(), Attempt::Open, {file.path.string()}, error.what());
     }
 }
 
@@ -56,16 +56,20 @@ Connection OpenJetFile(const DataFile& file)
 
 FileKind KindOf(const std::filesystem::path& file)
 {
-    std::error_code ignored;
-    if (!std::filesystem::exists(file, ignored))
-        throw FileError(file, "is missing. Check the data folder.");
-    if (std::filesystem::is_directory(file, ignored))
-        throw FileError(file, "is a folder; an embedded or a Jet database was expected.");
+    const auto refuse = [&](Cause cause, const std::string& technical) {
+        return StoreError(cause, Attempt::Open, {file.string()}, technical);
+    };
+    std::error_code error;
+    const auto status = std::filesystem::status(file, error);
+    if (!std::filesystem::exists(status))
+        throw refuse(error ? CauseOf(error.value()) : Cause::Gone, "The file is missing. " + error.message());
+    if (std::filesystem::is_directory(status))
+        throw refuse(Cause::NotADataFile, "A folder stands in the place of the file.");
     const std::string beginning = Beginning(file);
     for (const Signature& signature : kSignatures)
         if (beginning.size() > signature.at && beginning.substr(signature.at).starts_with(signature.bytes))
             return signature.kind;
-    throw FileError(file, "is of an unknown kind; an embedded or a Jet database was expected. Restore it from a copy.");
+    throw refuse(Cause::NotADataFile, "The file begins as no data file does.");
 }
 
 std::vector<Connection> OpenFiles(std::span<const DataFile> files)

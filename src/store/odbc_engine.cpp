@@ -5,12 +5,16 @@
 #include "store/statement.h"
 #include "store/utf16.h"
 
+#include <chrono>
+#include <optional>
 #include <unordered_map>
 
 namespace pgbp {
 namespace {
 
 constexpr SQLULEN kLoginTimeoutSeconds = 5;
+constexpr std::chrono::milliseconds kWait{
+    500}; ///< a refusal that took longer was waited for; a deadlock is told at once
 
 struct Environment : Handle {
     Environment() : Handle(SQL_HANDLE_ENV, SQL_NULL_HANDLE)
@@ -26,7 +30,8 @@ struct Session : Handle {
         SetAttribute(SQL_ATTR_LOGIN_TIMEOUT, kLoginTimeoutSeconds);
         std::u16string text = ToUtf16(connectionString);
         Check(SQLDriverConnectW(get(), nullptr, Units(text), static_cast<SQLSMALLINT>(text.size()), nullptr, 0, nullptr,
-                                SQL_DRIVER_NOPROMPT));
+                                SQL_DRIVER_NOPROMPT),
+              Attempt::Open);
     }
     ~Session() { SQLDisconnect(get()); }
 
@@ -58,11 +63,16 @@ class OdbcEngine : public Engine {
     template <typename Work>
     auto Telling(Work work)
     {
+        if (outOfPatience_)
+            throw *outOfPatience_;
+        const auto asked = std::chrono::steady_clock::now();
         try {
             return work();
-        } catch (const StoreError& error) {
+        } catch (const EngineError& error) {
             if (session_.IsLost())
                 throw SessionLost(error.what());
+            if (error.cause() == Cause::Locked && std::chrono::steady_clock::now() - asked > kWait)
+                outOfPatience_ = error;
             throw;
         }
     }
@@ -77,9 +87,9 @@ class OdbcEngine : public Engine {
                 auto result = work(statement);
                 statement.Close();
                 return result;
-            } catch (const StoreError& error) {
+            } catch (const EngineError& error) {
                 prepared_.erase(sql);
-                throw StatementError(error.what(), sql, values);
+                throw EngineError(error.cause(), TechnicalText(error.what(), sql, values));
             }
         });
     }
@@ -106,7 +116,7 @@ class OdbcEngine : public Engine {
     void Begin() override
     {
         if (inTransaction_)
-            throw StoreError("A transaction is open already.");
+            throw EngineError(Cause::Unknown, "A transaction is open already.");
         Telling([&] { session_.SetAttribute(SQL_ATTR_AUTOCOMMIT, SQL_AUTOCOMMIT_OFF); });
         inTransaction_ = true;
     }
@@ -134,11 +144,14 @@ class OdbcEngine : public Engine {
     /// The tables of a Jet file serve: its working file is one computer's alone.
     void OwnTables(std::span<const std::string_view>) override {}
 
+    void RenewPatience() override { outOfPatience_.reset(); }
+
   private:
     Environment environment_;
     Session session_;
     const Dialect& dialect_;
     bool inTransaction_ = false;
+    std::optional<EngineError> outOfPatience_; ///< what the statement met that waited in vain
     std::unordered_map<std::string, OdbcStatement> prepared_;
 };
 

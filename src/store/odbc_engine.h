@@ -14,7 +14,7 @@ using DialectOf = const Dialect& (*)(std::string_view product);
 /// A value as it stands in a connection string: in braces where it would end or open a part of the string.
 std::string ConnectionPart(std::string_view value);
 
-/// A session with a database through its ODBC driver. Throws StoreError with the driver's words.
+/// A session with a database through its ODBC driver. Throws EngineError with the driver's words.
 std::shared_ptr<Engine> OpenOdbcEngine(const std::string& connectionString, DialectOf dialectOf);
 
 } // namespace pgbp

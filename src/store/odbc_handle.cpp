@@ -1,6 +1,6 @@
 #include "store/odbc_handle.h"
 
-#include "store/connection.h"
+#include "store/causes.h"
 #include "store/utf16.h"
 
 #include <algorithm>
@@ -11,10 +11,11 @@ namespace {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t));
 
-/// The driver's words about the last call on the handle.
-std::string Diagnostics(SQLSMALLINT type, SQLHANDLE handle)
+/// What the driver answers about the last call on the handle.
+EngineError Diagnostics(SQLSMALLINT type, SQLHANDLE handle, Attempt attempt)
 {
     std::string words;
+    Cause cause = Cause::Unknown; // the first record that tells one
     std::array<SQLWCHAR, 6> state{};
     std::u16string message(SQL_MAX_MESSAGE_LENGTH, u'\0');
     SQLINTEGER native = 0;
@@ -24,9 +25,13 @@ std::string Diagnostics(SQLSMALLINT type, SQLHANDLE handle)
                                       static_cast<SQLSMALLINT>(message.size()), &length));
          ++record) {
         const auto shown = std::min<std::size_t>(length, message.size());
-        words += (words.empty() ? "" : " ") + ToUtf8(std::u16string_view(message).substr(0, shown));
+        const std::string code = ToUtf8({reinterpret_cast<const char16_t*>(state.data()), state.size() - 1});
+        words += (words.empty() ? "" : " ") + ToUtf8(std::u16string_view(message).substr(0, shown)) + " (" + code +
+                 ", " + std::to_string(native) + ")";
+        if (cause == Cause::Unknown)
+            cause = OdbcCause(code, native, attempt);
     }
-    return words.empty() ? "The database driver gives no reason." : words;
+    return EngineError(cause, words.empty() ? "The database driver gives no reason." : words);
 }
 
 } // namespace
@@ -36,13 +41,13 @@ SQLWCHAR* Units(std::u16string& text) { return reinterpret_cast<SQLWCHAR*>(text.
 Handle::Handle(SQLSMALLINT type, SQLHANDLE parent) : type_(type)
 {
     if (!SQL_SUCCEEDED(SQLAllocHandle(type, parent, &handle_)))
-        throw StoreError("The database driver manager gives no handle.");
+        throw EngineError(Cause::Unknown, "The database driver manager gives no handle.");
 }
 
-void Handle::Check(SQLRETURN result) const
+void Handle::Check(SQLRETURN result, Attempt attempt) const
 {
     if (!SQL_SUCCEEDED(result) && result != SQL_NO_DATA)
-        throw StoreError(Diagnostics(type_, handle_));
+        throw Diagnostics(type_, handle_, attempt);
 }
 
 } // namespace pgbp

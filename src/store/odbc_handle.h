@@ -1,5 +1,8 @@
 #pragma once
 
+#include "services/fault.h"
+#include "store/connection.h"
+
 #include <sql.h>
 #include <sqlext.h>
 #include <sqlucode.h>
@@ -14,7 +17,7 @@ SQLWCHAR* Units(std::u16string& text);
 /// One handle of the driver manager, freed with its owner.
 class Handle {
   public:
-    /// Throws StoreError when the driver manager gives none.
+    /// Throws EngineError when the driver manager gives none.
     Handle(SQLSMALLINT type, SQLHANDLE parent);
     Handle(const Handle&) = delete;
     Handle& operator=(const Handle&) = delete;
@@ -22,8 +25,8 @@ class Handle {
 
     SQLHANDLE get() const { return handle_; }
 
-    /// Throws StoreError with the driver's words when the call on this handle has failed.
-    void Check(SQLRETURN result) const;
+    /// Throws EngineError with the driver's words when the call on this handle has failed.
+    void Check(SQLRETURN result, Attempt attempt = Attempt::Save) const;
 
   private:
     SQLSMALLINT type_;

@@ -1,6 +1,5 @@
 #include "store/odbc_statement.h"
 
-#include "store/connection.h"
 #include "store/statement.h"
 #include "store/utf16.h"
 
@@ -155,7 +154,7 @@ void OdbcStatement::Execute(std::span<const Value> values) const
     SQLSMALLINT wanted = 0;
     Check(SQLNumParams(get(), &wanted));
     if (static_cast<std::size_t>(wanted) != values.size())
-        throw StoreError("The statement takes another number of values.");
+        throw EngineError(Cause::Unknown, "The statement takes another number of values.");
     std::vector<Parameter> parameters(values.size());
     for (std::size_t i = 0; i < values.size(); ++i)
         parameters[i].Bind(*this, static_cast<SQLUSMALLINT>(i + 1), values[i]);

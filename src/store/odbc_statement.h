@@ -9,7 +9,7 @@
 
 namespace pgbp {
 
-/// A statement prepared once in a session and run any number of times. Each call throws StoreError.
+/// A statement prepared once in a session and run any number of times. Each call throws EngineError.
 class OdbcStatement : public Handle {
   public:
     OdbcStatement(SQLHANDLE session, const std::string& sql);

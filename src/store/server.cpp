@@ -26,19 +26,17 @@ std::string ServerConnectionString(const ServerLogin& login, std::string_view da
     return ConnectionString(login.useNativeClient ? kNativeProvider : kOdbcDriver, login, database);
 }
 
-std::optional<Connection> OpenServerConnection(const ServerLogin& login, std::string_view database, std::string& why)
+Connection OpenServerConnection(const ServerLogin& login, std::string_view database)
 {
-    if (login.server.empty()) {
-        why = "No database server is named.";
-        return std::nullopt;
-    }
+    const FaultPlace place{login.server, login.settings};
+    if (login.server.empty())
+        throw StoreError("No database server is named.\n\nWrite its name into " + login.settings + ", then try again.");
     try {
         // The native client is named as an OLE DB provider; the driver manager knows it by its driver's name.
         const std::string text = ConnectionString(login.useNativeClient ? kNativeDriver : kOdbcDriver, login, database);
-        return Connection(WithDeadline([text] { return OpenOdbcEngine(text, ServerDialect); }), "");
-    } catch (const StoreError& error) {
-        why = error.what();
-        return std::nullopt;
+        return {WithDeadline([text] { return OpenOdbcEngine(text, ServerDialect); }), "", place};
+    } catch (const EngineError& error) {
+        throw StoreError(error.cause(), Attempt::Open, place, error.what());
     }
 }
 

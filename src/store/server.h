@@ -2,7 +2,6 @@
 
 #include "store/connection.h"
 
-#include <optional>
 #include <string>
 
 namespace pgbp {
@@ -13,13 +12,13 @@ struct ServerLogin {
     std::string user;
     std::string password;
     bool useNativeClient = false;
+    std::string settings = "VornServer.ini"; ///< the file that says so; named where the server refuses
 };
 
 /// The server connection string: the native client's, or the ODBC driver's.
 std::string ServerConnectionString(const ServerLogin& login, std::string_view database);
 
-/// Opens a database of the server; nothing when the server name is empty or the connection cannot be made, with the
-/// engine's words in `why`.
-std::optional<Connection> OpenServerConnection(const ServerLogin& login, std::string_view database, std::string& why);
+/// Opens a database of the server. Throws StoreError when the server name is empty or the connection cannot be made.
+Connection OpenServerConnection(const ServerLogin& login, std::string_view database);
 
 } // namespace pgbp

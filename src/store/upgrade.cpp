@@ -1,16 +1,17 @@
 #include "store/upgrade.h"
 
 #include "services/text.h"
+#include "store/causes.h"
 #include "store/embedded_engine.h"
 #include "store/files.h"
 #include "store/schema.h"
-#include "store/statement.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <algorithm>
 #include <cctype>
+#include <cerrno>
 
 namespace pgbp {
 namespace {
@@ -137,6 +138,12 @@ void UpgradeOneStep(SQLite::Database& database, const std::filesystem::path& fil
     lock.commit();
 }
 
+/// Called at once: the system's error number is that of the engine's last file call.
+StoreError Refused(const SQLite::Exception& error, const std::filesystem::path& file)
+{
+    return {EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Open, {file.string()}, error.what()};
+}
+
 /// True when the inventory knows no table of such a file, or the file holds one of them.
 bool HoldsItsTables(const SQLite::Database& database, std::string_view file)
 {
@@ -154,12 +161,14 @@ void CheckAndUpgrade(SQLite::Database& database, const std::filesystem::path& fi
 {
     const std::string stem = file.stem().string();
     if (!HoldsItsTables(database, stem))
-        throw FileError(file, "is a database of another program: it holds none of the tables of \"" + stem + "\".");
+        throw StoreError(Cause::NotADataFile, Attempt::Open, {file.string()},
+                         "The file holds none of the tables of \"" + stem + "\".");
     const auto isKept = [&](std::string_view kept) { return EqualsIgnoringCase(kept, stem); };
     if (std::none_of(std::begin(kKeptFiles), std::end(kKeptFiles), isKept))
         return;
     if (Version(database) > kSchemaVersion)
-        throw FileError(file, "was written by a newer version of this program. Install that version on this computer.");
+        throw StoreError(Cause::NewerVersion, Attempt::Open, {file.string()},
+                         "Schema version " + std::to_string(Version(database)));
     while (Version(database) < kSchemaVersion)
         UpgradeOneStep(database, file);
 }
@@ -171,18 +180,15 @@ void BringUpToDate(const std::filesystem::path& file)
     try {
         SQLite::Database database(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds);
         CheckAndUpgrade(database, file);
-    } catch (const StoreError&) {
-        throw;
-    } catch (const std::exception& error) {
-        throw FileError(file, std::string("cannot be opened as an embedded data file: ") + error.what() +
-                                  ". Restore it from a copy if it is damaged.");
+    } catch (const SQLite::Exception& error) {
+        throw Refused(error, file);
     }
 }
 
 void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file)
 {
     if (std::filesystem::exists(path))
-        throw FileError(path, "stands already.");
+        throw StoreError("The data file \"" + path.string() + "\" stands already.");
     try {
         SQLite::Database database(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
         SQLite::Transaction whole(database);
@@ -190,8 +196,8 @@ void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file
             step(database, file);
         SetVersion(database, kSchemaVersion);
         whole.commit();
-    } catch (const std::exception& error) {
-        throw FileError(path, std::string("cannot be made: ") + error.what());
+    } catch (const SQLite::Exception& error) {
+        throw Refused(error, path);
     }
 }
 

@@ -10,18 +10,9 @@
 namespace pgbp {
 namespace {
 
-Connection OpenDatabase(const ServerLogin& login, std::string_view database)
-{
-    std::string why;
-    auto connection = OpenServerConnection(login, database, why);
-    if (!connection)
-        throw StoreError(why);
-    return *connection;
-}
-
 Connection OpenFreshDatabase(const ServerLogin& login, std::string_view database, std::string_view file)
 {
-    const Connection connection = OpenDatabase(login, database);
+    const Connection connection = OpenServerConnection(login, database);
     for (const Table& table : Tables()) {
         if (table.file != file)
             continue;
@@ -80,7 +71,7 @@ void StoreContract::SetUp()
 Connection StoreContract::OtherCompany() const
 {
     return GetParam() == EngineKind::Embedded ? OpenFile({.path = folder_ / "company.mdb", .dsn = {}})
-                                              : OpenDatabase(*TestServer(), "Qel_VornCompany");
+                                              : OpenServerConnection(*TestServer(), "Qel_VornCompany");
 }
 
 } // namespace pgbp

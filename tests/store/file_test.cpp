@@ -2,12 +2,15 @@
 #include "store/engines_under_test.h"
 #include "store/files.h"
 #include "store/schema.h"
+#include "support/without_rights.h"
 
 #include <sqlite3.h>
 
 #include <chrono>
 #include <fstream>
+#include <functional>
 #include <future>
+#include <optional>
 #include <random>
 #include <thread>
 
@@ -52,14 +55,16 @@ std::string FilledFile(const TemporaryFolder& folder)
     return Read(folder / "company.mdb");
 }
 
-std::string OpeningError(const path& file)
+/// Why the file can not be opened and read; the error names it. Nothing when it can.
+std::optional<Cause> Refusal(const path& file)
 {
     try {
         OpenFile({.path = file, .dsn = {}}).Query("select * from {business}");
+        return std::nullopt;
     } catch (const StoreError& error) {
-        return error.what();
+        EXPECT_NE(std::string(error.what()).find(file.string()), std::string::npos) << error.what();
+        return error.cause();
     }
-    return "opened";
 }
 
 TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
@@ -70,22 +75,21 @@ TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
     scrambled.replace(100, 4096, RandomBytes(4096));
     const struct {
         const char* name;
-        std::string bytes, words;
+        std::string bytes;
+        Cause cause;
     } cases[] = {
-        {"empty", "", "unknown kind"},
-        {"text", "code,name\n1,A\n", "unknown kind"},
-        {"random", RandomBytes(20000), "unknown kind"},
-        {"header alone", whole.substr(0, 64), "malformed"},
-        {"cut", whole.substr(0, whole.size() / 2), "malformed"},
-        {"scrambled", scrambled, "malformed"},
-        {"jet", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(4000), "Jet driver"},
+        {"empty", "", Cause::NotADataFile},
+        {"text", "code,name\n1,A\n", Cause::NotADataFile},
+        {"random", RandomBytes(20000), Cause::NotADataFile},
+        {"header alone", whole.substr(0, 64), Cause::Damaged},
+        {"cut", whole.substr(0, whole.size() / 2), Cause::Damaged},
+        {"scrambled", scrambled, Cause::Damaged},
+        {"jet", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(4000), Cause::NoDriver},
     };
     for (const auto& one : cases) {
         const path file = folder / "company.mdb";
         Write(file, one.bytes);
-        const std::string error = OpeningError(file);
-        EXPECT_NE(error.find(file.string()), std::string::npos) << one.name << ": " << error;
-        EXPECT_NE(error.find(one.words), std::string::npos) << one.name << ": " << error;
+        EXPECT_EQ(Refusal(file), one.cause) << one.name;
         EXPECT_EQ(Read(file), one.bytes) << one.name;
     }
 }
@@ -93,10 +97,10 @@ TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
 TEST(DataFiles, NothingIsMadeWhereNoFileIs)
 {
     const TemporaryFolder folder;
-    EXPECT_NE(OpeningError(folder / "company.mdb").find("is missing"), std::string::npos);
+    EXPECT_EQ(Refusal(folder / "company.mdb"), Cause::Gone);
     EXPECT_FALSE(std::filesystem::exists(folder / "company.mdb"));
-    EXPECT_NE(OpeningError(folder / ".").find("is a folder"), std::string::npos);
-    EXPECT_NE(OpeningError(folder / "nowhere/company.mdb").find("is missing"), std::string::npos);
+    EXPECT_EQ(Refusal(folder / "."), Cause::NotADataFile);
+    EXPECT_EQ(Refusal(folder / "nowhere/company.mdb"), Cause::Gone);
 }
 
 TEST(DataFiles, TheKindIsReadFromTheFileAndNotFromItsName)
@@ -172,16 +176,103 @@ TEST(DataFiles, TwoWritersWaitForEachOtherAndNeitherLosesALine)
     EXPECT_EQ(company.Scalar("select count(distinct sno) from {business}").Number(), 40);
 }
 
-TEST(DataFiles, AWriterThatWaitsTooLongIsRefused)
+TEST(DataFiles, ALockedFileIsNamedAndCostsOneWaitUntilPatienceIsRenewed)
 {
     const TemporaryFolder folder;
-    const auto first = OpenNewFiles(folder, {"company"}).front();
-    const auto second = OpenFile({.path = folder / "company.mdb", .dsn = {}});
-    const Transaction transaction({first});
-    const auto begin = std::chrono::steady_clock::now();
-    EXPECT_THROW(second.Insert("business", {{"code", "A"}}), StoreError);
-    EXPECT_GT(std::chrono::steady_clock::now() - begin, std::chrono::seconds(4));
-    EXPECT_EQ(second.Scalar("select count(*) from {business}").Number(), 0) << "reading needs no wait";
+    OpenNewFiles(folder, {"company", "balance"});
+    const auto other = OpenFile({.path = folder / "balance.mdb", .dsn = {}});
+    const DataFile files[] = {{.path = folder / "company.mdb", .dsn = {}}, {.path = folder / "balance.mdb", .dsn = {}}};
+    const auto connections = OpenFiles(files);
+    const Transaction transaction({other});
+    const auto secondsUntilRefused = [&] {
+        const auto begin = std::chrono::steady_clock::now();
+        try {
+            Transaction({connections[0]});
+            ADD_FAILURE() << "balance.mdb is locked";
+        } catch (const StoreError& error) {
+            EXPECT_EQ(error.cause(), Cause::Locked);
+            EXPECT_NE(std::string(error.what()).find("balance.mdb"), std::string::npos) << error.what();
+        }
+        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
+    };
+    EXPECT_GT(secondsUntilRefused(), 4);
+    EXPECT_LT(secondsUntilRefused(), 1);
+    EXPECT_EQ(connections[1].Scalar("select count(*) from {compu}").Number(), 0) << "reading needs no wait";
+    connections[1].CheckWritable(); // another program can write, so this one can
+    EXPECT_LT(secondsUntilRefused(), 1);
+    connections[0].engine()->RenewPatience();
+    EXPECT_GT(secondsUntilRefused(), 4);
+}
+
+TEST(DataFiles, AFileInUseTellsWhyItRefuses)
+{
+    const TemporaryFolder folder;
+    const path file = folder / "company.mdb";
+    const std::string whole = FilledFile(folder);
+    const auto update = [](const Connection& company, const std::string& text) {
+        Transaction transaction({company});
+        company.Execute("update {business} set name1 = ?", text);
+        transaction.Commit();
+    };
+    const auto anyText = [&](const Connection& company) { update(company, std::string(200, 'x')); };
+    const struct {
+        std::function<void(const Connection&)> work;
+        Cause cause;
+        const char* words;
+    } cases[] = {
+        {[&](const Connection& company) {
+             company.Query("pragma max_page_count = 1");
+             anyText(company);
+         },
+         Cause::DiskFull, "The changes could not be saved: the disk that holds the file \""},
+        {[&](const Connection& company) { update(company, std::string(256, 'x')); }, Cause::DoesNotFit,
+         "The changes could not be saved: an entry is too long or too large for the file \""},
+        {[&](const Connection& company) {
+             std::filesystem::remove(file);
+             anyText(company);
+         },
+         Cause::Gone, "The changes could not be saved: the file \""},
+        {[&](const Connection& company) {
+             Write(file, whole.substr(0, whole.size() / 2) + RandomBytes(whole.size() / 2));
+             company.Query("select * from {business}");
+         },
+         Cause::Damaged, "The data could not be read: the file \""},
+    };
+    for (const auto& one : cases) {
+        Write(file, whole);
+        const auto company = OpenFile({.path = file, .dsn = {}});
+        try {
+            one.work(company);
+            ADD_FAILURE() << one.words;
+        } catch (const StoreError& error) {
+            EXPECT_EQ(error.cause(), one.cause) << error.what() << '|' << error.technical();
+            EXPECT_TRUE(std::string(error.what()).starts_with(one.words + file.string() + '"')) << error.what();
+            EXPECT_EQ(error.technical().find("xxx"), std::string::npos) << "no values: " << error.technical();
+        }
+    }
+}
+
+TEST(DataFiles, AFileThatCanOnlyBeReadIsFoundBeforeItIsWrittenTo)
+{
+    const TemporaryFolder folder;
+    const path file = folder / "company.mdb";
+    const std::string whole = FilledFile(folder);
+    LetEverybodyIn(folder / ".");
+    const auto trial = [&](const path& taken) {
+        const WithoutRights without(taken, kWriting);
+        const auto company = OpenFile({.path = file, .dsn = {}});
+        EXPECT_EQ(company.Scalar("select count(*) from {business}").Number(), 2000);
+        try {
+            company.CheckWritable();
+        } catch (const StoreError& error) {
+            return error.cause();
+        }
+        return Cause::Unknown;
+    };
+    EXPECT_EQ(trial(file), Cause::ReadOnly);
+    EXPECT_EQ(trial(folder / "."), Cause::ReadOnly) << "no journal can stand beside the file";
+    OpenFile({.path = file, .dsn = {}}).CheckWritable();
+    EXPECT_EQ(Read(file), whole) << "a trial leaves nothing behind";
 }
 
 TEST(DataFiles, AFileLeftInAnotherJournalModeComesBackToRollback)

@@ -85,7 +85,8 @@ TEST(Upgrade, NewerAndForeignFilesAreRefusedAndOthersAreNotTouched)
     };
     EXPECT_NE(refusal("tax.mdb", "create table system (type text); pragma user_version = 3").find("newer version"),
               std::string::npos);
-    EXPECT_NE(refusal("balance.mdb", "create table songs (title text)").find("another program"), std::string::npos);
+    EXPECT_NE(refusal("balance.mdb", "create table songs (title text)").find("is no data file of this program"),
+              std::string::npos);
     EXPECT_EQ(refusal("balancesheet.mdb", "create table accounts (code text)"), "opened");
     EXPECT_EQ(Ask(folder / "balancesheet.mdb", "select count(*) from sqlite_master"), "1");
     EXPECT_EQ(refusal("export1.mdb", "create table anything (code text)"), "opened");
