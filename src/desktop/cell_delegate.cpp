@@ -15,7 +15,10 @@ CellDelegate::CellDelegate(QAbstractItemView& view, int firstColumn)
 void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const
 {
     const bool isSelected = option.state & QStyle::State_Selected;
-    painter->fillRect(option.rect, isSelected ? Theme().accentSoft : Theme().panel);
+    const QVariant ground = index.data(Qt::BackgroundRole);
+    painter->fillRect(option.rect, isSelected         ? Theme().accentSoft
+                                   : ground.isValid() ? ground.value<QColor>()
+                                                      : Theme().panel);
     painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Theme().line);
     if (index.column() == first_ && index.row() == view_.currentIndex().row())
         painter->fillRect(QRect(option.rect.topLeft(), QSize(3, option.rect.height())), Theme().accent);

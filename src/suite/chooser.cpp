@@ -5,6 +5,7 @@
 #include "suite/chooser_window.h"
 
 #include <QApplication>
+#include <QScreen>
 
 #include <stdexcept>
 
@@ -23,7 +24,11 @@ int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolde
     QApplication::setApplicationName("pgbp-suite");
     ApplyTheme(application);
     ChooserWindow window(programFolder, module);
-    window.resize(1100, 640);
+    const QSize usual(1100, 640);
+    if (!picture.empty())
+        window.resize(usual);
+    else if (!window.testAttribute(Qt::WA_Resized)) // the last time left no size
+        window.resize(usual.boundedTo(window.screen()->availableSize()));
     window.show();
     if (picture.empty())
         return QApplication::exec();

@@ -2,11 +2,14 @@
 
 #include "desktop/captions.h"
 #include "desktop/theme.h"
-#include "startup/status.h"
+#include "suite/assessee_kinds.h"
+#include "suite/new_clients.h"
 
+#include <QCheckBox>
 #include <QComboBox>
 #include <QDialogButtonBox>
 #include <QFormLayout>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -14,7 +17,9 @@
 namespace pgbp {
 namespace {
 
-constexpr const char* kStatusCodes[] = {"01", "05", "06", "07", "08", "09", "12", "13", "15"};
+constexpr int kLengthOfPan = 10;
+
+QString Text(std::string_view words) { return QString::fromUtf8(words.data(), static_cast<int>(words.size())); }
 
 QLineEdit* AddField(QFormLayout& fields, const QString& caption)
 {
@@ -30,9 +35,34 @@ QComboBox* AddChoice(QFormLayout& fields, const QString& caption)
     return choice;
 }
 
+QComboBox* AddKinds(QFormLayout& fields)
+{
+    auto* kinds = AddChoice(fields, "&Kind :");
+    for (const AssesseeKind& kind : AssesseeKinds())
+        kinds->addItem(Text(kind.words), Text(kind.status));
+    return kinds;
+}
+
+QComboBox* AddYears(QFormLayout& fields, const Practice& practice, const std::string& year)
+{
+    auto* years = AddChoice(fields, "Assessment &year :");
+    for (const std::string& each : AssessmentYears(practice))
+        years->addItem(Text(each));
+    years->setCurrentText(Text(year));
+    return years;
+}
+
+QComboBox* AddForms(QFormLayout& fields)
+{
+    auto* forms = AddChoice(fields, "Return &form :");
+    for (const ReturnFormChoice& choice : ReturnFormChoices())
+        forms->addItem(Text(choice.words), choice.form);
+    return forms;
+}
+
 } // namespace
 
-AddDialog::AddDialog(QWidget* parent, const QString& title)
+EntryDialog::EntryDialog(QWidget* parent, const QString& title)
     : QDialog(parent), fields_(new QFormLayout(this)), refusal_(new QLabel)
 {
     setWindowTitle(title);
@@ -43,76 +73,125 @@ AddDialog::AddDialog(QWidget* parent, const QString& title)
     refusal_->setProperty("sign", "negative");
 }
 
-void AddDialog::Finish()
+void EntryDialog::Finish(const QString& storing)
 {
     auto* buttons = new QDialogButtonBox;
-    auto* add = buttons->addButton("&Add", QDialogButtonBox::AcceptRole);
+    auto* store = buttons->addButton(storing, QDialogButtonBox::AcceptRole);
     auto* cancel = buttons->addButton("&Cancel", QDialogButtonBox::RejectRole);
-    add->setProperty("main", true);
-    for (QPushButton* button : {add, cancel})
+    store->setProperty("main", true);
+    for (QPushButton* button : {store, cancel})
         button->setMinimumHeight(RowHeight() + kUnit);
+    for (QWidget* field : findChildren<QWidget*>())
+        if (field->parent() == this && field->focusPolicy() != Qt::NoFocus)
+            field->setMinimumHeight(RowHeight());
     fields_->addRow(refusal_);
     fields_->addRow(buttons);
-    connect(buttons, &QDialogButtonBox::accepted, this, [this] { TryToAdd(); });
+    connect(buttons, &QDialogButtonBox::accepted, this, [this] { TryToStore(); });
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);
 }
 
-void AddDialog::TryToAdd()
+/// Enter that no button took belongs to a field.
+void EntryDialog::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
+        focusNextChild();
+    else
+        QDialog::keyPressEvent(event);
+}
+
+void EntryDialog::TryToStore()
 {
     try {
-        Add();
+        Store();
         accept();
     } catch (const std::exception& refusal) {
         refusal_->setText(QString::fromUtf8(refusal.what()));
     }
 }
 
-AddAssesseeDialog::AddAssesseeDialog(QWidget* parent, const Practice& practice)
-    : AddDialog(parent, "Add an assessee"), practice_(practice), name_(AddField(*fields_, "&Name :")),
-      pan_(AddField(*fields_, "&PAN :")), status_(AddChoice(*fields_, "&Status :")),
-      address_(AddField(*fields_, "A&ddress :")), city_(AddField(*fields_, "C&ity :"))
+NewClientDialog::NewClientDialog(QWidget* parent, const Practice& practice, const std::string& year)
+    : EntryDialog(parent, "New client"), practice_(practice), name_(AddField(*fields_, "&Name :")),
+      pan_(AddField(*fields_, "&PAN :")), kind_(AddKinds(*fields_)), address_(AddField(*fields_, "A&ddress :")),
+      city_(AddField(*fields_, "C&ity :")), year_(AddYears(*fields_, practice, year)), form_(AddForms(*fields_))
 {
-    for (const char* code : kStatusCodes)
-        status_->addItem(QString("%1   %2").arg(code, Text(StatusInWords(code))), code);
-    pan_->setMaxLength(10);
-    connect(pan_, &QLineEdit::textEdited, pan_, [this](const QString& typed) { pan_->setText(typed.toUpper()); });
-    Finish();
+    pan_->setMaxLength(kLengthOfPan);
+    connect(pan_, &QLineEdit::textEdited, pan_, [this](const QString& typed) {
+        const int cursor = pan_->cursorPosition();
+        pan_->setText(typed.toUpper());
+        pan_->setCursorPosition(cursor);
+        const std::string_view status = StatusOfPan(pan_->text().toStdString());
+        if (!status.empty())
+            kind_->setCurrentIndex(kind_->findData(Text(status)));
+    });
+    Finish("&Add");
 }
 
-void AddAssesseeDialog::Add()
+void NewClientDialog::Store()
 {
-    number_ = AddAssessee(practice_, {name_->text().toStdString(),
-                                      pan_->text().toStdString(),
-                                      status_->currentData().toString().toStdString(),
-                                      {{"comm", "O"},
-                                       {"add_o1", address_->text().trimmed().toStdString()},
-                                       {"city_o", city_->text().trimmed().toStdString()}}});
+    const Assessee assessee{.name = name_->text().toStdString(),
+                            .pan = pan_->text().toStdString(),
+                            .status = kind_->currentData().toString().toStdString(),
+                            .further = {{"comm", "O"},
+                                        {"add_o1", address_->text().trimmed().toStdString()},
+                                        {"city_o", city_->text().trimmed().toStdString()}}};
+    code_ = AddClient(practice_, assessee, year_->currentText().toStdString(), form_->currentData().toDouble());
 }
 
-AddYearDialog::AddYearDialog(QWidget* parent, const Practice& practice, double client, const std::string& name,
+AddYearDialog::AddYearDialog(QWidget* parent, const Practice& practice, const AssesseeYear& client,
                              const std::string& year)
-    : AddDialog(parent, "Add an assessment year"), practice_(practice), client_(client)
+    : EntryDialog(parent, "Add an assessment year"), practice_(practice), client_(client.client)
 {
-    fields_->addRow("Client :", new QLabel(Text(name)));
-    year_ = AddChoice(*fields_, "Assessment &year :");
-    form_ = AddChoice(*fields_, "Return &form :");
-    for (const std::string& each : AssessmentYears(practice))
-        year_->addItem(Text(each));
-    year_->setCurrentText(Text(year));
-    const std::pair<const char*, int> forms[] = {
-        {"as usual for the status", 0},
-        {"4   business of an individual", 4},
-        {"5   firm or association", 5},
-        {"6   company", 6},
-    };
-    for (const auto& [words, number] : forms)
-        form_->addItem(words, number);
-    Finish();
+    fields_->addRow("Client :", new QLabel(Text(client.name)));
+    year_ = AddYears(*fields_, practice, year);
+    form_ = AddForms(*fields_);
+    Finish("&Add");
 }
 
-void AddYearDialog::Add()
+void AddYearDialog::Store()
 {
-    code_ = AddYear(practice_, client_, year_->currentText().toStdString(), form_->currentData().toInt());
+    code_ = AddYear(practice_, client_, year_->currentText().toStdString(), form_->currentData().toDouble());
+}
+
+SettingsDialog::SettingsDialog(QWidget* parent, const Practice& practice, const AssesseeYear& assesseeYear)
+    : EntryDialog(parent, "Client settings"), practice_(practice), assesseeYear_(assesseeYear),
+      settings_(ReadSettings(practice, assesseeYear.code))
+{
+    fields_->addRow("Client :", new QLabel(Text(assesseeYear.name)));
+    fields_->addRow("Year :", new QLabel(Text(assesseeYear.year + "   " + KindInWords(assesseeYear.status))));
+    form_ = AddForms(*fields_);
+    form_->setCurrentIndex(form_->findData(settings_.returnForm));
+    for (const ClientSwitch& each : ClientSwitches())
+        if (each.concerns(assesseeYear))
+            AddSwitch(each);
+    Finish("&Save");
+}
+
+void SettingsDialog::AddSwitch(const ClientSwitch& each)
+{
+    QString caption = Text(each.words);
+    caption[0] = caption[0].toUpper();
+    auto* box = new QCheckBox(caption);
+    box->setChecked(settings_.*each.value);
+    auto* explanation = new QLabel(Text(each.explanation));
+    explanation->setProperty("look", "hint");
+    explanation->setWordWrap(true);
+    explanation->setIndent(6 * kUnit);
+    box->setAccessibleDescription(explanation->text());
+    fields_->addRow(box);
+    fields_->addRow(explanation);
+    switches_.emplace_back(&each, box);
+}
+
+void SettingsDialog::Store()
+{
+    ClientSettings settings = settings_;
+    if (form_->currentIndex() >= 0) {
+        const double form = form_->currentData().toDouble();
+        settings.returnForm = form != 0 ? form : UsualReturnForm(assesseeYear_.status);
+    }
+    for (const auto& [each, box] : switches_)
+        settings.*each->value = box->isChecked();
+    StoreSettings(practice_, assesseeYear_, settings);
 }
 
 } // namespace pgbp

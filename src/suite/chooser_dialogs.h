@@ -1,9 +1,10 @@
 #pragma once
 
-#include "suite/assessee_years.h"
+#include "suite/client_settings.h"
 
 #include <QDialog>
 
+class QCheckBox;
 class QComboBox;
 class QFormLayout;
 class QLabel;
@@ -11,53 +12,57 @@ class QLineEdit;
 
 namespace pgbp {
 
-/// A dialog that adds something to the practice. What the practice refuses is told in the dialog, which stays open.
-class AddDialog : public QDialog {
+/// A dialog that stores something in the practice. Enter walks from field to field to the button that stores. What the
+/// practice refuses is told in the dialog, which stays open.
+class EntryDialog : public QDialog {
   public:
-    AddDialog(QWidget* parent, const QString& title);
+    EntryDialog(QWidget* parent, const QString& title);
 
   protected:
-    virtual void Add() = 0;
+    virtual void Store() = 0;
     /// The fields stand; the message and the buttons come below them.
-    void Finish();
+    void Finish(const QString& storing);
+    void keyPressEvent(QKeyEvent* event) override;
 
     QFormLayout* fields_;
 
   private:
-    void TryToAdd();
+    void TryToStore();
 
     QLabel* refusal_;
 };
 
-/// Adds an assessee.
-class AddAssesseeDialog : public AddDialog {
+/// Adds a client with his first assessment year.
+class NewClientDialog : public EntryDialog {
   public:
-    AddAssesseeDialog(QWidget* parent, const Practice& practice);
-    double number() const { return number_; } ///< of the assessee that was added
+    /// `year` is offered first.
+    NewClientDialog(QWidget* parent, const Practice& practice, const std::string& year);
+    const std::string& code() const { return code_; } ///< of the year that was added
 
   protected:
-    void Add() override;
+    void Store() override;
 
   private:
     const Practice& practice_;
     QLineEdit* name_;
     QLineEdit* pan_;
-    QComboBox* status_;
+    QComboBox* kind_;
     QLineEdit* address_;
     QLineEdit* city_;
-    double number_ = 0;
+    QComboBox* year_;
+    QComboBox* form_;
+    std::string code_;
 };
 
-/// Adds an assessment year of an assessee.
-class AddYearDialog : public AddDialog {
+/// Adds an assessment year of a client.
+class AddYearDialog : public EntryDialog {
   public:
     /// `year` is offered first.
-    AddYearDialog(QWidget* parent, const Practice& practice, double client, const std::string& name,
-                  const std::string& year);
+    AddYearDialog(QWidget* parent, const Practice& practice, const AssesseeYear& client, const std::string& year);
     const std::string& code() const { return code_; } ///< of the year that was added
 
   protected:
-    void Add() override;
+    void Store() override;
 
   private:
     const Practice& practice_;
@@ -65,6 +70,24 @@ class AddYearDialog : public AddDialog {
     QComboBox* year_;
     QComboBox* form_;
     std::string code_;
+};
+
+/// The settings of an assessee-year.
+class SettingsDialog : public EntryDialog {
+  public:
+    SettingsDialog(QWidget* parent, const Practice& practice, const AssesseeYear& assesseeYear);
+
+  protected:
+    void Store() override;
+
+  private:
+    void AddSwitch(const ClientSwitch& each);
+
+    const Practice& practice_;
+    const AssesseeYear assesseeYear_;
+    ClientSettings settings_;
+    QComboBox* form_;
+    std::vector<std::pair<const ClientSwitch*, QCheckBox*>> switches_;
 };
 
 } // namespace pgbp

@@ -2,75 +2,75 @@
 
 #include "desktop/captions.h"
 #include "desktop/theme.h"
-#include "services/format.h"
-#include "startup/status.h"
-
-#include <algorithm>
 
 namespace pgbp {
 namespace {
 
-constexpr const char* kHeadings[] = {"Client", "Year", "Status", "PAN", "Business or Profession", "Code"};
+constexpr const char* kHeadings[] = {"Client", "Year", "Kind", "PAN", "Head of income", "Written by", "Code"};
 
-std::string CellText(const AssesseeYear& year, int column)
+int AlignmentOf(int column)
+{
+    return static_cast<int>(Qt::AlignVCenter | (column == YearList::Head ? Qt::AlignRight : Qt::AlignLeft));
+}
+
+/// The client's earlier years stand back behind his newest one.
+QVariant ColorOf(YearList& list, std::size_t row, int column)
 {
     switch (column) {
-    case AssesseeYearModel::Client:
-        return year.name;
-    case AssesseeYearModel::Year:
-        return year.year;
-    case AssesseeYearModel::Status:
-        return StatusInWords(year.status);
-    case AssesseeYearModel::Pan:
-        return year.pan;
-    case AssesseeYearModel::Head:
-        return year.headOfIncome ? FormatAmountIndian(Amount(*year.headOfIncome), kIndianGrouping) : "not written yet";
+    case YearList::Client:
+    case YearList::Year:
+        return list.IsNewest(row) ? QVariant() : QVariant(Theme().muted);
+    case YearList::Head: {
+        const auto& head = list.WithHead(row).headOfIncome;
+        if (!head)
+            return Theme().muted;
+        return *head < 0 ? QVariant(Theme().negative) : QVariant();
+    }
+    case YearList::Code:
+        return Theme().muted;
     default:
-        return year.code;
+        return {};
     }
 }
 
-QVariant ColorOf(const AssesseeYear& year, int column)
+QVariant GroundOf(YearList& list, std::size_t row, int column)
 {
-    if (column == AssesseeYearModel::Head && year.headOfIncome)
-        return *year.headOfIncome < 0 ? QVariant(Theme().negative) : QVariant();
-    return column == AssesseeYearModel::Head || column == AssesseeYearModel::Code ? QVariant(Theme().muted)
-                                                                                  : QVariant();
+    const bool tellsHead = column == YearList::Head || column == YearList::WrittenBy;
+    return tellsHead && list.WithHead(row).writtenFor != 0 ? QVariant(Theme().mark) : QVariant();
 }
 
 } // namespace
 
-void AssesseeYearModel::Show(std::vector<AssesseeYear> years)
+void AssesseeYearModel::Change(const std::function<void()>& work)
 {
     beginResetModel();
-    years_ = std::move(years);
+    work();
     endResetModel();
-}
-
-int AssesseeYearModel::RowOf(const std::string& code) const
-{
-    const auto found = std::ranges::find(years_, code, &AssesseeYear::code);
-    return found == years_.end() ? -1 : static_cast<int>(found - years_.begin());
 }
 
 int AssesseeYearModel::rowCount(const QModelIndex& parent) const
 {
-    return parent.isValid() ? 0 : static_cast<int>(years_.size());
+    return parent.isValid() ? 0 : static_cast<int>(list_.Size());
 }
 
-int AssesseeYearModel::columnCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : ColumnCount; }
+int AssesseeYearModel::columnCount(const QModelIndex& parent) const
+{
+    return parent.isValid() ? 0 : YearList::ColumnCount;
+}
 
 QVariant AssesseeYearModel::data(const QModelIndex& index, int role) const
 {
-    const AssesseeYear& year = At(index.row());
+    const auto row = static_cast<std::size_t>(index.row());
     switch (role) {
     case Qt::DisplayRole:
     case Qt::ToolTipRole:
-        return Text(CellText(year, index.column()));
+        return Text(list_.CellText(row, static_cast<YearList::Column>(index.column())));
     case Qt::TextAlignmentRole:
-        return static_cast<int>(Qt::AlignVCenter | (index.column() == Head ? Qt::AlignRight : Qt::AlignLeft));
+        return AlignmentOf(index.column());
     case Qt::ForegroundRole:
-        return ColorOf(year, index.column());
+        return ColorOf(list_, row, index.column());
+    case Qt::BackgroundRole:
+        return GroundOf(list_, row, index.column());
     default:
         return {};
     }
@@ -80,19 +80,16 @@ QVariant AssesseeYearModel::headerData(int section, Qt::Orientation orientation,
 {
     if (orientation != Qt::Horizontal)
         return {};
-    if (role == Qt::TextAlignmentRole)
-        return static_cast<int>(Qt::AlignVCenter | (section == Head ? Qt::AlignRight : Qt::AlignLeft));
-    return role == Qt::DisplayRole ? QVariant(QString::fromLatin1(kHeadings[section])) : QVariant();
+    switch (role) {
+    case Qt::DisplayRole:
+        return QString::fromLatin1(kHeadings[section]);
+    case Qt::ToolTipRole:
+        return QString("Sorts by this column: Ctrl+%1").arg(section + 1);
+    case Qt::TextAlignmentRole:
+        return AlignmentOf(section);
+    default:
+        return {};
+    }
 }
-
-SearchModel::SearchModel(AssesseeYearModel& years) : years_(years) { setSourceModel(&years); }
-
-void SearchModel::Search(const QString& text)
-{
-    text_ = text.trimmed().toStdString();
-    invalidateFilter();
-}
-
-bool SearchModel::filterAcceptsRow(int row, const QModelIndex&) const { return Matches(years_.At(row), text_); }
 
 } // namespace pgbp

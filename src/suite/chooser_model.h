@@ -1,21 +1,20 @@
 #pragma once
 
-#include "suite/assessee_years.h"
+#include "suite/year_list.h"
 
 #include <QAbstractTableModel>
-#include <QSortFilterProxyModel>
+
+#include <functional>
 
 namespace pgbp {
 
-/// The assessee-years as rows of a table.
+/// The list of assessee-years as rows of a table.
 class AssesseeYearModel : public QAbstractTableModel {
   public:
-    enum Column { Client, Year, Status, Pan, Head, Code, ColumnCount };
+    explicit AssesseeYearModel(YearList& list) : list_(list) {}
 
-    void Show(std::vector<AssesseeYear> years);
-    const AssesseeYear& At(int row) const { return years_[static_cast<std::size_t>(row)]; }
-    /// Row of the code; -1 when there is none.
-    int RowOf(const std::string& code) const;
+    /// Does something to the list that changes its rows.
+    void Change(const std::function<void()>& work);
 
     int rowCount(const QModelIndex& parent = {}) const override;
     int columnCount(const QModelIndex& parent = {}) const override;
@@ -23,21 +22,7 @@ class AssesseeYearModel : public QAbstractTableModel {
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
 
   private:
-    std::vector<AssesseeYear> years_;
-};
-
-/// Those rows of the model that hold the text that was typed.
-class SearchModel : public QSortFilterProxyModel {
-  public:
-    explicit SearchModel(AssesseeYearModel& years);
-    void Search(const QString& text);
-
-  protected:
-    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
-
-  private:
-    AssesseeYearModel& years_;
-    std::string text_;
+    YearList& list_;
 };
 
 } // namespace pgbp

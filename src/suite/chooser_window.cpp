@@ -2,14 +2,13 @@
 
 #include "desktop/captions.h"
 #include "desktop/cell_delegate.h"
+#include "desktop/elided_label.h"
 #include "desktop/theme.h"
-#include "services/format.h"
-#include "services/year.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
 
 #include <QApplication>
-#include <QCheckBox>
+#include <QCloseEvent>
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -21,14 +20,10 @@
 #include <QTableView>
 #include <QVBoxLayout>
 
+#include <algorithm>
+
 namespace pgbp {
 namespace {
-
-QString NextYear(const std::string& year)
-{
-    const int first = YearNumber(year) + 1;
-    return QString("%1-%2").arg(first).arg((first + 1) % 100, 2, 10, QChar('0'));
-}
 
 QPushButton* Button(const QString& caption)
 {
@@ -38,10 +33,37 @@ QPushButton* Button(const QString& caption)
     return button;
 }
 
+/// A text as wide as what usually stands in the column; it is never narrower than its heading.
+constexpr std::pair<YearList::Column, const char*> kUsualTexts[] = {
+    {YearList::Year, "2023-24"},         {YearList::Kind, "Firm (profession)"}, {YearList::Pan, "WWWWW0000W"},
+    {YearList::Head, "00,00,00,000.00"}, {YearList::WrittenBy, "minor 1"},      {YearList::Code, "00000r2023-24"},
+};
+
+int WidthOf(const QString& text)
+{
+    return QFontMetrics(QApplication::font()).horizontalAdvance(text) + 2 * CellDelegate::kMargin + kUnit;
+}
+
+bool IsText(const QKeyEvent& key)
+{
+    const bool isCommand = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
+    return !isCommand && !key.text().isEmpty() && key.text()[0].isPrint() && key.text()[0] != ' ';
+}
+
 } // namespace
 
 ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module)
-    : practice_(programFolder), module_(module), found_(years_)
+    : practice_(programFolder), module_(module), look_{practice_.folders.Client() / "chooser.ini"},
+      list_([this](AssesseeYear& year) {
+          try {
+              ReadHead(practice_, year);
+          } catch (const std::exception& failure) {
+              const QString why = QString::fromUtf8(failure.what());
+              QMetaObject::invokeMethod(
+                  this, [this, why] { Tell(why, true); }, Qt::QueuedConnection);
+              throw;
+          }
+      })
 {
     setWindowTitle("Vorn - Assessee-years of the practice");
     auto* page = new QVBoxLayout(this);
@@ -52,20 +74,21 @@ ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const s
     BuildOptions();
     BuildBottom();
     Connect();
+    TakeUp();
     Reload("");
     search_->setFocus();
 }
 
 void ChooserWindow::BuildTop()
 {
-    auto* title = new QLabel("Assessee-years");
+    auto* title = new QLabel("Clients");
     title->setFont(FontOf(Type::Title));
     auto* place = new QLabel(Text(practice_.folders.program.filename().string()));
-    place->setToolTip(Text(practice_.folders.program.string()));
+    place->setToolTip("The data lies in " + Text(practice_.folders.program.string()));
     place->setProperty("look", "hint");
     search_ = new QLineEdit;
     search_->setMinimumHeight(RowHeight());
-    search_->setPlaceholderText("Name, PAN, code, year or status");
+    search_->setPlaceholderText("Words of the name, PAN, code, year or kind, in any order");
     search_->setClearButtonEnabled(true);
     auto* caption = new QLabel("&Search :");
     caption->setBuddy(search_);
@@ -84,24 +107,31 @@ void ChooserWindow::BuildTop()
 void ChooserWindow::BuildTable()
 {
     table_ = new QTableView;
-    table_->setModel(&found_);
+    table_->setModel(&rows_);
     table_->setAccessibleName("Assessee-years");
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setSelectionMode(QAbstractItemView::SingleSelection);
     table_->setShowGrid(false);
-    table_->setItemDelegate(new CellDelegate(*table_, AssesseeYearModel::Client));
+    table_->setItemDelegate(new CellDelegate(*table_, YearList::Client));
     table_->setTabKeyNavigation(false);
     table_->setWordWrap(false);
     table_->verticalHeader()->hide();
+    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
     table_->verticalHeader()->setDefaultSectionSize(GridRowHeight());
-    table_->horizontalHeader()->setSectionResizeMode(AssesseeYearModel::Client, QHeaderView::Stretch);
-    table_->horizontalHeader()->setHighlightSections(false);
-    const std::pair<int, int> widths[] = {
-        {AssesseeYearModel::Year, 20}, {AssesseeYearModel::Status, 34}, {AssesseeYearModel::Pan, 30},
-        {AssesseeYearModel::Head, 46}, {AssesseeYearModel::Code, 34},
-    };
-    for (const auto& [column, units] : widths)
-        table_->setColumnWidth(column, units * kUnit);
+    auto* heading = table_->horizontalHeader();
+    heading->setSectionResizeMode(YearList::Client, QHeaderView::Stretch);
+    heading->setHighlightSections(false);
+    heading->setSectionsClickable(true);
+    heading->setSortIndicatorShown(true);
+    for (const auto& [column, text] : kUsualTexts)
+        table_->setColumnWidth(
+            column,
+            std::max(WidthOf(text), WidthOf(rows_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString())));
+    empty_ = new QLabel;
+    empty_->setAlignment(Qt::AlignCenter);
+    empty_->setProperty("look", "hint");
+    auto* over = new QVBoxLayout(table_->viewport());
+    over->addWidget(empty_);
     static_cast<QVBoxLayout*>(layout())->addWidget(table_, 1);
 }
 
@@ -109,28 +139,27 @@ void ChooserWindow::BuildOptions()
 {
     whose_ = new QComboBox;
     whose_->setMinimumHeight(RowHeight());
-    comparative_ = new QCheckBox("Previous &year beside it");
-    comparative_->setChecked(true);
-    locked_ = new QCheckBox("&Locked, only to be read");
     auto* caption = new QLabel("&Income of :");
     caption->setBuddy(whose_);
+    about_ = new ElidedLabel(this);
+    about_->setMinimumHeight(RowHeight());
+    about_->SetMargin(2 * kUnit);
+    about_->GiveWay(0);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * kUnit);
     row->addWidget(caption);
     row->addWidget(whose_);
-    row->addSpacing(2 * kPadding);
-    row->addWidget(comparative_);
     row->addSpacing(kPadding);
-    row->addWidget(locked_);
-    row->addStretch();
+    row->addWidget(about_, 1);
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
 }
 
 void ChooserWindow::BuildBottom()
 {
-    addAssessee_ = Button("Add &Assessee ...");
-    addYear_ = Button("Add Y&ear ...");
+    newClient_ = Button("&New Client ...");
+    addYear_ = Button("Add &Year ...");
+    changeSettings_ = Button("Client Se&ttings ...");
     open_ = Button("&Open");
     open_->setProperty("main", true);
     close_ = Button("&Close");
@@ -140,8 +169,8 @@ void ChooserWindow::BuildBottom()
 
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * kUnit);
-    row->addWidget(addAssessee_);
-    row->addWidget(addYear_);
+    for (QPushButton* button : {newClient_, addYear_, changeSettings_})
+        row->addWidget(button);
     row->addStretch();
     row->addWidget(open_);
     row->addWidget(close_);
@@ -156,80 +185,176 @@ void ChooserWindow::Connect()
     };
     connect(search_, &QLineEdit::textChanged, this, [this](const QString& text) {
         Guarded([&] {
-            found_.Search(text);
-            Choose(0);
+            rows_.Change([&] { list_.Search(text.toStdString()); });
+            ChooseRow(list_.Best());
         });
     });
     connect(search_, &QLineEdit::returnPressed, this, [this] { Open(); });
     module_.ended = [this](const QString& failure, const QString& said) { ModuleEnded(failure, said); };
-    search_->installEventFilter(this);
-    table_->installEventFilter(this);
+    for (QWidget* widget : findChildren<QWidget*>())
+        widget->installEventFilter(this);
     connect(table_, &QTableView::doubleClicked, this, [this] { Open(); });
     connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
-            guarded(&ChooserWindow::ShowMinors));
+            guarded(&ChooserWindow::ShowOptions));
+    connect(table_->horizontalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int section) { SortBy(static_cast<YearList::Column>(section)); });
+    connect(whose_, &QComboBox::currentIndexChanged, this, [this] { ShowAbout(); });
     connect(open_, &QPushButton::clicked, this, [this] { Open(); });
-    connect(addAssessee_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddAssessee));
-    connect(addYear_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddYearOfChosen));
+    connect(newClient_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddClient));
+    connect(addYear_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddYear));
+    connect(changeSettings_, &QPushButton::clicked, this, guarded(&ChooserWindow::ChangeSettings));
     connect(close_, &QPushButton::clicked, this, [this] { close(); });
 }
 
-/// The arrows leave the search for the list; Enter on a row opens it.
+/// What the last time left.
+void ChooserWindow::TakeUp()
+{
+    Guarded([&] {
+        list_.Sort(OrderFrom(look_.GetValue("LIST", "Order")));
+        ShowOrder();
+        const auto stored = [&](const char* key) {
+            return QByteArray::fromBase64(QByteArray::fromStdString(look_.GetValue("WINDOW", key)));
+        };
+        restoreGeometry(stored("Geometry"));
+        table_->horizontalHeader()->restoreState(stored("Columns"));
+    });
+}
+
+void ChooserWindow::KeepLook()
+{
+    const auto keep = [&](const char* key, const QByteArray& bytes) {
+        look_.WriteValue("WINDOW", key, bytes.toBase64().toStdString());
+    };
+    keep("Geometry", saveGeometry());
+    keep("Columns", table_->horizontalHeader()->saveState());
+}
+
+void ChooserWindow::closeEvent(QCloseEvent* event)
+{
+    Guarded([&] { KeepLook(); });
+    QWidget::closeEvent(event);
+}
+
 bool ChooserWindow::eventFilter(QObject* watched, QEvent* event)
 {
-    if (event->type() != QEvent::KeyPress)
-        return false;
-    const int key = static_cast<QKeyEvent*>(event)->key();
-    const bool isArrow = key == Qt::Key_Down || key == Qt::Key_Up;
-    if (watched == search_ && isArrow) {
+    return event->type() == QEvent::KeyPress && TakesKey(watched, *static_cast<QKeyEvent*>(event));
+}
+
+/// The keys that are the window's, wherever the focus stands.
+bool ChooserWindow::TakesKey(QObject* watched, const QKeyEvent& key)
+{
+    const int column = key.key() - Qt::Key_1;
+    if (key.modifiers() == Qt::ControlModifier && column >= 0 && column < YearList::ColumnCount) {
+        SortBy(static_cast<YearList::Column>(column));
+    } else if (key.key() == Qt::Key_Escape) {
+        SearchAnew("");
+    } else if (key.key() == Qt::Key_F5) {
+        Guarded([&] { Reload(Chosen() ? Chosen()->code : ""); });
+    } else if (watched == search_) {
+        constexpr int kWalks[] = {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_PageUp};
+        if (std::ranges::find(kWalks, key.key()) == std::end(kWalks))
+            return false;
         table_->setFocus();
-        return QApplication::sendEvent(table_, event);
-    }
-    if (watched == table_ && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+        QKeyEvent walk(QEvent::KeyPress, key.key(), key.modifiers());
+        QApplication::sendEvent(table_, &walk);
+    } else if (watched == table_ && (key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter)) {
         Open();
-        return true;
+    } else if (IsText(key)) {
+        SearchAnew(key.text());
+    } else {
+        return false;
     }
-    return false;
+    return true;
+}
+
+void ChooserWindow::SearchAnew(const QString& letters)
+{
+    search_->setText(letters);
+    search_->setFocus();
 }
 
 void ChooserWindow::Search(const QString& text) { search_->setText(text); }
 
 void ChooserWindow::Reload(const std::string& chosenCode)
 {
-    years_.Show(AssesseeYears(practice_));
-    const int row = years_.RowOf(chosenCode);
-    Choose(row < 0 ? 0 : found_.mapFromSource(years_.index(row, 0)).row());
+    std::vector<AssesseeYear> years = AssesseeYears(practice_);
+    rows_.Change([&] { list_.Show(std::move(years)); });
+    Choose(chosenCode);
 }
 
-void ChooserWindow::Choose(int proxyRow)
+/// The row of the code, or where there is none the one that is meant by what was searched for.
+void ChooserWindow::Choose(const std::string& code) { ChooseRow(list_.RowOf(code).value_or(list_.Best())); }
+
+void ChooserWindow::ChooseRow(std::size_t row)
 {
-    table_->setCurrentIndex(found_.index(proxyRow, 0));
-    ShowMinors();
+    ShowEmpty();
+    if (list_.Size() == 0)
+        ShowOptions();
+    else
+        table_->setCurrentIndex(rows_.index(static_cast<int>(row), 0));
 }
 
-const AssesseeYear* ChooserWindow::Chosen() const
+const AssesseeYear* ChooserWindow::Chosen()
 {
-    const QModelIndex current = found_.mapToSource(table_->currentIndex());
-    return current.isValid() ? &years_.At(current.row()) : nullptr;
+    const int row = table_->currentIndex().row();
+    return row >= 0 && row < rows_.rowCount() ? &list_.WithHead(static_cast<std::size_t>(row)) : nullptr;
 }
 
-void ChooserWindow::ShowMinors()
+void ChooserWindow::SortBy(YearList::Column column)
+{
+    Guarded([&] {
+        const std::string code = Chosen() ? Chosen()->code : "";
+        rows_.Change([&] { list_.Sort(OrderAfter(list_.order(), column)); });
+        ShowOrder();
+        Choose(code);
+        look_.WriteValue("LIST", "Order", OrderText(list_.order()));
+    });
+}
+
+void ChooserWindow::ShowOrder()
+{
+    const auto [column, descending] = list_.order();
+    table_->horizontalHeader()->setSortIndicator(column, descending ? Qt::DescendingOrder : Qt::AscendingOrder);
+}
+
+void ChooserWindow::ShowEmpty()
+{
+    empty_->setVisible(list_.Size() == 0);
+    empty_->setText(list_.Size() == 0 ? Text(list_.WhyEmpty()) : "");
+}
+
+void ChooserWindow::ShowOptions()
 {
     const AssesseeYear* chosen = Chosen();
     open_->setEnabled(chosen && !module_.IsRunning());
     addYear_->setEnabled(chosen);
+    changeSettings_->setEnabled(chosen);
     whose_->clear();
     whose_->addItem("the assessee, with his minors", 0);
-    if (chosen)
+    if (chosen) {
         for (const double minor : MinorsOf(practice_, chosen->code))
-            whose_->addItem(QString("minor %1").arg(minor), minor);
+            whose_->addItem(Text(MinorInWords(minor)), minor);
+        settings_ = ReadSettings(practice_, chosen->code);
+    }
     whose_->setEnabled(whose_->count() > 1);
+    ShowAbout();
+}
+
+/// Why the assessee's own run is due, as long as it is what Open starts; else the settings of the run.
+void ChooserWindow::ShowAbout()
+{
+    const AssesseeYear* chosen = Chosen();
+    const bool isOwnRun = whose_->currentData().toDouble() == 0;
+    const std::string due = chosen && isOwnRun ? WhyOwnRunIsDue(*chosen) : "";
+    about_->SetBackground(due.empty() ? QColor() : Theme().mark);
+    about_->SetColor(due.empty() ? Theme().muted : Theme().text);
+    about_->Show(Text(!chosen ? "" : due.empty() ? InWords(settings_, *chosen) : due));
 }
 
 HandOver ChooserWindow::HandOverOfChosen(const AssesseeYear& chosen) const
 {
     HandOver record = PrepareHandOver(practice_, chosen);
-    record.GlLarge = comparative_->isChecked();
-    record.GLlock = locked_->isChecked() ? 1 : 0;
+    ApplySettings(record, settings_);
     record.GLminor = whose_->currentData().toDouble();
     return record;
 }
@@ -240,57 +365,76 @@ void ChooserWindow::Open()
     if (!chosen || module_.IsRunning())
         return;
     Guarded([&] {
-        WriteHandOverFile(practice_, HandOverOfChosen(*chosen));
-        MarkHeadOfIncome(practice_, chosen->code);
+        const HandOver record = HandOverOfChosen(*chosen);
+        NoteRun(practice_, chosen->code, record.GLminor);
+        WriteHandOverFile(practice_, record);
         openCode_ = chosen->code;
         Tell(Text(chosen->name + ", " + chosen->year + " is open in the module."));
         module_.Start(practice_.folders.program);
-        ShowMinors();
+        open_->setEnabled(false);
     });
 }
 
+/// The client that the run was for stays marked, and the next letters search.
 void ChooserWindow::ModuleEnded(const QString& failure, const QString& said)
 {
     Guarded([&] {
-        Reload(openCode_);
+        rows_.Change([&] { list_.Forget(openCode_); });
+        if (!list_.RowOf(openCode_))
+            search_->clear();
+        Choose(openCode_);
         const AssesseeYear year = FindAssesseeYear(practice_, openCode_);
-        if (!failure.isEmpty())
-            Tell(failure + ' ' + said, true);
-        else if (!HeadOfIncomeCameBack(practice_, openCode_))
-            Tell("The module ended without writing the head of income of " + Text(openCode_) + ". " + said, true);
-        else
-            Tell(QString("Profits & gains of %1, %2: %3")
-                     .arg(Text(year.name), Text(year.year),
-                          Text(FormatAmountIndian(Amount(*year.headOfIncome), kIndianGrouping))));
+        Tell(WhatCameBack(year, failure, said), !failure.isEmpty() || !HeadOfIncomeCameBack(practice_, openCode_));
     });
-    Guarded([&] { ShowMinors(); });
+    Guarded([&] { ShowOptions(); });
+    search_->setFocus();
+    search_->selectAll();
+    raise();
+    activateWindow();
 }
 
-void ChooserWindow::AddAssessee()
+QString ChooserWindow::WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const
 {
-    const std::string latest = AssessmentYears(practice_).back();
-    AddAssesseeDialog dialog(this, practice_);
-    if (dialog.exec() != QDialog::Accepted)
+    if (!failure.isEmpty())
+        return failure + ' ' + said;
+    if (!HeadOfIncomeCameBack(practice_, year.code))
+        return "The module ended without writing the head of income of " + Text(year.code) + ". " + said;
+    return QString("Profits & gains of %1, %2: %3").arg(Text(year.name), Text(year.year), Text(HeadInWords(year)));
+}
+
+void ChooserWindow::AddClient()
+{
+    NewClientDialog dialog(this, practice_, AssessmentYears(practice_).back());
+    if (dialog.exec() == QDialog::Accepted)
+        Added(dialog.code());
+}
+
+void ChooserWindow::AddYear()
+{
+    const AssesseeYear* chosen = Chosen();
+    if (!chosen)
         return;
-    const std::string name =
-        practice_.company.Scalar("select comp_name from {assessee} where company = ?", dialog.number()).Text();
-    AddYear(dialog.number(), name, latest);
+    AddYearDialog dialog(this, practice_, *chosen, YearAfter(chosen->year, 1));
+    if (dialog.exec() == QDialog::Accepted)
+        Added(dialog.code());
 }
 
-void ChooserWindow::AddYearOfChosen()
+void ChooserWindow::Added(const std::string& code)
 {
-    if (const AssesseeYear* chosen = Chosen())
-        AddYear(chosen->client, chosen->name, NextYear(chosen->year).toStdString());
+    search_->clear();
+    Reload(code);
+    table_->setFocus();
 }
 
-void ChooserWindow::AddYear(double client, const std::string& name, const std::string& year)
+void ChooserWindow::ChangeSettings()
 {
-    AddYearDialog dialog(this, practice_, client, name, year);
-    if (dialog.exec() == QDialog::Accepted) {
-        search_->clear();
-        Reload(dialog.code());
-        table_->setFocus();
-    }
+    const AssesseeYear* chosen = Chosen();
+    if (!chosen)
+        return;
+    SettingsDialog dialog(this, practice_, *chosen);
+    if (dialog.exec() == QDialog::Accepted)
+        ShowOptions();
+    table_->setFocus();
 }
 
 void ChooserWindow::Tell(const QString& text, bool isFailure)

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "services/ini_file.h"
 #include "suite/chooser_model.h"
+#include "suite/client_settings.h"
 #include "suite/hand_over_row.h"
 #include "suite/module_process.h"
 
@@ -8,8 +10,8 @@
 
 #include <functional>
 
-class QCheckBox;
 class QComboBox;
+class QKeyEvent;
 class QLabel;
 class QLineEdit;
 class QPushButton;
@@ -17,14 +19,17 @@ class QTableView;
 
 namespace pgbp {
 
+class ElidedLabel;
+
 /// The list of the practice's assessee-years. Choosing one starts the module and, when it has ended, shows the head of
-/// income that came back. One run at a time, as there is one hand-over file; the window stays alive meanwhile.
+/// income that came back. One run at a time, as there is one hand-over file; the window stays alive meanwhile. Letters
+/// typed anywhere search; the order and the look of the list are kept for the next time.
 class ChooserWindow : public QWidget {
   public:
     /// Throws std::runtime_error when no practice stands in the folder.
     ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module);
 
-    /// Shows only what holds the text, as typing it does.
+    /// Shows only what holds each of the words, as typing them does.
     void Search(const QString& text);
     /// Starts the module for the chosen row.
     void Open();
@@ -35,36 +40,51 @@ class ChooserWindow : public QWidget {
     void BuildOptions();
     void BuildBottom();
     void Connect();
+    void TakeUp();
+    void KeepLook();
 
     void Reload(const std::string& chosenCode);
-    const AssesseeYear* Chosen() const;
-    void Choose(int proxyRow);
-    void ShowMinors();
-    void AddAssessee();
-    void AddYear(double client, const std::string& name, const std::string& year);
-    void AddYearOfChosen();
+    const AssesseeYear* Chosen();
+    void Choose(const std::string& code);
+    void ChooseRow(std::size_t row);
+    void SortBy(YearList::Column column);
+    void ShowOrder();
+    void ShowEmpty();
+    void ShowOptions();
+    void ShowAbout();
+    void AddClient();
+    void AddYear();
+    void ChangeSettings();
+    void Added(const std::string& code);
     void ModuleEnded(const QString& failure, const QString& said);
+    QString WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const;
     void Tell(const QString& text, bool isFailure = false);
     /// Tells what the work throws: an exception that leaves a slot would end the program.
     void Guarded(const std::function<void()>& work);
     HandOver HandOverOfChosen(const AssesseeYear& chosen) const;
 
+    bool TakesKey(QObject* watched, const QKeyEvent& key);
+    void SearchAnew(const QString& letters);
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
 
     Practice practice_;
     ModuleProcess module_;
-    std::string openCode_; ///< of the assessee-year that the module has open, or had last
-    AssesseeYearModel years_;
-    SearchModel found_;
+    std::string openCode_;    ///< of the assessee-year that the module has open, or had last
+    ClientSettings settings_; ///< of the chosen assessee-year
+    clsIniFile look_;         ///< order of the list, size of the window: of this workstation
+    YearList list_;
+    AssesseeYearModel rows_{list_};
 
     QLineEdit* search_ = nullptr;
     QTableView* table_ = nullptr;
-    QCheckBox* comparative_ = nullptr;
-    QCheckBox* locked_ = nullptr;
+    QLabel* empty_ = nullptr;
     QComboBox* whose_ = nullptr;
+    ElidedLabel* about_ = nullptr;
     QPushButton* open_ = nullptr;
-    QPushButton* addAssessee_ = nullptr;
+    QPushButton* newClient_ = nullptr;
     QPushButton* addYear_ = nullptr;
+    QPushButton* changeSettings_ = nullptr;
     QPushButton* close_ = nullptr;
     QLabel* message_ = nullptr;
 };

@@ -2,10 +2,13 @@
 
 #include "services/format.h"
 #include "services/utf8.h"
-#include "startup/status.h"
+#include "suite/assessee_kinds.h"
+#include "suite/client_settings.h"
 #include "suite/fill.h"
 #include "suite/hand_over_row.h"
 #include "suite/head_of_income.h"
+#include "suite/new_clients.h"
+#include "suite/search_words.h"
 
 #include <charconv>
 #include <cstdlib>
@@ -54,15 +57,25 @@ void Ensure(Suite& suite, Words)
         New(suite, std::vector{suite.programFolder.string()});
 }
 
+std::string Joined(Words words)
+{
+    std::string text;
+    for (const std::string& word : words)
+        text += word + ' ';
+    return text;
+}
+
 void List(Suite& suite, Words words)
 {
-    const std::string wanted = words.empty() ? "" : words[0];
-    for (const AssesseeYear& each : AssesseeYears(Practice(suite.programFolder)))
-        if (Matches(each, wanted))
-            suite.out << Padded(each.code, 16) << Padded(each.name, 44) << Padded(StatusInWords(each.status), 18)
-                      << Padded(each.year, 9)
-                      << (each.headOfIncome ? FormatAmountIndian(Amount(*each.headOfIncome), kIndianGrouping) : "-")
-                      << '\n';
+    const Practice practice(suite.programFolder);
+    const std::vector<std::string> wanted = WordsOf(Joined(words));
+    for (AssesseeYear& each : AssesseeYears(practice)) {
+        if (!HoldsAll(SearchedWords(each), wanted))
+            continue;
+        ReadHead(practice, each);
+        suite.out << Padded(each.code, 16) << Padded(each.name, 44) << Padded(KindInWords(each.status), 24)
+                  << Padded(each.year, 9) << HeadInWords(each) << '\n';
+    }
 }
 
 void AddAssesseeCommand(Suite& suite, Words words)
@@ -87,9 +100,12 @@ void AddYearCommand(Suite& suite, Words words)
 void HandOverCommand(Suite& suite, Words words)
 {
     const Practice practice(suite.programFolder);
-    HandOver record = PrepareHandOver(practice, FindAssesseeYear(practice, words[0]));
+    const AssesseeYear found = FindAssesseeYear(practice, words[0]);
+    HandOver record = PrepareHandOver(practice, found);
+    ApplySettings(record, ReadSettings(practice, found.code));
     for (const std::string& word : words.subspan(1))
         SetColumn(record, word);
+    NoteRun(practice, record.Glcode, record.GLminor);
     WriteHandOverFile(practice, record);
 }
 
@@ -97,9 +113,27 @@ void Show(Suite& suite, Words words)
 {
     const Practice practice(suite.programFolder);
     const AssesseeYear found = FindAssesseeYear(practice, words[0]);
-    suite.out << found.name << "   " << found.year << "   " << StatusInWords(found.status) << '\n';
+    suite.out << found.name << "   " << found.year << "   " << KindInWords(found.status) << '\n';
     const auto lines = HeadOfIncome(practice, found.code);
     suite.out << (lines ? InWords(*lines) : "The head of income has not been written yet.\n");
+    if (found.writtenFor != 0)
+        suite.out << "The run of " << MinorInWords(found.writtenFor)
+                  << " wrote it: these are the child's figures until the assessee's own run writes it anew.\n";
+}
+
+void Settings(Suite& suite, Words words)
+{
+    const Practice practice(suite.programFolder);
+    const AssesseeYear found = FindAssesseeYear(practice, words[0]);
+    ClientSettings settings = ReadSettings(practice, found.code);
+    for (const std::string& word : words.subspan(1))
+        SetSetting(settings, found, word);
+    if (words.size() > 1)
+        StoreSettings(practice, found, settings);
+    suite.out << "form=" << Value(settings.returnForm).Text() << '\n';
+    for (const ClientSwitch& each : ClientSwitches())
+        if (each.concerns(found))
+            suite.out << each.name << '=' << (settings.*each.value ? "yes" : "no") << '\n';
 }
 
 /// Starts the module on the practice and waits until it ends.
@@ -114,10 +148,8 @@ void RunModule(const Suite& suite)
 void RunAndShow(Suite& suite, Words words)
 {
     HandOverCommand(suite, words);
-    const Practice practice(suite.programFolder);
-    MarkHeadOfIncome(practice, words[0]);
     RunModule(suite);
-    if (!HeadOfIncomeCameBack(practice, words[0]))
+    if (!HeadOfIncomeCameBack(Practice(suite.programFolder), words[0]))
         suite.out << "The module ended without writing the head of income.\n";
     Show(suite, words.first(1));
 }
@@ -136,11 +168,14 @@ void Help(Suite& suite, Words);
 constexpr Command kCommands[] = {
     {"new", "FOLDER", "makes a practice with demonstration clients in a new or empty folder", 1, 1, New},
     {"ensure", "", "makes the practice where there is none yet", 0, 0, Ensure},
-    {"list", "[TEXT]", "the assessee-years whose code, name, PAN, status or year holds the text", 0, 1, List},
+    {"list", "[WORD ...]", "the assessee-years whose code, name, PAN, kind or year holds each of the words", 0,
+     kAnyNumber, List},
     {"add-assessee", "NAME PAN STATUS [COLUMN=VALUE ...]", "adds an assessee and prints the number", 3, kAnyNumber,
      AddAssesseeCommand},
     {"add-year", "NUMBER YEAR [FORM]", "adds an assessment year of an assessee and prints its code", 2, 3,
      AddYearCommand},
+    {"settings", "CODE [NAME=VALUE ...]", "sets the client's settings, such as locked=yes or form=5, and shows them", 1,
+     kAnyNumber, Settings},
     {"handover", "CODE [COLUMN=VALUE ...]", "writes the hand-over record, any column set as told", 1, kAnyNumber,
      HandOverCommand},
     {"run", "CODE [COLUMN=VALUE ...]", "hands over, starts the module, shows the head of income that came back", 1,
@@ -164,6 +199,10 @@ void Help(Suite& suite, Words)
                  "else ./practice.\n\n";
     for (const Command& command : kCommands)
         suite.out << Usage(command) << "\n    " << command.purpose << '\n';
+    suite.out << "\nSTATUS:";
+    for (const AssesseeKind& kind : AssesseeKinds())
+        suite.out << "  " << kind.status << ' ' << kind.words;
+    suite.out << '\n';
 }
 
 const Command& CommandNamed(const std::string& name)

@@ -5,6 +5,7 @@
 #include "services/utf8.h"
 #include "store/files.h"
 #include "store/schema.h"
+#include "suite/yes_or_no.h"
 
 #include <algorithm>
 #include <charconv>
@@ -44,14 +45,10 @@ class Setter {
 
     void operator()(bool HandOver::*variable) const
     {
-        const std::string word = Upper(text_);
-        const auto isOneOf = [&](std::initializer_list<std::string_view> words) {
-            return std::ranges::find(words, word) != words.end();
-        };
-        const bool yes = isOneOf({"TRUE", "YES", "1", "-1"});
-        if (!yes && !isOneOf({"FALSE", "NO", "0"}))
+        const auto yes = YesOrNo(text_);
+        if (!yes)
             Refuse("is neither true nor false");
-        record_.*variable = yes;
+        record_.*variable = *yes;
     }
 
   private:

@@ -40,20 +40,61 @@ std::optional<std::vector<HeadLine>> HeadOfIncome(const Practice& practice, std:
     return lines;
 }
 
-// The module replaces the row and leaves SNO empty in it. Neither the amounts nor the place of the row in the file
-// would tell: a second run may well write the same amounts, and a row deleted at the end of the table gives its place
-// to the next one.
-void MarkHeadOfIncome(const Practice& practice, std::string_view code)
+// The module replaces the row and leaves `name7` empty in it: such a row was written by the run that was noted last.
+// Before the next run is noted, what is known of the row is written into it. Neither the amounts nor the place of the
+// row in the file would tell: a second run may well write the same amounts, and a row deleted at the end of the table
+// gives its place to the next one.
+void ReadHead(const Practice& practice, AssesseeYear& assesseeYear)
 {
-    practice.balance.Execute("update {qelgeneral} set SNO = 1 where code = ? and [Type] = 'BUSI'", code);
+    const Recordset rows = practice.balance.Query(
+        "select head.amt14, head.name7, run.amt1 as minor from {qelgeneral} head left join {qelgeneral} run "
+        "on run.code = head.code and run.[Type] = 'BUSIRUN' where head.code = ? and head.[Type] = 'BUSI'",
+        assesseeYear.code);
+    assesseeYear.headOfIncome.reset();
+    assesseeYear.writtenFor = 0;
+    if (rows.Empty())
+        return;
+    const Row row = rows.First();
+    assesseeYear.headOfIncome = row["amt14"].Number();
+    assesseeYear.writtenFor = row["name7"].IsNull() ? row["minor"].Number() : Val(row["name7"].Text());
+}
+
+void NoteRun(const Practice& practice, std::string_view code, double minor)
+{
+    Transaction transaction({practice.balance});
+    const Value before =
+        practice.balance.Scalar("select amt1 from {qelgeneral} where code = ? and [Type] = 'BUSIRUN'", code);
+    practice.balance.Execute("update {qelgeneral} set name7 = ? where code = ? and [Type] = 'BUSI' and name7 is null",
+                             Value(before.Number()).Text(), code);
+    practice.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'BUSIRUN'", code);
+    practice.balance.Insert("qelgeneral", {{"code", std::string(code)}, {"Type", "BUSIRUN"}, {"amt1", minor}});
+    transaction.Commit();
 }
 
 bool HeadOfIncomeCameBack(const Practice& practice, std::string_view code)
 {
     return !practice.balance
-                .Query("select code from {qelgeneral} where code = ? and [Type] = 'BUSI' and SNO is null", code)
+                .Query("select code from {qelgeneral} where code = ? and [Type] = 'BUSI' and name7 is null", code)
                 .Empty();
 }
+
+std::string HeadInWords(const AssesseeYear& assesseeYear)
+{
+    if (!assesseeYear.headOfIncome)
+        return "-";
+    const std::string whose = assesseeYear.writtenFor == 0 ? "" : " (" + MinorInWords(assesseeYear.writtenFor) + ')';
+    return FormatAmountIndian(Amount(*assesseeYear.headOfIncome), kIndianGrouping) + whose;
+}
+
+std::string WhyOwnRunIsDue(const AssesseeYear& assesseeYear)
+{
+    if (assesseeYear.writtenFor == 0)
+        return "";
+    return "The run of " + MinorInWords(assesseeYear.writtenFor) +
+           " wrote this head of income. Enter starts the assessee's own run, which writes it anew.";
+}
+
+std::string MinorInWords(double minor) { return "minor " + Value(minor).Text(); }
 
 std::string InWords(const std::vector<HeadLine>& lines)
 {

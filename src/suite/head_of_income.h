@@ -1,6 +1,6 @@
 #pragma once
 
-#include "suite/practice.h"
+#include "suite/assessee_years.h"
 
 #include <optional>
 #include <string>
@@ -18,10 +18,27 @@ struct HeadLine {
 /// The lines of the head of income of an assessee-year, the final figure last; nothing until the module has written it.
 std::optional<std::vector<HeadLine>> HeadOfIncome(const Practice& practice, std::string_view code);
 
-/// Marks the head of income that stands before a run, and tells after it whether another one stands in its place, be it
-/// of the same amounts. What else is written to the file meanwhile, here or on another workstation, does not count.
-void MarkHeadOfIncome(const Practice& practice, std::string_view code);
+/// Completes an assessee-year with the amount of its head of income and whose run wrote it.
+void ReadHead(const Practice& practice, AssesseeYear& assesseeYear);
+
+/// Notes before a run whose run it is: a minor's, or with 0 the assessee's own. A minor's run writes the child's
+/// figures where the assessee's stood, so a head of income is told together with whose run wrote it. The note lies in
+/// the practice: it holds when this program has ended before the module did.
+void NoteRun(const Practice& practice, std::string_view code, double minor);
+
+/// Tells after a run whether another head of income stands in the place of the one before it, be it of the same
+/// amounts. What else is written to the file meanwhile, here or on another workstation, does not count.
 bool HeadOfIncomeCameBack(const Practice& practice, std::string_view code);
+
+/// The amount of the head of income, and whose it is where it is not the assessee's: "1,06,100.00 (minor 1)"; "-"
+/// when it is not written yet.
+std::string HeadInWords(const AssesseeYear& assesseeYear);
+
+/// Why the assessee's own run is due: where a minor's run wrote the head of income; empty elsewhere.
+std::string WhyOwnRunIsDue(const AssesseeYear& assesseeYear);
+
+/// "minor 1"
+std::string MinorInWords(double minor);
 
 /// The lines as text, captions left, amounts on one edge.
 std::string InWords(const std::vector<HeadLine>& lines);

@@ -1,6 +1,7 @@
 #include "services/ini_file.h"
 #include "store/files.h"
 #include "suite/assessee_years.h"
+#include "suite/client_settings.h"
 #include "suite/clients.h"
 #include "suite/row_writer.h"
 

@@ -2,14 +2,21 @@
 #include "suite/new_practice.h"
 
 #include "desktop/theme.h"
+#include "store/files.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDialog>
+#include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
+#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace pgbp {
@@ -40,6 +47,41 @@ class Chooser : public testing::Test {
                 return label->text();
         return {};
     }
+    QLineEdit& Search() { return *window.findChild<QLineEdit*>(); }
+    QPushButton& Button(const QString& caption)
+    {
+        for (auto* button : window.findChildren<QPushButton*>())
+            if (button->text() == caption)
+                return *button;
+        throw std::out_of_range(caption.toStdString());
+    }
+    /// What stands where no row is found; empty while it is hidden.
+    QString Empty()
+    {
+        const auto* label = Table().viewport()->findChild<QLabel*>();
+        return label->isVisible() ? label->text() : "";
+    }
+    /// Presses the button and works in the dialog that it opens.
+    void InDialog(const QString& button, const std::function<void(QDialog&)>& work)
+    {
+        bool opened = false;
+        QTimer timer;
+        QObject::connect(&timer, &QTimer::timeout, [&] {
+            auto* dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+            if (!dialog || !dialog->isActiveWindow() || !dialog->focusWidget())
+                return;
+            timer.stop();
+            opened = true;
+            work(*dialog);
+            if (dialog->isVisible()) {
+                ADD_FAILURE() << "the dialog stayed open";
+                dialog->reject();
+            }
+        });
+        timer.start(5);
+        QTest::mouseClick(&Button(button), Qt::LeftButton);
+        EXPECT_TRUE(opened);
+    }
     void WaitFor(const QString& words)
     {
         EXPECT_TRUE(QTest::qWaitFor([&] { return Message().contains(words); }, 5000))
@@ -54,17 +96,149 @@ class Chooser : public testing::Test {
 TEST_F(Chooser, FindsByTypingAndWalksWithTheArrows)
 {
     EXPECT_EQ(Table().model()->rowCount(), 24);
-    auto* search = window.findChild<QLineEdit*>();
-    QTest::keyClicks(search, "hosiery");
+    QTest::keyClicks(&Search(), "2 hosiery");
     ASSERT_EQ(Table().model()->rowCount(), 3);
-    QTest::keyClick(search, Qt::Key_Down);
+    EXPECT_EQ(Cell(0, YearList::Year), "2023-24");
+    QTest::keyClick(&Search(), Qt::Key_Down);
     EXPECT_EQ(Table().currentIndex().row(), 1);
-    EXPECT_EQ(Cell(1, AssesseeYearModel::Head), "11,77,397.00");
-    EXPECT_EQ(Cell(2, AssesseeYearModel::Head), "not written yet");
-    search->setText("nobody");
+    EXPECT_EQ(Cell(1, YearList::Head), "11,77,397.00");
+    EXPECT_EQ(Cell(0, YearList::Head), "not written yet");
+    EXPECT_EQ(Empty(), "");
+    Search().setText("nobody");
     EXPECT_EQ(Table().model()->rowCount(), 0);
-    QTest::keyClick(search, Qt::Key_Return);
+    EXPECT_TRUE(Empty().contains("\"nobody\"")) << Empty().toStdString();
+    EXPECT_FALSE(Button("&Open").isEnabled());
+    QTest::keyClick(&Search(), Qt::Key_Return);
     EXPECT_EQ(Message(), "");
+}
+
+TEST_F(Chooser, LettersTypedAnywhereReplaceTheSearchAndEscapeClearsIt)
+{
+    for (QWidget* anywhere :
+         std::initializer_list<QWidget*>{&Table(), &Button("&Open"), window.findChild<QComboBox*>()}) {
+        window.Search("hosiery");
+        anywhere->setEnabled(true);
+        anywhere->setFocus();
+        QTest::keyClick(anywhere, Qt::Key_N);
+        QTest::keyClicks(QApplication::focusWidget(), "air 2022");
+        EXPECT_EQ(Search().text(), "nair 2022");
+        EXPECT_EQ(Table().model()->rowCount(), 1);
+        QTest::keyClick(&Table(), Qt::Key_Escape);
+        EXPECT_EQ(Search().text(), "");
+        EXPECT_TRUE(Search().hasFocus());
+    }
+    QTest::keyClick(&Table(), Qt::Key_Space);
+    EXPECT_EQ(Search().text(), "");
+}
+
+TEST_F(Chooser, KeepsTheOrderOfTheList)
+{
+    window.Search("1006r2022");
+    QTest::keyClick(&Search(), Qt::Key_2, Qt::ControlModifier); // by year
+    EXPECT_EQ(Cell(Table().currentIndex().row(), YearList::Code), "1006r2022-23");
+    QTest::keyClick(&Table(), Qt::Key_Escape);
+    EXPECT_EQ(Cell(0, YearList::Year), "2024-25");
+    auto* heading = Table().horizontalHeader();
+    QTest::mouseClick(heading->viewport(), Qt::LeftButton, {},
+                      {heading->sectionViewportPosition(YearList::Code) + 20, 10});
+    EXPECT_EQ(Cell(0, YearList::Code), "1001r2021-22");
+    EXPECT_EQ(heading->sortIndicatorSection(), YearList::Code);
+    window.close();
+
+    const ChooserWindow again(folder.folder(), Module());
+    const auto* table = again.findChild<QTableView*>();
+    EXPECT_EQ(table->model()->index(0, YearList::Code).data().toString(), "1001r2021-22");
+    EXPECT_EQ(table->horizontalHeader()->sortIndicatorSection(), YearList::Code);
+}
+
+TEST_F(Chooser, EnterWalksADialogToItsButton)
+{
+    InDialog("&New Client ...", [&](QDialog& dialog) {
+        for (const char* text : {"Das & Sons", "aaffd1234k", "", "Plot 4", "Pune", "", ""}) {
+            QTest::keyClicks(QApplication::focusWidget(), text);
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible());
+        }
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    });
+    EXPECT_EQ(Cell(Table().currentIndex().row(), YearList::Client), "Das & Sons");
+    EXPECT_EQ(Cell(Table().currentIndex().row(), YearList::Kind), "Firm (business)");
+    EXPECT_EQ(folder.Open().company.Scalar("select city_o from {assessee} where pan = 'AAFFD1234K'").Text(), "Pune");
+
+    InDialog("Add &Year ...", [&](QDialog& dialog) { // which he has already
+        dialog.findChild<QComboBox*>()->setCurrentText("2026-27");
+        for (int key = 0; key < 3; ++key)
+            QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_TRUE(dialog.isVisible());
+        EXPECT_TRUE(std::ranges::any_of(dialog.findChildren<QLabel*>(),
+                                        [](QLabel* label) { return label->text().contains("has the year 2026-27"); }));
+        dialog.reject();
+    });
+}
+
+TEST_F(Chooser, SettingsAreKeyedInADialogAndGoIntoTheRun)
+{
+    window.Search("1003r2023-24");
+    InDialog("Client Se&ttings ...", [&](QDialog& dialog) {
+        const auto boxes = dialog.findChildren<QCheckBox*>();
+        ASSERT_EQ(boxes.size(), 3); // no Ind AS and no section 11(4) for a firm
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+        EXPECT_EQ(QApplication::focusWidget(), boxes[0]);
+        QTest::keyClick(boxes[0], Qt::Key_Space);
+        QTest::keyClick(boxes[0], Qt::Key_Return);
+        EXPECT_EQ(QApplication::focusWidget(), boxes[1]);
+        QTest::keyClick(boxes[1], Qt::Key_Return);
+        QTest::keyClick(boxes[2], Qt::Key_Space);
+        QTest::keyClick(boxes[2], Qt::Key_Return);
+        QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+    });
+    EXPECT_TRUE(folder.Open().company.Scalar("select auto_rem from {setup} where code = '1003r2023-24'").Flag());
+    window.Open();
+    WaitFor("ended without writing");
+    HandOver record;
+    ReadHandOver(OpenFile({folder.Open().HandOverFile(), {}}), record);
+    EXPECT_EQ(record.GLlock, 1);
+    EXPECT_TRUE(record.GlLarge);
+}
+
+/// The child's figures must not be taken for the assessee's: the row is marked, also after a restart, and what Enter
+/// starts next is the assessee's own run.
+TEST_F(Chooser, AMinorsHeadIsMarkedUntilTheAssesseesOwnRun)
+{
+    Write("until [ -e \"$0.back\" ]; do sleep 0.02; done");
+    const auto run = [&](double amount) {
+        std::filesystem::remove(scripts.path() / "module.back");
+        window.Open();
+        WaitFor("is open in the module");
+        const Connection balance = folder.Open().balance;
+        balance.Delete("from {qelgeneral} where code = '1007r2022-23' and [Type] = 'BUSI'");
+        balance.Insert("qelgeneral", {{"code", "1007r2022-23"}, {"Type", "BUSI"}, {"amt14", amount}});
+        scripts.Write("module.back", "");
+    };
+    window.Search("nair 2022");
+    auto* whose = window.findChild<QComboBox*>();
+    whose->setCurrentIndex(1);
+    run(91700);
+    WaitFor("Profits & gains of Ramesh Nair, 2022-23: 91,700.00 (minor 1)");
+    EXPECT_EQ(Cell(0, YearList::WrittenBy), "minor 1");
+    EXPECT_EQ(whose->currentIndex(), 0);
+    EXPECT_TRUE(Search().hasFocus());
+    QTest::keyClicks(&Search(), "nair"); // replaces what was searched for
+    EXPECT_EQ(Search().text(), "nair");
+
+    ChooserWindow again(folder.folder(), Module());
+    again.Search("1007r2022");
+    auto& table = *again.findChild<QTableView*>();
+    EXPECT_EQ(table.model()->index(0, YearList::WrittenBy).data().toString(), "minor 1");
+    EXPECT_TRUE(table.model()->index(0, YearList::Head).data(Qt::BackgroundRole).isValid());
+
+    window.Search("1007r2022");
+    run(430050);
+    HandOver record;
+    ReadHandOver(OpenFile({folder.Open().HandOverFile(), {}}), record);
+    EXPECT_EQ(record.GLminor, 0);
+    WaitFor("4,30,050.00");
+    EXPECT_EQ(Cell(0, YearList::WrittenBy), "");
 }
 
 TEST_F(Chooser, EnterStartsTheModuleOnTheRowAndStaysAlive)
@@ -108,16 +282,11 @@ TEST_F(Chooser, TellsWhyTheModuleEnded)
 
 TEST_F(Chooser, TellsWhatTheStoreRefusesAndStaysOpen)
 {
-    const auto click = [&](const char* caption) {
-        for (auto* button : window.findChildren<QPushButton*>())
-            if (button->text() == caption)
-                QTest::mouseClick(button, Qt::LeftButton);
-    };
     const Connection company = folder.Open().company;
     company.Execute("delete from {misc} where [type] = 'YEAR'");
-    for (const char* caption : {"Add &Assessee ...", "Add Y&ear ..."}) {
+    for (const char* caption : {"&New Client ...", "Add &Year ..."}) {
         window.Search("1001");
-        click(caption);
+        QTest::mouseClick(&Button(caption), Qt::LeftButton);
         EXPECT_TRUE(Message().contains("no assessment years")) << caption;
     }
     company.Execute("drop table {business}");

@@ -1,6 +1,7 @@
 #include "services/ini_file.h"
 #include "store/files.h"
 #include "suite/assessee_years.h"
+#include "suite/client_settings.h"
 #include "suite/commands.h"
 #include "suite/hand_over_row.h"
 #include "suite/new_practice.h"
@@ -110,7 +111,10 @@ TEST_F(Commands, RefuseWithASentenceAndLeaveThePracticeAsItWas)
         {{"handover", "1001r2023-24", "GLlock=many"}, "GLlock: \"many\" is no number"},
         {{"fill", "0"}, "Between 1 and 1000000"},
         {{"fill"}, "pgbp-suite fill COUNT"},
-        {{"list", "a", "b"}, "pgbp-suite list [TEXT]"},
+        {{"settings", "1003r2023-24", "locked"}, "NAME=VALUE is wanted"},
+        {{"settings", "1003r2023-24", "locked=perhaps"}, "neither yes nor no"},
+        {{"settings", "1003r2023-24", "form=3"}, "no return form"},
+        {{"settings", "1003r2023-24", "locked=yes", "ind-as=yes"}, "no setting ind-as of 1003r2023-24"},
         {{"frobnicate"}, "There is no command frobnicate"},
     };
     const std::string before = Run({"list"});
@@ -123,15 +127,37 @@ TEST_F(Commands, RefuseWithASentenceAndLeaveThePracticeAsItWas)
     EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 10);
 }
 
-TEST_F(Commands, ListFindsByAnyWordInAnyCase)
+TEST_F(Commands, ListFindsByAllWordsInAnyCase)
 {
-    for (const char* word : {"hosiery", "AAQFV5512C", "firm", "1003R"}) {
-        const std::string listed = Run({"list", word});
-        EXPECT_EQ(std::ranges::count(listed, '\n'), 3) << word;
-        EXPECT_NE(listed.find("1003r2022-23"), std::string::npos) << word;
-        EXPECT_NE(listed.find("11,77,397.00"), std::string::npos) << word;
+    const std::vector<std::string> searches[] = {
+        {"hosiery"}, {"AAQFV5512C"}, {"firm"}, {"1003R"}, {"business", "verma"}};
+    for (std::vector<std::string> words : searches) {
+        SCOPED_TRACE(words.front());
+        words.insert(words.begin(), "list");
+        const std::string listed = Run(words);
+        EXPECT_EQ(std::ranges::count(listed, '\n'), 3);
+        EXPECT_NE(listed.find("1003r2022-23"), std::string::npos);
+        EXPECT_NE(listed.find("Firm (business)"), std::string::npos);
+        EXPECT_NE(listed.find("11,77,397.00"), std::string::npos);
     }
-    EXPECT_EQ(Run({"list", "nobody"}), "");
+    EXPECT_EQ(std::ranges::count(Run({"list", "2022 hos"}), '\n'), 1);
+    EXPECT_EQ(Run({"list", "hosiery", "nobody"}), "");
+}
+
+TEST_F(Commands, SettingsAreStoredAndHandedOver)
+{
+    EXPECT_EQ(Run({"settings", "1003r2023-24"}), "form=5\nlocked=no\nprevious-year=yes\nremuneration-by-hand=no\n");
+    Run({"settings", "1003r2023-24", "LOCKED=yes", "previous-year=no", "remuneration-by-hand=yes", "form=6"});
+    EXPECT_EQ(Run({"settings", "1003r2023-24"}), "form=6\nlocked=yes\nprevious-year=no\nremuneration-by-hand=yes\n");
+
+    HandOver seen;
+    Run({"handover", "1003r2023-24"});
+    ReadHandOver(OpenFile({made.Open().HandOverFile(), {}}), seen);
+    EXPECT_EQ(seen.GLlock, 1);
+    EXPECT_FALSE(seen.GlLarge);
+    Run({"handover", "1003r2023-24", "GLlock=0"});
+    ReadHandOver(OpenFile({made.Open().HandOverFile(), {}}), seen);
+    EXPECT_EQ(seen.GLlock, 0);
 }
 
 TEST_F(Commands, RunHandsOverAndShowsWhatCameBack)
@@ -177,6 +203,34 @@ TEST_F(Commands, RunTellsWhenNothingCameBack)
         EXPECT_TRUE(Run({"run", "1001r2022-23"}).starts_with("Asha Gupta")) << time;
     module.work = [] { return 1; };
     EXPECT_NE(Refusal({"run", "1001r2023-24"}).find("exit status 1"), std::string::npos);
+}
+
+/// A minor's figures must not be taken for the assessee's, whoever looks next.
+TEST_F(Commands, HeadOfAMinorsRunIsToldUntilTheOwnRunWroteIt)
+{
+    const auto rewrite = [&](double amount) {
+        const Connection balance = made.Open().balance;
+        balance.Delete("from {qelgeneral} where code = '1007r2022-23' and [Type] = 'BUSI'");
+        balance.Insert("qelgeneral", {{"code", "1007r2022-23"}, {"Type", "BUSI"}, {"amt14", amount}});
+        return 0;
+    };
+    const auto listed = [&] { return Run({"list", "1007r2022-23"}).substr(93); };
+    EXPECT_EQ(listed(), "4,30,050.00\n");
+
+    module.work = [&] { return rewrite(33700); };
+    EXPECT_NE(Run({"run", "1007r2022-23", "GLminor=2"}).find("The run of minor 2 wrote it"), std::string::npos);
+    EXPECT_EQ(listed(), "33,700.00 (minor 2)\n");
+
+    module.work = [] { return 0; }; // the own run, left by the window's cross
+    Run({"run", "1007r2022-23"});
+    EXPECT_EQ(listed(), "33,700.00 (minor 2)\n");
+
+    Run({"handover", "1007r2022-23"}); // the own run, whose end nobody waited for
+    rewrite(430050);
+    EXPECT_EQ(listed(), "4,30,050.00\n");
+
+    Run({"run", "1007r2022-23", "GLminor=1"}); // left by the cross again
+    EXPECT_EQ(listed(), "4,30,050.00\n");
 }
 
 TEST_F(Commands, EnsureMakesAPracticeOnceAndThenLeavesIt)

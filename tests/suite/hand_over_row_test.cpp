@@ -21,7 +21,7 @@ TEST(HandOverRow, TellsWhoWhichYearAndWhere)
     const HandOver record = PrepareHandOver(practice, FindAssesseeYear(practice, "1003R2023-24"));
     EXPECT_EQ(record.Glcode, "1003r2023-24");
     EXPECT_EQ(record.Glyear, "2023-24");
-    EXPECT_EQ(record.Glstatus, "06");
+    EXPECT_EQ(record.Glstatus, "05");
     EXPECT_EQ(record.GLcompany, 1003);
     EXPECT_EQ(record.GlPrCode, "1003r2022-23");
     EXPECT_EQ(record.GLminor, 0);

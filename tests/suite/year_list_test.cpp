@@ -1,0 +1,153 @@
+#include "suite/year_list.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+namespace pgbp {
+namespace {
+
+AssesseeYear Year(const std::string& code, double client, const std::string& name, const std::string& pan,
+                  const std::string& status)
+{
+    AssesseeYear year;
+    year.code = code;
+    year.client = client;
+    year.name = name;
+    year.pan = pan;
+    year.status = status;
+    year.year = code.substr(code.size() - 7);
+    return year;
+}
+
+class ListOfYears : public testing::Test {
+  protected:
+    ListOfYears()
+    {
+        list.Show({
+            Year("7r2022-23", 7, "verma hosiery", "AAQFV5512C", "05"),
+            Year("7r2023-24", 7, "verma hosiery", "AAQFV5512C", "05"),
+            Year("12r2023-24", 12, "Asha Gupta", "ABQPG4821K", "01"),
+            Year("12r2024-25", 12, "Asha Gupta", "ABQPG4821K", "01"),
+            Year("9r2023-24", 9, "Verma Gupta & Co", "AAHCS9087B", "06"),
+            Year("30r2023-24", 30, "Asha Gupta", "AEVPN7043F", "01"),
+        });
+    }
+    std::string Codes()
+    {
+        std::string codes;
+        for (std::size_t row = 0; row < list.Size(); ++row)
+            codes += (row ? " " : "") + list.At(row).code;
+        return codes;
+    }
+
+    std::map<std::string, double> amounts;
+    int reads = 0;
+    YearList list{[this](AssesseeYear& year) {
+        ++reads;
+        year.headOfIncome.reset();
+        if (const auto amount = amounts.find(year.code); amount != amounts.end())
+            year.headOfIncome = amount->second;
+    }};
+};
+
+TEST_F(ListOfYears, FindsEachWordAnywhereInAnyOrder)
+{
+    struct Case {
+        const char* search;
+        const char* codes;
+        std::size_t best;
+    };
+    constexpr Case kCases[] = {
+        {"verma", "9r2023-24 7r2023-24 7r2022-23", 0},
+        {"2023 VERMA", "9r2023-24 7r2023-24", 0},
+        {"  hos\t5512c ", "7r2023-24 7r2022-23", 0},
+        {"gupta ver", "9r2023-24", 0},
+        {"firm", "9r2023-24 7r2023-24 7r2022-23", 0},
+        {"profession", "9r2023-24", 0},
+        {"7r", "7r2023-24 7r2022-23", 0},
+        {"70", "30r2023-24", 0},
+        {"7", "30r2023-24 9r2023-24 7r2023-24 7r2022-23", 2}, // two PANs hold it, the client of that number is meant
+        {"hosieryaaq", "", 0},
+        {"", "12r2024-25 12r2023-24 30r2023-24 9r2023-24 7r2023-24 7r2022-23", 0},
+    };
+    for (const auto& [search, codes, best] : kCases) {
+        list.Search(search);
+        EXPECT_EQ(Codes(), codes) << search;
+        EXPECT_EQ(list.Best(), best) << search;
+    }
+    EXPECT_EQ(reads, 0);
+}
+
+TEST_F(ListOfYears, SortsByAnyColumnWithTheNewestYearOfAClientFirst)
+{
+    amounts = {{"7r2022-23", -5}, {"7r2023-24", 100}, {"12r2023-24", 20}};
+    struct Case {
+        YearList::Order order;
+        const char* codes;
+    };
+    constexpr Case kCases[] = {
+        {{YearList::Client, true}, "7r2023-24 7r2022-23 9r2023-24 12r2024-25 12r2023-24 30r2023-24"},
+        {{YearList::Year, true}, "12r2024-25 12r2023-24 30r2023-24 9r2023-24 7r2023-24 7r2022-23"},
+        {{YearList::Year, false}, "7r2022-23 12r2023-24 30r2023-24 9r2023-24 7r2023-24 12r2024-25"},
+        {{YearList::Kind, false}, "7r2023-24 7r2022-23 9r2023-24 12r2024-25 12r2023-24 30r2023-24"},
+        {{YearList::Pan, false}, "9r2023-24 7r2023-24 7r2022-23 12r2024-25 12r2023-24 30r2023-24"},
+        {{YearList::Head, true}, "7r2023-24 12r2023-24 7r2022-23 12r2024-25 30r2023-24 9r2023-24"},
+    };
+    for (const auto& [order, codes] : kCases) {
+        list.Sort(order);
+        EXPECT_EQ(Codes(), codes) << OrderText(order);
+        EXPECT_EQ(list.IsNewest(*list.RowOf("12r2024-25")), true);
+        EXPECT_EQ(list.IsNewest(*list.RowOf("12r2023-24")), false);
+    }
+    EXPECT_EQ(reads, 6);
+}
+
+TEST_F(ListOfYears, ReadsAHeadOnceAndAgainAfterARun)
+{
+    list.Search("7r2023-24");
+    EXPECT_EQ(list.CellText(0, YearList::Head), "not written yet");
+    amounts["7r2023-24"] = 1250000;
+    EXPECT_EQ(list.CellText(0, YearList::Head), "not written yet");
+    list.Forget("7r2023-24");
+    EXPECT_EQ(list.CellText(0, YearList::Head), "12,50,000.00");
+    EXPECT_EQ(list.CellText(0, YearList::WrittenBy), "");
+    EXPECT_EQ(reads, 2);
+}
+
+TEST_F(ListOfYears, HeadsThatCanNotBeReadAreNotAskedForAgain)
+{
+    int tried = 0;
+    YearList broken([&](AssesseeYear&) {
+        ++tried;
+        throw std::runtime_error("disk");
+    });
+    broken.Show({Year("7r2022-23", 7, "A", "P", "01")});
+    broken.Sort({YearList::Head, true});
+    EXPECT_EQ(broken.CellText(0, YearList::Head), "cannot be read");
+    EXPECT_EQ(tried, 1);
+}
+
+TEST_F(ListOfYears, SaysWhyItIsEmpty)
+{
+    list.Search("nobody");
+    EXPECT_NE(list.WhyEmpty().find("\"nobody\""), std::string::npos);
+    EXPECT_EQ(list.RowOf("7r2022-23"), std::nullopt);
+    list.Show({});
+    EXPECT_NE(list.WhyEmpty().find("no clients yet"), std::string::npos);
+}
+
+TEST(OrderOfYears, TurnsRoundOnTheSameColumnAndIsKeptAsAWord)
+{
+    using Order = YearList::Order;
+    EXPECT_EQ(OrderAfter({YearList::Client, false}, YearList::Client), (Order{YearList::Client, true}));
+    EXPECT_EQ(OrderAfter({YearList::Client, false}, YearList::Year), (Order{YearList::Year, true}));
+    EXPECT_EQ(OrderAfter({YearList::Year, true}, YearList::Pan), (Order{YearList::Pan, false}));
+    for (const Order order : {Order{YearList::Pan, true}, Order{YearList::Code, false}, Order{YearList::Client, true}})
+        EXPECT_EQ(OrderFrom(OrderText(order)), order);
+    EXPECT_EQ(OrderFrom(OrderText({YearList::Head, true})), Order{}); // would read every head of the practice
+    EXPECT_EQ(OrderFrom("colour"), Order{});
+}
+
+} // namespace
+} // namespace pgbp
