@@ -24,7 +24,7 @@ void Section10abc::Line::Name(const std::string& itsSection, const std::string& 
     description = itsDescription;
     Lbl10 = Replace(section, "&", "&&");
     Lbl10_1 = Replace(description, "&", "&&");
-    Cmd10A.toolTip = section + ' ' + description;
+    Cmd10A.toolTip = "Items of section " + section + ": " + description;
 }
 
 void Section10abc::Line::Show(bool shows)

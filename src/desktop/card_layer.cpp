@@ -1,5 +1,6 @@
 #include "desktop/card_layer.h"
 
+#include "controls/form.h"
 #include "desktop/frame_view.h"
 #include "desktop/theme.h"
 

@@ -16,9 +16,8 @@ void CellDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option, 
 {
     const bool isSelected = option.state & QStyle::State_Selected;
     const QVariant ground = index.data(Qt::BackgroundRole);
-    painter->fillRect(option.rect, isSelected         ? Theme().accentSoft
-                                   : ground.isValid() ? ground.value<QColor>()
-                                                      : Theme().panel);
+    const QColor free = isSelected ? Theme().accentSoft : Theme().panel;
+    painter->fillRect(option.rect, ground.isValid() ? ground.value<QColor>() : free);
     painter->fillRect(QRect(option.rect.left(), option.rect.bottom(), option.rect.width(), 1), Theme().line);
     if (index.column() == first_ && index.row() == view_.currentIndex().row())
         painter->fillRect(QRect(option.rect.topLeft(), QSize(3, option.rect.height())), Theme().accent);

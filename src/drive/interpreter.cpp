@@ -433,8 +433,8 @@ void Interpreter::AnswerNext(const std::string& word)
 
 void Interpreter::FileNext(const std::string& path) { files_.files.emplace_back(path); }
 
-/// Each data file is opened for itself, so that a table's plain name means the table of that file. The working file has a
-/// session of its own already, and what is keyed lies in that session alone.
+/// Each data file is opened for itself, so that a table's plain name means the table of that file. The working file has
+/// a session of its own already, and what is keyed lies in that session alone.
 void Interpreter::Sql(const std::string& arguments)
 {
     const auto [name, sql] = FirstWord(arguments);

@@ -53,7 +53,7 @@ class Run : public HandOver {
     std::string GlHelpTopic; ///< topic of the help screen
 
     std::optional<Deletion> deletion; ///< the last one; none once something was saved behind it
-    Event<> deletingLine;             ///< a line goes: sums of lines on a screen are loaded afresh, whatever comes of it
+    Event<> deletingLine; ///< a line goes: sums of lines on a screen are loaded afresh, whatever comes of it
 
     Connection company;
     Connection balance;

@@ -62,8 +62,8 @@ class Engine {
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
     virtual const Dialect& dialect() const = 0;
-    /// See Connection::OwnTables.
-    virtual void OwnTables(std::span<const std::string_view> tables) = 0;
+    /// See Connection::OwnTables. An engine without tables of a session's own does nothing.
+    virtual void OwnTables([[maybe_unused]] std::span<const std::string_view> tables) {}
     /// A statement waits a few seconds for another program's lock. Once one has waited in vain the next ones fail at
     /// once, until this is called: a locked file costs one wait an action, not one a statement.
     virtual void RenewPatience() {}

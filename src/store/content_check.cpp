@@ -1,5 +1,6 @@
 #include "store/content_check.h"
 
+#include "store/causes.h"
 #include "store/embedded_engine.h"
 #include "store/statement.h"
 
@@ -7,6 +8,7 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 #include <sqlite3.h>
 
+#include <cerrno>
 #include <chrono>
 #include <thread>
 
@@ -57,7 +59,7 @@ try {
 } catch (const SQLite::Exception& error) {
     if (IsDamage(error))
         return error.what();
-    throw FileError(file, std::string("could not be checked: ") + error.what());
+    throw StoreError(EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Read, {file.string()}, error.what());
 }
 
 } // namespace pgbp

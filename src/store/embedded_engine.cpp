@@ -214,7 +214,8 @@ class EmbeddedEngine : public Engine {
         Execute("pragma temp_store = memory", {});
         for (const std::string_view table : tables) {
             const Value name[] = {table};
-            for (const Row made : Query("select sql from main.sqlite_master where tbl_name = ? order by type desc", name))
+            for (const Row made :
+                 Query("select sql from main.sqlite_master where tbl_name = ? order by type desc", name))
                 Execute(AsTemporary(made.At(0).Text()), {});
         }
     }

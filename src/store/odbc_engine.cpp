@@ -141,9 +141,6 @@ class OdbcEngine : public Engine {
 
     const Dialect& dialect() const override { return dialect_; }
 
-    /// The tables of a Jet file serve: its working file is one computer's alone.
-    void OwnTables(std::span<const std::string_view>) override {}
-
     void RenewPatience() override { outOfPatience_.reset(); }
 
   private:

@@ -17,7 +17,7 @@ constexpr AssesseeKind kKinds[] = {
     {"09", "BOI"},
     {"08", "Charitable trust"},
     {"12", "Company (public)"},
-    {"13", "Company (closely held)"},
+    {"13", "Company (private)"},
     {"15", "Company (foreign)"},
 };
 

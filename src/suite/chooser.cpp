@@ -10,6 +10,11 @@
 #include <stdexcept>
 
 namespace pgbp {
+namespace {
+
+constexpr QSize kTitleBar(0, 10 * kUnit);
+
+} // namespace
 
 int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolder, const std::filesystem::path& module,
                 const std::string& picture)
@@ -28,7 +33,7 @@ int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolde
     if (!picture.empty())
         window.resize(usual);
     else if (!window.testAttribute(Qt::WA_Resized)) // the last time left no size
-        window.resize(usual.boundedTo(window.screen()->availableSize()));
+        window.resize(usual.boundedTo(window.screen()->availableSize() - kTitleBar));
     window.show();
     if (picture.empty())
         return QApplication::exec();

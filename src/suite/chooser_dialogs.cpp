@@ -4,6 +4,7 @@
 #include "desktop/theme.h"
 #include "suite/assessee_kinds.h"
 #include "suite/new_clients.h"
+#include "suite/text_color.h"
 
 #include <QCheckBox>
 #include <QComboBox>
@@ -70,7 +71,7 @@ EntryDialog::EntryDialog(QWidget* parent, const QString& title)
     fields_->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
     fields_->setVerticalSpacing(2 * kUnit);
     refusal_->setWordWrap(true);
-    refusal_->setProperty("sign", "negative");
+    SetTextColor(*refusal_, Theme().negative);
 }
 
 void EntryDialog::Finish(const QString& storing)
@@ -173,7 +174,7 @@ void SettingsDialog::AddSwitch(const ClientSwitch& each)
     auto* box = new QCheckBox(caption);
     box->setChecked(settings_.*each.value);
     auto* explanation = new QLabel(Text(each.explanation));
-    explanation->setProperty("look", "hint");
+    SetTextColor(*explanation, Theme().muted);
     explanation->setWordWrap(true);
     explanation->setIndent(6 * kUnit);
     box->setAccessibleDescription(explanation->text());

@@ -6,6 +6,7 @@
 #include "desktop/theme.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
+#include "suite/text_color.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -16,7 +17,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
-#include <QStyle>
 #include <QTableView>
 #include <QVBoxLayout>
 
@@ -35,7 +35,7 @@ QPushButton* Button(const QString& caption)
 
 /// A text as wide as what usually stands in the column; it is never narrower than its heading.
 constexpr std::pair<YearList::Column, const char*> kUsualTexts[] = {
-    {YearList::Year, "2023-24"},         {YearList::Kind, "Firm (profession)"}, {YearList::Pan, "WWWWW0000W"},
+    {YearList::Year, "2023-24"},         {YearList::Kind, "Company (private)"}, {YearList::Pan, "WWWWW0000W"},
     {YearList::Head, "00,00,00,000.00"}, {YearList::WrittenBy, "minor 1"},      {YearList::Code, "00000r2023-24"},
 };
 
@@ -85,7 +85,7 @@ void ChooserWindow::BuildTop()
     title->setFont(FontOf(Type::Title));
     auto* place = new QLabel(Text(practice_.folders.program.filename().string()));
     place->setToolTip("The data lies in " + Text(practice_.folders.program.string()));
-    place->setProperty("look", "hint");
+    SetTextColor(*place, Theme().muted);
     search_ = new QLineEdit;
     search_->setMinimumHeight(RowHeight());
     search_->setPlaceholderText("Words of the name, PAN, code, year or kind, in any order");
@@ -129,7 +129,7 @@ void ChooserWindow::BuildTable()
             std::max(WidthOf(text), WidthOf(rows_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString())));
     empty_ = new QLabel;
     empty_->setAlignment(Qt::AlignCenter);
-    empty_->setProperty("look", "hint");
+    SetTextColor(*empty_, Theme().muted);
     auto* over = new QVBoxLayout(table_->viewport());
     over->addWidget(empty_);
     static_cast<QVBoxLayout*>(layout())->addWidget(table_, 1);
@@ -164,7 +164,7 @@ void ChooserWindow::BuildBottom()
     open_->setProperty("main", true);
     close_ = Button("&Close");
     message_ = new QLabel;
-    message_->setProperty("look", "status");
+    message_->setObjectName("message");
     message_->setWordWrap(true);
 
     auto* row = new QHBoxLayout;
@@ -439,9 +439,7 @@ void ChooserWindow::ChangeSettings()
 
 void ChooserWindow::Tell(const QString& text, bool isFailure)
 {
-    message_->setProperty("sign", isFailure ? "negative" : "");
-    message_->style()->unpolish(message_);
-    message_->style()->polish(message_);
+    SetTextColor(*message_, isFailure ? Theme().negative : Theme().text);
     message_->setText(text);
 }
 

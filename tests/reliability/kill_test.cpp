@@ -3,7 +3,7 @@
 #include "computation/frmbusinesscal.h"
 #include "computation/line_under_test.h"
 #include "income/summary_under_test.h"
-#include "records/lines.h"
+#include "records/deletion.h"
 #include "services/format.h"
 
 #include <gtest/gtest.h>

@@ -40,13 +40,7 @@ class Chooser : public testing::Test {
     QTableView& Table() { return *window.findChild<QTableView*>(); }
     QString Cell(int row, int column) { return Table().model()->index(row, column).data().toString(); }
     /// The message below the list.
-    QString Message()
-    {
-        for (const QLabel* label : window.findChildren<QLabel*>())
-            if (label->property("look") == "status")
-                return label->text();
-        return {};
-    }
+    QString Message() { return window.findChild<QLabel*>("message")->text(); }
     QLineEdit& Search() { return *window.findChild<QLineEdit*>(); }
     QPushButton& Button(const QString& caption)
     {

@@ -43,9 +43,9 @@ TEST(KindOfAssessee, IsToldByThePanAndInWordsOfItsOwn)
         const char* pan;
         const char* words;
     };
-    constexpr Case kCases[] = {
-        {"ABCP", "Individual"}, {"ABCHX", "HUF"}, {"AAFFD1234K", "Firm (business)"},  {"AAAT", "Charitable trust"},
-        {"AAAA", "AOP"},        {"AAAB", "BOI"},  {"AAACA", "Company (closely held)"}};
+    constexpr Case kCases[] = {{"ABCP", "Individual"},        {"ABCHX", "HUF"}, {"AAFFD1234K", "Firm (business)"},
+                               {"AAAT", "Charitable trust"},  {"AAAA", "AOP"},  {"AAAB", "BOI"},
+                               {"AAACA", "Company (private)"}};
     for (const auto& [pan, words] : kCases)
         EXPECT_EQ(KindInWords(StatusOfPan(pan)), words) << pan;
     EXPECT_EQ(StatusOfPan("ABC"), "");
