@@ -133,6 +133,7 @@ GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
                                       [](const GridColumn& column) { return column.kind != GridColumnKind::Hidden; }) -
                          columns.begin());
     table_->setModel(model_.get());
+    MeasureAmounts();
     Dress();
     form.Watch(table_, *this);
     form.Watch(table_->viewport(), *this);

@@ -334,7 +334,7 @@ TEST_F(Computation, AFailedSaveLeavesTheScreenAndTheStoreAsTheyWere)
     run->balance.Execute("create trigger [balance].refuse before delete on fassets begin select raise(abort, 'disk'); "
                          "end");
     screen.Click(screen.header.CmdSave);
-    EXPECT_NE(boxes.Take().text.find("disk"), std::string::npos);
+    EXPECT_NE(boxes.Take().text.find("could not be saved"), std::string::npos);
     EXPECT_EQ(run->screens.OnDisplay(), &screen);
     EXPECT_EQ(screen.header.txtdescr1.text(), "changed");
     EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "Main works");

@@ -208,6 +208,8 @@ TEST_F(KilledLine, WhileItIsSaved)
                 ++figure;
                 run->qeltemp.Execute("update {temp1} set amt1 = ? where code = ?", figure, kCode);
                 run->balance.Execute("update {fassets} set F_Dep = ? where code = ? and sno = 90000", figure, kCode);
+                run->GLwhere = 111; // the annexure's screen wrote those rows
+                form.Activate();
                 form.TxtOth.Set(Amount(figure));
                 form.txtlessdep.Set(Amount(figure));
                 form.Click(form.header.CmdSave);
