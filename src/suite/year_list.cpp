@@ -50,8 +50,9 @@ void YearList::Show(std::vector<AssesseeYear> years)
 
 void YearList::Search(std::string_view text)
 {
-    search_ = Trim(text);
-    Filter();
+    const bool narrows = text.starts_with(search_);
+    search_ = text;
+    Filter(narrows ? found_ : sorted_);
 }
 
 void YearList::Sort(Order order)
@@ -71,8 +72,8 @@ void YearList::Forget(std::string_view code)
 
 std::size_t YearList::Best() const
 {
-    const std::string wanted = Upper(search_);
-    const auto isMeant = [&](Index index) { return Upper(entries_[index].year.code).starts_with(wanted); };
+    const std::string wanted = Upper(Trim(search_));
+    const auto isMeant = [&](Index index) { return entries_[index].words.starts_with(wanted); }; // with the code
     const auto meant = wanted.empty() ? found_.end() : std::ranges::find_if(found_, isMeant);
     return meant == found_.end() ? 0 : static_cast<std::size_t>(meant - found_.begin());
 }
@@ -131,7 +132,7 @@ std::string YearList::WhyEmpty() const
 {
     if (Empty())
         return "The practice has no clients yet. Alt+N adds the first one.";
-    return "No client's name, PAN, code, year or kind holds \"" + search_ +
+    return "No client's name, PAN, code, year or kind holds \"" + Trim(search_) +
            "\".\nEscape shows all again, Alt+N adds a client.";
 }
 
@@ -172,15 +173,16 @@ void YearList::Arrange()
             return order < 0;
         return std::tie(b.year.year, a.year.code) < std::tie(a.year.year, b.year.code);
     });
-    Filter();
+    Filter(sorted_);
 }
 
-void YearList::Filter()
+void YearList::Filter(const std::vector<Index>& among)
 {
     const std::vector<std::string> wanted = WordsOf(search_);
-    found_.clear();
-    std::ranges::copy_if(sorted_, std::back_inserter(found_),
+    std::vector<Index> found;
+    std::ranges::copy_if(among, std::back_inserter(found),
                          [&](Index index) { return HoldsAll(entries_[index].words, wanted); });
+    found_ = std::move(found);
 }
 
 YearList::Order OrderAfter(YearList::Order now, YearList::Column chosen)

@@ -58,7 +58,7 @@ class YearList {
 
     void Complete(Entry& entry);
     void Arrange();
-    void Filter();
+    void Filter(const std::vector<Index>& among);
     int Compare(const Entry& a, const Entry& b) const;
 
     ReadHead readHead_;

@@ -79,6 +79,19 @@ TEST_F(ListOfYears, FindsEachWordAnywhereInAnyOrder)
     EXPECT_EQ(reads, 0);
 }
 
+TEST_F(ListOfYears, FindsTheSameLetterByLetterAsAtOnce)
+{
+    const std::string search = "verma 7 23";
+    for (std::size_t typed = 1; typed <= search.size(); ++typed)
+        list.Search(search.substr(0, typed));
+    EXPECT_EQ(Codes(), "9r2023-24 7r2023-24 7r2022-23");
+    for (std::size_t typed = search.size(); typed > 0; --typed) // and with Backspace
+        list.Search(search.substr(0, typed));
+    EXPECT_EQ(list.Size(), 4u); // a PAN holds the v
+    list.Search("");
+    EXPECT_EQ(list.Size(), 6u);
+}
+
 TEST_F(ListOfYears, SortsByAnyColumnWithTheNewestYearOfAClientFirst)
 {
     amounts = {{"7r2022-23", -5}, {"7r2023-24", 100}, {"12r2023-24", 20}};
