@@ -12,12 +12,13 @@ export QT_QPA_PLATFORM=offscreen
 
 $suite new "$practice" >/dev/null
 
-# shot NAME CODE [COLUMN=VALUE ...]: the window after the commands on standard input
+# shot NAME CODE [COLUMN=VALUE ...]: the window after the commands on standard input, the previous year beside it only where told
 shot() {
     name=$1
-    shift
+    code=$2
+    shift 2
     cat >script
-    $suite handover "$@" >/dev/null
+    $suite handover "$code" GlLarge=0 "$@" >/dev/null
     "$programs/pgbp-shot" --program-folder "$practice" "$pictures/$name.png" script
 }
 
@@ -145,4 +146,8 @@ shot computation-short 1004r2023-24 <<END
 click frmbusiness.cmd2
 dblclick frmbusiness.DBGrid1 1
 END
+
+# a minor's run wrote the head of income last
+$suite handover 1007r2023-24 GLminor=1 >/dev/null
+printf 'click frmbusiness.CmdBack\n' | "$programs/pgbp-drive" --program-folder "$practice" >/dev/null
 $suite --picture "$pictures/chooser.png"

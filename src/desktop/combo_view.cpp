@@ -49,6 +49,8 @@ ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
     Shows(box_);
 }
 
+QComboBox* MakeDropBox(QWidget* parent) { return new DropBox(parent); }
+
 QWidget* ComboView::keyboard() const { return typing_ ? static_cast<QWidget*>(box_->lineEdit()) : box_; }
 
 void ComboView::FromModel()

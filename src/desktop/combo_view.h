@@ -5,8 +5,12 @@
 #include "desktop/text_sync.h"
 
 class QComboBox;
+class QWidget;
 
 namespace pgbp {
+
+/// The platform's field with a list that drops down, in the look of the program.
+QComboBox* MakeDropBox(QWidget* parent);
 
 /// A field with a list that drops down.
 class ComboView : public ControlView {

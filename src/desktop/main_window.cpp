@@ -75,7 +75,7 @@ QString StatusLine(const Run& run)
     add(!run.Glyear.empty(), "A.Y. " + Text(run.Glyear));
     add(true, Text(StatusInWords(run.Glstatus)));
     add(run.GlITR != 0, "ITR-" + QString::number(run.GlITR));
-add(run.GLminor != 0, Text(run.IncomeOf()));
+    add(run.GLminor != 0, Text(run.IncomeOf()));
     add(run.GLlock != 0, "Locked: nothing can be keyed, Back writes the head of income anew");
     add(true, run.IsSqlStore ? "Data on the server" : "Data in files");
     return line;

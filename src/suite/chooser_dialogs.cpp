@@ -1,6 +1,7 @@
 #include "suite/chooser_dialogs.h"
 
 #include "desktop/captions.h"
+#include "desktop/combo_view.h"
 #include "desktop/theme.h"
 #include "suite/assessee_kinds.h"
 #include "suite/new_clients.h"
@@ -31,7 +32,7 @@ QLineEdit* AddField(QFormLayout& fields, const QString& caption)
 
 QComboBox* AddChoice(QFormLayout& fields, const QString& caption)
 {
-    auto* choice = new QComboBox;
+    auto* choice = MakeDropBox(nullptr);
     fields.addRow(caption, choice);
     return choice;
 }

@@ -2,6 +2,7 @@
 
 #include "desktop/captions.h"
 #include "desktop/cell_delegate.h"
+#include "desktop/combo_view.h"
 #include "desktop/elided_label.h"
 #include "desktop/theme.h"
 #include "suite/chooser_dialogs.h"
@@ -137,7 +138,7 @@ void ChooserWindow::BuildTable()
 
 void ChooserWindow::BuildOptions()
 {
-    whose_ = new QComboBox;
+    whose_ = MakeDropBox(nullptr);
     whose_->setMinimumHeight(RowHeight());
     auto* caption = new QLabel("&Income of :");
     caption->setBuddy(whose_);
