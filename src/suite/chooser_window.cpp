@@ -396,9 +396,11 @@ void ChooserWindow::ModuleEnded(const QString& failure, const QString& said)
 
 QString ChooserWindow::WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const
 {
+    const bool cameBack = HeadOfIncomeCameBack(practice_, year.code);
     if (!failure.isEmpty())
-        return failure + ' ' + said;
-    if (!HeadOfIncomeCameBack(practice_, year.code))
+        return failure + (cameBack ? " It had written the head of income. " : " The head of income stays as it was. ") +
+               said;
+    if (!cameBack)
         return "The module ended without writing the head of income of " + Text(year.code) + ". " + said;
     return QString("Profits & gains of %1, %2: %3").arg(Text(year.name), Text(year.year), Text(HeadInWords(year)));
 }

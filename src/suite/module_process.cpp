@@ -8,7 +8,7 @@ ModuleProcess::ModuleProcess(const std::filesystem::path& program) : program_(pr
 {
     QObject::connect(&process_, &QProcess::finished, [this](int exitCode, QProcess::ExitStatus how) {
         const bool failed = how == QProcess::CrashExit || exitCode != 0;
-        ended(failed ? "The module ended with a failure; the head of income stays as it was." : "",
+        ended(failed ? "The module ended with a failure." : "",
               QString::fromUtf8(process_.readAllStandardError()).trimmed());
     });
     QObject::connect(&process_, &QProcess::errorOccurred, [this](QProcess::ProcessError error) {
