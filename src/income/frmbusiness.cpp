@@ -20,7 +20,7 @@ frmbusiness::frmbusiness(Run& itsRun) : Screen(itsRun, "frmbusiness", "Profits &
         control->visible = isFirm;
     Label29.visible = LblADA.visible = Rules().Shows44ADA();
     LblSec11.visible = TxtSec11.visible = false;
-    lblna1.visible = lblna2.visible = false;
+    lblna1.visible = lblna2.visible = lblothers.visible = lblothersP.visible = false;
     for (Control* previous :
          std::initializer_list<Control*>{&lblPrevious, &lblThis, &lbl1P, &lbl2P, &lbl3P, &lbl4P, &lbl5P, &txt6P, &txt7P,
                                          &lbllicP, &lbltotalP, &lbllossP, &lbllastP, &cmdReport})
@@ -66,6 +66,7 @@ void frmbusiness::LayOut()
         {{&cmdlic, &Label8, &lbllic, &lbllicP, &ImgHelp}},
         {{nullptr, &Label26, &Label27}},
         {{nullptr, &Label9, &lbltotal, &lbltotalP}, RowStyle::Total},
+        {{nullptr, nullptr, &lblothers, &lblothersP}},
         {{nullptr, &partners.lblpart1, &partners.txtlesspart1, &partners.txtlesspart1P}},
         {{&partners.cmdmax, &partners.lblpart2, &partners.txtlesspart2, &partners.txtlesspart2P}},
         {{nullptr, &lblafter, &lblinc, &lblincP}, RowStyle::Total},

@@ -90,6 +90,8 @@ class frmbusiness : public Screen {
     label Label9{*this, "Label9", "Total"};
     label lbltotal{*this, "lbltotal", "0.00", LabelLook::Amount};
     label lbltotalP{*this, "lbltotalP", "0.00", LabelLook::Amount};
+    label lblothers{*this, "lblothers", "", LabelLook::Hint}; ///< what counts there without a column of its own
+    label lblothersP{*this, "lblothersP", "0.00", LabelLook::Amount};
 
     PartnerDeductions partners{*this};
     label lblafter{*this, "lblafter", "Income after Interest & Remuneration :"};
@@ -138,6 +140,7 @@ class frmbusiness : public Screen {
     void AddUpAfterPartners();
     void LockWhenLocked();
     void ShowPreviousYear();
+    void NameOthersOfPreviousYear();
 
     // the ways to the detail screens
     void OpenOneLine(BusinessKind kind, const std::string& screenCaption);

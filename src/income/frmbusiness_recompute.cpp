@@ -251,6 +251,18 @@ void frmbusiness::ShowPreviousYear()
     };
     for (const auto& [column, line] : columns)
         *line = Amount(head.First()[column].Number());
+    NameOthersOfPreviousYear();
+}
+
+/// Section 35AD, section 44ADA and the audit adjustment reach the stored head inside its total only.
+void frmbusiness::NameOthersOfPreviousYear()
+{
+    double others = Val(lbltotalP);
+    for (const label* line : {&lbl1P, &lbl2P, &lbl3P, &lbl4P, &lbl5P, &txt6P, &txt7P, &lbllicP})
+        others -= line->visible ? Val(*line) : 0;
+    lblothersP = Amount(others);
+    lblothers = Rules().HasSpecified() ? "of which 35AD and others" : "of which audit adjustment";
+    lblothers.visible = lblothersP.visible = Val(lblothersP) != 0;
 }
 
 } // namespace pgbp

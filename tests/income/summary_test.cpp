@@ -180,6 +180,32 @@ TEST(Summary, ShowsThePrecedingYearBeside)
     EXPECT_FALSE(narrow.Begin().lbl1P.Shown());
 }
 
+TEST(Summary, NamesWhatThePrecedingTotalHoldsBesideItsColumns)
+{
+    struct {
+        double normal, retail, total;
+        int year;
+        const char* beside;
+    } const rows[] = {
+        {1000, 0, 2432000, 2023, "of which 35AD and others 2431000.00"},
+        {1000, 0, 900.5, 2023, "of which 35AD and others -99.50"},
+        {1000, 400, 1400, 2023, "of which 35AD and others 400.00"}, // section 44AF has no column any more
+        {1000, 400, 1500, 2010, "of which audit adjustment 100.00"},
+        {0.1, 0.2, 0.3, 2010, ""},
+    };
+    for (const auto& row : rows) {
+        SummaryUnderTest practice;
+        practice.Balance().Insert("qelgeneral", {{"code", "A0001r2022-23"},
+                                                 {"Type", "BUSI"},
+                                                 {"amt1", row.normal},
+                                                 {"amt5", row.retail},
+                                                 {"amt9", row.total}});
+        practice.handOver.GlLarge = true;
+        auto& form = practice.Begin(row.year, "01");
+        EXPECT_EQ(form.lblothersP.Shown() ? form.lblothers.text() + ' ' + form.lblothersP.text() : "", row.beside);
+    }
+}
+
 TEST(Summary, WritesTheHeadOfIncomeAndEnds)
 {
     SummaryUnderTest practice;
