@@ -158,10 +158,11 @@ void frmbusinesscal::Wire()
     partners.frapartner.onLowered = [this] { LeavePartners(); };
     cmdother.onClick = [this] { other.Open(); };
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
-    CmdDep.onClick = [this] {
-        OpenAnnexure(run.Year() <= 2006 ? "frmfassets" : "frmfassetsNew", "Depreciation Annexure");
-    };
+    const char* depreciation = run.Year() <= 2006 ? "frmfassets" : "frmfassetsNew";
+    CmdDep.onClick = [this, depreciation] { OpenAnnexure(depreciation, "Depreciation Annexure"); };
+    LeadsTo(CmdDep, depreciation);
     CmdF.onClick = [this] { OpenAnnexure("frmfassetsNew", "Capital Gain Annexure"); };
+    LeadsTo(CmdF, "frmfassetsNew");
     presumptive.listReplaced = [this] { RefreshTotals(); };
     framain.onEscape = presumptive.fra44ad.onEscape = [this] { Back(); };
     presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
@@ -285,8 +286,6 @@ void frmbusinesscal::OpenAnnexure(const char* screen, const char* annexure)
 {
     run.GLwhere = kAnnexureOfComputation;
     run.screens.Show(screen, {.caption = annexure});
-    if (run.screens.OnDisplay() == this)
-        run.GLwhere = 0;
 }
 
 void frmbusinesscal::RefreshTotals()

@@ -24,6 +24,7 @@ LineHeader::LineHeader(Screen& form)
     CmdSave.isDefault = true;
     CmdPNL.visible = false;
     CmdPNL.onClick = [this] { OpenStatement(); };
+    form.LeadsTo(CmdPNL, StatementScreen());
     cmdr.onClick = [this] { run_.screens.ShowModal("frmReminder"); };
 }
 
@@ -72,8 +73,10 @@ void LineHeader::OpenStatement() const
     run_.GlLineDescr2 = txtdescr2.text();
     run_.GlLineSno = isEdit_ ? Sno() : 0;
     run_.GLrep = run_.FormCheckDone ? "NEWPNL" : "PNL";
-    run_.screens.Show(run_.FormCheckDone ? "FrmbspnlINDAS" : "FrmbspnlPGBP");
+    run_.screens.Show(StatementScreen());
 }
+
+const char* LineHeader::StatementScreen() const { return run_.FormCheckDone ? "FrmbspnlINDAS" : "FrmbspnlPGBP"; }
 
 bool LineHeader::RefusesSave(bool nothingEntered)
 {

@@ -68,6 +68,7 @@ class LineHeader {
 
     void OpenStatement() const;
     std::optional<double> StoredNumber() const;
+    const char* StatementScreen() const;
     bool Update(double sno, std::span<const Field> fields) const;
 
     Run& run_;

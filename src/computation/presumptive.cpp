@@ -46,7 +46,7 @@ PresumptiveFrame::PresumptiveFrame(Screen& form)
         amount.enabled = false;
     TxtIntt.onEnter = [this] { ReplaceList("intt", "Interest to Pertners", TxtIntt); };
     txtremu.onEnter = [this] { ReplaceList("remu", "Remuneration to partners", txtremu); };
-    cmdsave44ad.onClick = [this] { run_.screens.TellNotThereYet(fra44ad.name()); };
+    Screen::CloseDoor(cmdsave44ad);
     LayOut();
 }
 

@@ -18,6 +18,7 @@ frmbusiness::frmbusiness(Run& itsRun) : Screen(itsRun, "frmbusiness", "Profits &
          std::initializer_list<Control*>{&partners.lblpart1, &partners.lblpart2, &partners.txtlesspart1,
                                          &partners.txtlesspart2, &partners.cmdmax, &lblafter, &lblinc})
         control->visible = isFirm;
+    cmd9.visible = Rules().May44ADA();
     Label29.visible = LblADA.visible = Rules().Shows44ADA();
     LblSec11.visible = TxtSec11.visible = false;
     lblna1.visible = lblna2.visible = lblothers.visible = lblothersP.visible = false;
@@ -108,7 +109,7 @@ void frmbusiness::Wire()
     cmd6.onClick = [this] { OpenFirms(); };
     cmd7.onClick = [this] { OpenAop(); };
     cmd9.onClick = [this] { OpenProfession(); };
-    cmdlic.onClick = [this] { OpenCommission(); };
+    cmdlic.onClick = [this] { RefuseMinor(); };
     CmdGST.onClick = [this] { run.screens.Show("FrmGST"); };
     ImgHelp.onClick = [this] { ShowHelp(run, ImgHelp.toolTip); };
     cmdReport.onClick = [this] { ReportOnPreviousYear(); };
@@ -189,23 +190,13 @@ void frmbusiness::OpenFirms()
     run.GlBusinessKind = kFirmIncome;
     if (IsFirm(run.Glstatus))
         return ShowNotApplicable(run, "Remu./Intt from Partnership Firm", "Other than Partnership Firm");
-    if (Rules().FirmsByScreen())
-        return run.screens.Show("FrmFirm");
-    run.screens.TellNotThereYet("fra2");
+    run.screens.Show("FrmFirm");
 }
 
 void frmbusiness::OpenAop()
 {
     run.GlBusinessKind = kAopShare;
-    if (IsFirm(run.Glstatus))
-        return ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
-    run.screens.TellNotThereYet("fra2");
-}
-
-void frmbusiness::OpenCommission()
-{
-    if (!RefuseMinor())
-        run.screens.TellNotThereYet("fralic");
+    ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
 }
 
 void frmbusiness::StoreIncomeUnderSection11()

@@ -128,6 +128,7 @@ class frmbusiness : public Screen {
 
     // the recompute, step by step in its order
     void OpenGst();
+    void CloseDoors();
     void NoteWhetherBusinessExists();
     void DeleteRetailLines();
     void CloseExemptShares();
@@ -149,7 +150,6 @@ class frmbusiness : public Screen {
     void OpenTransport();
     void OpenFirms();
     void OpenAop();
-    void OpenCommission();
     bool RefuseMinor() const;
 
     void CalculateMaximum();

@@ -55,6 +55,7 @@ void frmbusiness::Activate()
 {
     recomputed_ = false;
     OpenGst();
+    CloseDoors();
     DeleteOrphanCells(run);
     NoteWhetherBusinessExists();
     DeleteRetailLines();
@@ -83,6 +84,22 @@ void frmbusiness::OpenGst()
 {
     CmdGST.enabled = Rules().GstIsOpen();
     CmdGST.caption = std::string(Rules().GstCaption());
+}
+
+/// A door that answers with a refusal stays open for it.
+void frmbusiness::CloseDoors()
+{
+    LeadsTo(CmdGST, "FrmGST");
+    const bool refusesFirm = IsFirm(run.Glstatus);
+    const bool refusesMinor = run.GLminor != 0;
+    if (Rules().VehiclesByScreen() && !refusesMinor)
+        LeadsTo(cmd4, "Frm44AENew");
+    if (!refusesFirm) {
+        Rules().FirmsByScreen() ? LeadsTo(cmd6, "FrmFirm") : CloseDoor(cmd6);
+        CloseDoor(cmd7);
+    }
+    if (!refusesMinor)
+        CloseDoor(cmdlic);
 }
 
 /// The suite reads from this row whether there is any business at all.

@@ -6,7 +6,8 @@
 namespace pgbp {
 
 bool SummaryRules::ShowsPartnerLines() const { return IsFirm(status); }
-bool SummaryRules::Shows44ADA() const { return Offers44ADA() && (IsIndividual(status) || IsFirm(status)); }
+bool SummaryRules::May44ADA() const { return IsIndividual(status) || IsFirm(status); }
+bool SummaryRules::Shows44ADA() const { return Offers44ADA() && May44ADA(); }
 bool SummaryRules::Offers44ADA() const { return year >= 2017; }
 bool SummaryRules::Has44AF() const { return year < 2011; }
 bool SummaryRules::HasSpecified() const { return year >= 2012; }

@@ -12,6 +12,7 @@ struct SummaryRules {
     std::string_view status;
 
     bool ShowsPartnerLines() const;  ///< interest and remuneration of partners: firms only
+    bool May44ADA() const;           ///< section 44ADA is for individuals and firms
     bool Shows44ADA() const;         ///< section 44ADA, from assessment year 2017-18
     bool Offers44ADA() const;        ///< the year alone allows section 44ADA
     bool Has44AF() const;            ///< section 44AF ended with assessment year 2010-11

@@ -6,6 +6,11 @@
 #include <algorithm>
 
 namespace pgbp {
+namespace {
+
+constexpr const char* kNotThereYet = "Not part of this version yet";
+
+} // namespace
 
 Screen::Screen(Run& itsRun, std::string name, std::string captionText)
     : Form(std::move(name), std::move(captionText), itsRun.host.boxes, itsRun.title), run(itsRun)
@@ -26,6 +31,18 @@ void Screen::TellSaved(const std::string& what)
     notice = what + " saved, " + TimeText(run.host.now());
 }
 
+void Screen::LeadsTo(Control& door, std::string_view screen) const
+{
+    if (!run.screens.Has(screen))
+        CloseDoor(door);
+}
+
+void Screen::CloseDoor(Control& door)
+{
+    door.enabled = false;
+    door.toolTip = kNotThereYet;
+}
+
 void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
 
 std::vector<std::string> Screens::Names() const
@@ -40,16 +57,11 @@ void Screens::Show(std::string_view name, const Opening& opening) { Display(name
 
 void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, Placement::Modal); }
 
-void Screens::TellNotThereYet(std::string_view name) const
-{
-    run_.Inform("The screen " + std::string(name) + " is not there yet.");
-}
-
 void Screens::Display(std::string_view name, const Opening& opening, Placement placement)
 {
     const auto factory = factories_.find(name);
     if (factory == factories_.end())
-        return TellNotThereYet(name);
+        return run_.Inform(kNotThereYet);
     auto screen = factory->second(run_);
     if (!opening.caption.empty())
         screen->caption = opening.caption;

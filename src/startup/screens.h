@@ -43,6 +43,11 @@ class Screen : public Form {
     void TellSaved(const std::string& what, double rupees);
     void TellSaved(const std::string& what);
 
+    /// The button opens this screen: it is closed where this version has none.
+    void LeadsTo(Control& door, std::string_view screen) const;
+    /// Disables what opens something that this version does not have, and says so in its tip.
+    static void CloseDoor(Control& door);
+
     /// Comes before the first display.
     virtual void Open(const Opening&) {}
     /// A modal screen that lay over this one was left.
@@ -66,10 +71,10 @@ class Screens {
     /// The screens that there are.
     std::vector<std::string> Names() const;
 
-    /// Hides the screen on display and shows this one. A message tells when the screen does not exist yet.
+    bool Has(std::string_view name) const { return factories_.find(name) != factories_.end(); }
+
+    /// Hides the screen on display and shows this one. A message tells when this version has no such screen.
     void Show(std::string_view name, const Opening& opening = {});
-    /// Tells that a screen or a frame of one does not exist yet.
-    void TellNotThereYet(std::string_view name) const;
     /// Shows the screen over the one on display, which waits.
     void ShowModal(std::string_view name, const Opening& opening = {});
     /// Leaves the screen on display for the one it was opened from: that becomes active, or is told that the modal

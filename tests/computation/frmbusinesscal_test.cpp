@@ -372,9 +372,10 @@ TEST_F(Computation, AModalScreenDoesNotUndoWhatWasTyped)
 TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
 {
     FullLine();
-    frmbusinesscal& screen = OpenScreen();
+    Start();
     run->screens.Register("frmfassetsNew",
                           [](pgbp::Run& its) { return std::make_unique<Screen>(its, "frmfassetsNew", ""); });
+    frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.CmdDep);
     EXPECT_EQ(run->GLwhere, 111);
     EXPECT_EQ(run->screens.OnDisplay()->caption.get(), "Depreciation Annexure");
@@ -394,9 +395,10 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
 TEST_F(Computation, AnotherScreenAfterTheAnnexureKeepsItsTotal)
 {
     FullLine();
-    frmbusinesscal& screen = OpenScreen();
+    Start();
     for (const char* name : {"frmfassetsNew", "FrmbspnlPGBP"})
         run->screens.Register(name, [name](pgbp::Run& its) { return std::make_unique<Screen>(its, name, ""); });
+    frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.CmdDep);
     Balance().Execute("update {fassets} set F_Dep = 100 where sno = 90000");
     run->screens.Return();
@@ -430,15 +432,28 @@ TEST_F(Computation, ALockedStoreDoesNotKeepThePreparer)
 TEST_F(Computation, StatementIsOpenedForTheLine)
 {
     FullLine();
-    frmbusinesscal& screen = OpenScreen();
-    screen.Click(screen.header.CmdPNL);
-    EXPECT_EQ(run->GLrep, "PNL");
-    EXPECT_EQ(run->GlLineSno, kSno);
-    EXPECT_EQ(run->GlLineDescr1 + '/' + run->GlLineDescr2, "Main works/second");
-    EXPECT_EQ(boxes.Take().text, "The screen FrmbspnlPGBP is not there yet.");
-    run->FormCheckDone = true;
-    screen.Click(screen.header.CmdPNL);
-    EXPECT_EQ(run->GLrep, "NEWPNL");
+    for (const bool indAs : {false, true}) {
+        const std::string statement = indAs ? "FrmbspnlINDAS" : "FrmbspnlPGBP";
+        Start();
+        run->FormCheckDone = indAs;
+        run->screens.Register(statement, [&](pgbp::Run& its) { return std::make_unique<Screen>(its, statement, ""); });
+        frmbusinesscal& screen = OpenScreen();
+        screen.Click(screen.header.CmdPNL);
+        EXPECT_EQ(run->screens.OnDisplay()->name(), statement);
+        EXPECT_EQ(run->GLrep, indAs ? "NEWPNL" : "PNL");
+        EXPECT_EQ(run->GlLineSno, kSno);
+        EXPECT_EQ(run->GlLineDescr1 + '/' + run->GlLineDescr2, "Main works/second");
+    }
+}
+
+TEST_F(Computation, ClosesTheDoorsToScreensThatAreNotThere)
+{
+    FullLine();
+    const frmbusinesscal& screen = OpenScreen();
+    for (const cmd* door : {&screen.header.CmdPNL, &screen.CmdDep, &screen.CmdF, &screen.presumptive.cmdsave44ad}) {
+        EXPECT_FALSE(door->enabled) << door->name();
+        EXPECT_EQ(door->toolTip.get(), "Not part of this version yet");
+    }
 }
 
 TEST_F(Computation, FieldsFollowYearStatusAndForm)

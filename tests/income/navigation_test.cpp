@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 using namespace pgbp;
 
 // What each button does by year, status and minor: the screen it opens or the message it gives.
@@ -29,7 +31,6 @@ TEST(Navigation, OpensOrRefuses)
         {"cmd6", 2023, "06", 0, "",
          "Remu./Intt from Partnership Firm is only applicable for Other than Partnership Firm"},
         {"cmd6", 2007, "01", 0, "FrmFirm", ""},
-        {"cmd6", 2006, "01", 0, "", "The screen fra2 is not there yet."},
         {"cmd7", 2023, "05", 0, "", "Share from AOP/BOI is only applicable for Individuals & HUFs"},
         {"cmdlic", 2023, "01", 2, "", "This Option is not available for minors."},
         {"CmdGST", 2023, "01", 0, "FrmGST", ""},
@@ -42,6 +43,53 @@ TEST(Navigation, OpensOrRefuses)
         const std::string what = std::string(row.button) + ' ' + std::to_string(row.year);
         EXPECT_EQ(practice.openings.empty() ? "" : practice.openings.back().screen, row.screen) << what;
         EXPECT_EQ(practice.boxes.shown.empty() ? "" : practice.boxes.shown.back().text, row.message) << what;
+    }
+}
+
+// What this version does not have is closed and says so; a door that has a refusal to give stays open for it.
+TEST(Navigation, ClosesTheDoorsToScreensThatAreNotThere)
+{
+    struct {
+        const char* button;
+        int year;
+        const char* status;
+        double minor;
+        bool screensAreThere;
+        bool open;
+    } const rows[] = {
+        {"CmdGST", 2023, "01", 0, false, false}, {"CmdGST", 2023, "01", 0, true, true},
+        {"cmd4", 2023, "01", 0, false, false},   {"cmd4", 2023, "01", 0, true, true},
+        {"cmd4", 2023, "01", 2, false, true},    {"cmd4", 2018, "01", 0, false, true},
+        {"cmd6", 2023, "01", 0, false, false},   {"cmd6", 2023, "01", 0, true, true},
+        {"cmd6", 2023, "06", 0, false, true},    {"cmd6", 2006, "01", 0, true, false},
+        {"cmd7", 2023, "01", 0, true, false},    {"cmd7", 2023, "05", 0, false, true},
+        {"cmdlic", 2023, "01", 0, true, false},  {"cmdlic", 2023, "01", 2, false, true},
+        {"cmd1", 2023, "01", 0, false, true},
+    };
+    for (const auto& row : rows) {
+        SummaryUnderTest practice;
+        practice.handOver.GLminor = row.minor;
+        if (!row.screensAreThere)
+            practice.detailScreens.clear();
+        const auto& door = *practice.Begin(row.year, row.status).Find(row.button);
+        const std::string what = std::string(row.button) + ' ' + std::to_string(row.year) + ' ' + row.status;
+        EXPECT_EQ(door.enabled, row.open) << what;
+        EXPECT_EQ(door.toolTip.get(), row.open ? "" : "Not part of this version yet") << what;
+    }
+}
+
+TEST(Navigation, OffersAProfessionToThoseWhoMayHaveOne)
+{
+    for (const auto& [status, year, button, line] : {std::tuple{"01", 2023, true, true},
+                                                     {"05", 2017, true, true},
+                                                     {"01", 2016, true, false},
+                                                     {"12", 2023, false, false},
+                                                     {"08", 2023, false, false},
+                                                     {"12", 2016, false, false}}) {
+        SummaryUnderTest practice;
+        const auto& form = practice.Begin(year, status);
+        EXPECT_EQ(form.cmd9.Shown(), button) << status << ' ' << year;
+        EXPECT_EQ(form.LblADA.Shown(), line) << status << ' ' << year;
     }
 }
 

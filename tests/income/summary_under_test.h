@@ -19,10 +19,15 @@ class SummaryUnderTest : public EmptyPractice {
         handOver.Glyear = std::to_string(year) + '-' + std::to_string((year + 1) % 100 + 100).substr(1);
         handOver.Glcode = "A0001r" + handOver.Glyear;
         handOver.Glstatus = status;
+        const auto more = screensKnown;
+        screensKnown = [this, more](Run& its) {
+            for (const std::string& name : detailScreens)
+                its.screens.Register(name,
+                                     [this, name](Run& made) { return std::make_unique<Noted>(made, name, openings); });
+            if (more)
+                more(its);
+        };
         Start();
-        for (const char* name : {"frmbusinesscal", "frmbusinesscal1", "FrmFirm", "Frm44AENew", "FrmGST"})
-            run->screens.Register(name,
-                                  [this, name](Run& its) { return std::make_unique<Noted>(its, name, openings); });
         return static_cast<frmbusiness&>(*run->screens.Find("frmbusiness"));
     }
 
@@ -41,12 +46,13 @@ class SummaryUnderTest : public EmptyPractice {
         Company().Insert("business1", fields);
     }
 
+    std::vector<std::string> detailScreens{"frmbusinesscal", "frmbusinesscal1", "FrmFirm", "Frm44AENew", "FrmGST"};
     std::vector<NotedOpening> openings;
 
   private:
     class Noted : public Screen {
       public:
-        Noted(Run& itsRun, const char* name, std::vector<NotedOpening>& itsOpenings)
+        Noted(Run& itsRun, const std::string& name, std::vector<NotedOpening>& itsOpenings)
             : Screen(itsRun, name, name), openings_(itsOpenings)
         {
         }

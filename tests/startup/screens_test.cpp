@@ -93,5 +93,5 @@ TEST(ScreensOfARun, TellWhenAScreenIsNotThereYet)
     EmptyPractice practice;
     pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
     run.screens.Show("FrmGST");
-    EXPECT_EQ(practice.boxes.Take().text, "The screen FrmGST is not there yet.");
+    EXPECT_EQ(practice.boxes.Take().text, "Not part of this version yet");
 }
