@@ -187,8 +187,98 @@ bool TextBox::MoveCaret(Key key)
     }
 }
 
+std::string SumLine::Shows() const
+{
+    return result.error.empty() ? text + " = " + result.text : text + " (" + result.error + ')';
+}
+
+void NumberBox::TypeSum(std::string line)
+{
+    std::erase(line, '=');
+    SumLine fresh{line, WorkOut(line, deci)};
+    if (maxLength > 0 && CharacterCount(fresh.result.text) > maxLength)
+        fresh.result = {"", "longer than the field"};
+    sum_ = std::move(fresh);
+    changed();
+}
+
+void NumberBox::CloseSum()
+{
+    sum_.reset();
+    Hint("");
+    changed();
+}
+
+/// True when the line is closed, its result taken; a line without a result stays open.
+bool NumberBox::TakeSum()
+{
+    const SumResult result = sum_->result;
+    if (!result.error.empty())
+        return false;
+    CloseSum();
+    if (!result.text.empty()) {
+        Set(result.text);
+        Select(CharacterCount(text()), 0);
+    }
+    return true;
+}
+
+void NumberBox::Enter()
+{
+    sum_.reset(); // the field was hidden with an open line
+    TextBox::Enter();
+}
+
+bool NumberBox::Leave()
+{
+    if (sum_ && !TakeSum()) {
+        Hint("The sum in this field: " + sum_->result.error + ". Escape leaves the amount as it was.");
+        return false;
+    }
+    return TextBox::Leave();
+}
+
+bool NumberBox::KeyDown(Key key) { return (sum_ && SumKey(key)) || TextBox::KeyDown(key); }
+
+/// The keys of the open line; the others walk.
+bool NumberBox::SumKey(Key key)
+{
+    switch (key) {
+    case Key::Enter:
+        TakeSum();
+        return true;
+    case Key::Escape:
+        CloseSum();
+        return true;
+    case Key::Backspace:
+        TypeSum(sum_->text.substr(0, ByteOfCharacter(sum_->text, CharacterCount(sum_->text) - 1)));
+        return true;
+    case Key::Left:
+    case Key::Right:
+    case Key::Home:
+    case Key::End:
+    case Key::Delete:
+    case Key::Undo:
+        return true; // the caret of the line is the window's
+    default:
+        return false;
+    }
+}
+
+bool NumberBox::Type(char32_t character)
+{
+    if (!sum_)
+        return TextBox::Type(character);
+    TypeSum(sum_->text + Utf8(character));
+    return true;
+}
+
 Verdict NumberBox::Filter(char32_t character)
 {
+    if (character == U'=') {
+        TypeSum("");
+        return Verdict::Swallow;
+    }
     if (character == U'-') {
         TurnSign();
         return Verdict::Swallow;
@@ -260,7 +350,7 @@ bool NumberBox::DigitsAreFull() const { return selLength() == 0 && DigitCount(te
 
 bool Txtn1::KeyDown(Key key)
 {
-    if (key == Key::Enter)
+    if (key == Key::Enter && !sum())
         return true;
     return NumberBox::KeyDown(key);
 }

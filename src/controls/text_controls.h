@@ -2,6 +2,8 @@
 
 #include "controls/control.h"
 
+#include "services/arithmetic.h"
+
 #include <optional>
 
 namespace pgbp {
@@ -127,16 +129,33 @@ class Txt1 : public TextBox {
     using TextBox::operator=;
 };
 
+/// The line of arithmetic over an amount field.
+struct SumLine {
+    std::string text;
+    SumResult result;
+
+    std::string Shows() const; ///< "3*450 = 1350.00", or why there is no result
+};
+
 /// An amount: digits, one point and a minus that turns the sign wherever the caret stands. A pasted text is read as one
-/// number; with no part of the text marked it replaces the whole.
+/// number; with no part of the text marked it replaces the whole. The key "=" opens a line of arithmetic: Enter, or
+/// going to another field, puts its result in place of the text, Escape leaves the text.
 class NumberBox : public TextBox {
   public:
     using TextBox::operator=;
     int deci = 2;        ///< digits behind the point; 0 refuses the point
     bool grouped = true; ///< drawn as 24,72,131.00; a year or another number that is counted is not
 
+    const std::optional<SumLine>& sum() const { return sum_; }
+    /// The open line reads so from now on.
+    void TypeSum(std::string line);
+
     std::string Drawn() const override; ///< with all its places: "900000" as 9,00,000.00, an empty one as 0.00
     void Amend(std::string_view utf8) override;
+    void Enter() override;
+    bool Leave() override; ///< not while the open line has no result
+    bool KeyDown(Key key) override;
+    bool Type(char32_t character) override;
 
   protected:
     using TextBox::TextBox;
@@ -145,8 +164,13 @@ class NumberBox : public TextBox {
 
   private:
     void TurnSign();
+    bool SumKey(Key key);
+    bool TakeSum();
+    void CloseSum();
     bool DecimalsAreFull() const;
     bool DigitsAreFull() const;
+
+    std::optional<SumLine> sum_;
 };
 
 /// An amount; Up, Down and Enter walk through the fields.

@@ -1,5 +1,6 @@
 #include "desktop/control_view.h"
 
+#include "desktop/amount_view.h"
 #include "desktop/captions.h"
 #include "desktop/combo_view.h"
 #include "desktop/date_view.h"
@@ -25,9 +26,9 @@ std::unique_ptr<ControlView> Make(Control& control, FormView& form, const Place&
 
 // a kind stands before the kinds it is made of
 constexpr std::unique_ptr<ControlView> (*kMakers[])(Control&, FormView&, const Place&) = {
-    Make<label, LabelView>, Make<txtdate, DateView>, Make<combo, ComboView>, Make<TextBox, TextView>,
-    Make<image, ImageView>, Make<cmd, ButtonView>,   Make<check, CheckView>, Make<option, OptionView>,
-    Make<grid, GridView>,   Make<list, ListView>,    Make<frame, FrameView>,
+    Make<label, LabelView>,   Make<txtdate, DateView>, Make<combo, ComboView>, Make<NumberBox, AmountView>,
+    Make<TextBox, TextView>,  Make<image, ImageView>,  Make<cmd, ButtonView>,  Make<check, CheckView>,
+    Make<option, OptionView>, Make<grid, GridView>,    Make<list, ListView>,   Make<frame, FrameView>,
 };
 
 } // namespace

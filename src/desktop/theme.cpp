@@ -82,6 +82,7 @@ QPalette PaletteOf(const Tokens& tokens)
 // What has a border can be typed into or pressed; what is only read lies on `computed` without one.
 constexpr const char* kSheet = R"(
 QFrame[panel="true"] { background: @panel; border: 1px solid @line; border-radius: 6px; }
+QFrame[over="true"] { background: @panel; border: 1px solid @accent; border-radius: 6px; }
 QFrame[rule="single"] { background: @edge; }
 QFrame[rule="double"] { border-top: 1px solid @text; border-bottom: 1px solid @text; }
 QScrollArea, QScrollArea > QWidget > QWidget[page="true"] { background: transparent; border: none; }
@@ -98,6 +99,7 @@ QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QPlainTextEdit
     background: @computed; border-color: @computed; color: @text; }
 QLineEdit:read-only:focus, QPlainTextEdit:read-only:focus { border-color: @accent; }
 QLineEdit[negative="true"], QLineEdit[negative="true"]:disabled { color: @negative; }
+QLineEdit[marked="true"], QLineEdit[marked="true"]:disabled { background: @accent; color: @panel; }
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox QAbstractItemView {
     background: @panel; border: 1px solid @edge; selection-background-color: @accent-soft; selection-color: @text; }

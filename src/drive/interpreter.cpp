@@ -130,7 +130,8 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
         {"show", &Interpreter::Show, "show                         name and caption of the form on display"},
         {"get", &Interpreter::Get,
          "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, .footer (of "
-         "a grid), and F.caption, F.notice"},
+         "a grid), .sum\n"
+         "                             (the open line of an amount), and F.caption, F.notice"},
         {"set", &Interpreter::Set,
          "set F.C text                 focus, replace the text key by key through the key filter, leave the field; a "
          "text\n"
@@ -301,6 +302,8 @@ void Interpreter::Get(const std::string& path)
         out_ << YesNo(run_.screens.OnDisplay() == form && CanBeUsed(*control));
     else if (property == "visible")
         out_ << YesNo(control->Shown());
+    else if (const auto* amount = property == "sum" ? dynamic_cast<const NumberBox*>(control) : nullptr)
+        out_ << (amount->sum() ? amount->sum()->Shows() : "");
     else if (property == "tip")
         out_ << control->toolTip.get();
     else if (const auto* lines = dynamic_cast<const grid*>(control); lines && property == "footer")

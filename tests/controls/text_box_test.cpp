@@ -78,6 +78,66 @@ TEST_F(TextBoxes, FilterTheKeysOfAnAmount)
         }
 }
 
+TEST_F(TextBoxes, WorkOutALineOfArithmetic)
+{
+    struct {
+        const char* what;
+        const char* typed; ///< "<" is Backspace
+        Key key;
+        const char* line; ///< the open line afterwards; none when it is closed
+        const char* result;
+        int deci = 2;
+    } const rows[] = {
+        {"Enter takes the result", "=1200+18%", Key::Enter, nullptr, "1416.00"},
+        {"rounded to the places of the field", "=10/4", Key::Enter, nullptr, "3", 0},
+        {"negative", "=3*-450", Key::Enter, nullptr, "-1350.00"},
+        {"Escape leaves the text", "=3*450", Key::Escape, nullptr, "7.50"},
+        {"Backspace erases", "=3*45<<50", Key::Enter, nullptr, "150.00"},
+        {"no result, nothing happens", "=3*", Key::Enter, "3* (not finished)", "7.50"},
+        {"division by zero", "=3/0", Key::Enter, "3/0 (division by zero)", "7.50"},
+        {"too long for the field", "=99999999*99", Key::Enter, "99999999*99 (longer than the field)", "7.50"},
+        {"an empty line", "=", Key::Enter, nullptr, "7.50"},
+        {"the second = is none", "==1+1", Key::Home, "1+1 = 2.00", "7.50"},
+    };
+    for (const auto& row : rows)
+        for (NumberBox* field : {static_cast<NumberBox*>(&form.amount), static_cast<NumberBox*>(&form.still)}) {
+            SCOPED_TRACE(row.what + (" in " + field->name()));
+            field->deci = row.deci;
+            field->maxLength = 12;
+            field->Set("7.50");
+            form.SetFocus(*field);
+            int changes = 0;
+            field->onChange = [&] { ++changes; };
+            for (const char key : std::string_view(row.typed))
+                key == '<' ? form.Press(Key::Backspace) : form.Type(static_cast<char32_t>(key));
+            EXPECT_EQ(changes, 0) << "nothing is typed into the field itself";
+            form.Press(row.key);
+            EXPECT_EQ(form.focused(), field);
+            EXPECT_EQ(field->text(), row.result);
+            EXPECT_EQ(changes, field->text() == "7.50" ? 0 : 1);
+            EXPECT_EQ(field->sum() ? field->sum()->Shows() : "", row.line ? row.line : "");
+            form.Press(Key::Escape);
+        }
+}
+
+TEST_F(TextBoxes, LeaveAFieldWithTheResultOfItsLineOrNotAtAll)
+{
+    form.SetFocus(form.amount);
+    TypeText(form, "=3*");
+    form.Press(Key::Tab);
+    EXPECT_EQ(form.focused(), &form.amount);
+    EXPECT_EQ(form.notice.get(), "The sum in this field: not finished. Escape leaves the amount as it was.");
+    TypeText(form, "450");
+    form.Press(Key::Down);
+    EXPECT_EQ(form.focused(), &form.plain);
+    EXPECT_EQ(form.amount.text(), "1350.00");
+    EXPECT_EQ(form.notice.get(), "");
+    form.amount.locked = true;
+    form.SetFocus(form.amount);
+    TypeText(form, "=");
+    EXPECT_FALSE(form.amount.sum());
+}
+
 TEST_F(TextBoxes, PutTheCaretBehindATurnedSign)
 {
     form.SetFocus(form.amount);

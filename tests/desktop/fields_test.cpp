@@ -90,6 +90,33 @@ TEST_F(Fields, DrawAnAmountWithItsPlacesAndGroupsOnceItIsLeft)
     EXPECT_EQ(WidgetOf<QLineEdit>(form.amount).text(), "2015");
 }
 
+TEST_F(Fields, WorkOutALineOverAnAmount)
+{
+    form.amount = "7.50";
+    Focus(form.amount);
+    Type("=");
+    auto& line = WidgetOf<QLineEdit>(form.amount);
+    EXPECT_EQ(line.accessibleName(), "Arithmetic");
+    QTest::keyClicks(&line, "1200+18%");
+    EXPECT_EQ(form.amount.sum()->Shows(), "1200+18% = 1416.00");
+    Press(Qt::Key_Home);
+    QTest::keyClicks(&line, "=-");
+    EXPECT_EQ(form.amount.sum()->Shows(), "-1200+18% = -1416.00");
+    EXPECT_EQ(line.text(), "-1200+18%");
+    Press(Qt::Key_Return);
+    EXPECT_FALSE(line.isVisible());
+    ExpectBoth(form.amount, "-1416.00");
+    EXPECT_EQ(view.focusWidget(), KeyboardOf(form.amount));
+    Type("=");
+    QTest::keyClicks(&line, "3*");
+    QTest::mouseClick(KeyboardOf(form.name), Qt::LeftButton);
+    EXPECT_EQ(form.focused(), &form.amount) << "not without a result";
+    Press(Qt::Key_Escape);
+    ExpectBoth(form.amount, "-1416.00");
+    QTest::mouseClick(KeyboardOf(form.name), Qt::LeftButton);
+    EXPECT_EQ(form.focused(), &form.name);
+}
+
 TEST_F(Fields, UndoGivesBackWhatWasTyped)
 {
     form.name = "Mehta";

@@ -161,9 +161,17 @@ TEST_F(Selectors, MarkAComputedAmountToCopyIt)
     Press(Qt::Key_A, Qt::ControlModifier);
     Press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "Shop") << "another key ends the mark";
+    view.Act([&] {
+        form.amount = "900000";
+        form.amount.enabled = false;
+    });
+    QTest::mouseClick(view.Find(&form.amount)->widget(), Qt::LeftButton);
+    Press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "900000.00") << "a field that can not be typed into";
+    Press(Qt::Key_End);
     QTest::mouseClick(view.Find(&form.caption)->widget(), Qt::LeftButton);
     Press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), "Shop") << "a caption is no amount";
+    EXPECT_EQ(QApplication::clipboard()->text(), "900000.00") << "a caption is no amount";
 }
 
 TEST_F(Selectors, NeverScrollAnAmountOutOfAGrid)

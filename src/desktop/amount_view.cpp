@@ -1,0 +1,78 @@
+#include "desktop/amount_view.h"
+
+#include "desktop/captions.h"
+#include "desktop/form_view.h"
+#include "desktop/sum_overlay.h"
+#include "services/amount_text.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QStyle>
+#include <QVariant>
+
+namespace pgbp {
+
+AmountView::AmountView(NumberBox& itsAmount, FormView& itsForm, const Place& place)
+    : TextView(itsAmount, itsForm, place), amount_(itsAmount)
+{
+}
+
+bool AmountView::SumIsUp() const { return amount_.sum() && form.form.focused() == &amount_; }
+
+void AmountView::FromModel()
+{
+    TextView::FromModel();
+    if (SumIsUp() && !overlay_) {
+        overlay_ = new SumOverlay(&form);
+        overlay_->edited = [this](const QString& line) { form.Act([&] { amount_.TypeSum(line.toStdString()); }); };
+        form.Watch(overlay_->line(), *this);
+    }
+    if (SumIsUp())
+        overlay_->ShowOver(*line(), *amount_.sum());
+    else if (overlay_)
+        overlay_->hide();
+}
+
+QWidget* AmountView::keyboard() const { return SumIsUp() && overlay_ ? overlay_->line() : TextView::keyboard(); }
+
+bool AmountView::KeyPressed(const QKeyEvent& event)
+{
+    if (SumIsUp()) // the key that opened the line is none of its characters
+        return event.text() == "=" || ControlView::KeyPressed(event);
+    if (amount_.locked && event.matches(QKeySequence::Copy)) {
+        QGuiApplication::clipboard()->setText(Text(UngroupedAmount(amount_.text())));
+        return true;
+    }
+    return TextView::KeyPressed(event);
+}
+
+/// The overlay edits its line by itself.
+bool AmountView::Wants(Key key) const
+{
+    return SumIsUp() ? key != Key::Undo && ControlView::Wants(key) : TextView::Wants(key);
+}
+
+bool AmountView::Noticed(QEvent& event)
+{
+    if (!SumIsUp())
+        return TextView::Noticed(event);
+    if (overlay_ && (event.type() == QEvent::Move || event.type() == QEvent::Resize))
+        overlay_->PlaceOver(*line());
+    return false;
+}
+
+/// A field that can not be typed into is marked as a computed amount is.
+QString AmountView::Copied() const
+{
+    return amount_.enabled ? QString() : Text(UngroupedAmount(WithPlaces(amount_.text(), amount_.deci)));
+}
+
+void AmountView::ShowMarked(bool marked)
+{
+    line()->setProperty("marked", marked);
+    line()->style()->polish(line());
+}
+
+} // namespace pgbp

@@ -1,0 +1,59 @@
+#include "desktop/sum_overlay.h"
+
+#include "desktop/captions.h"
+#include "desktop/elided_label.h"
+#include "desktop/theme.h"
+#include "services/amount_text.h"
+
+#include <QHBoxLayout>
+#include <QLineEdit>
+
+#include <algorithm>
+
+namespace pgbp {
+namespace {
+
+constexpr int kLineWidth = 60 * kUnit;
+
+} // namespace
+
+SumOverlay::SumOverlay(QWidget* form) : QFrame(form), line_(new QLineEdit(this)), result_(new ElidedLabel(this))
+{
+    setProperty("over", true);
+    setAutoFillBackground(true);
+    auto* row = new QHBoxLayout(this);
+    row->setContentsMargins(kUnit, kUnit, 3 * kUnit, kUnit); // the result ends where the amount does
+    row->setSpacing(2 * kUnit);
+    line_->setAccessibleName("Arithmetic");
+    line_->setFixedSize(kLineWidth, RowHeight());
+    line_->setFocusPolicy(Qt::TabFocus);
+    row->addWidget(line_);
+    result_->setMinimumWidth(AmountWidth());
+    result_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
+    row->addWidget(result_, 1);
+    QObject::connect(line_, &QLineEdit::textEdited, this, [this](const QString& text) { edited(text); });
+}
+
+void SumOverlay::ShowOver(const QWidget& field, const SumLine& sum)
+{
+    if (line_->text() != Text(sum.text))
+        line_->setText(Text(sum.text));
+    const bool isWrong = !sum.result.error.empty();
+    result_->Show(isWrong ? Text(sum.result.error) : "= " + Text(GroupedAmount(sum.result.text)));
+    result_->SetColor(isWrong ? Theme().muted : Theme().text);
+    PlaceOver(field);
+    show();
+    raise();
+}
+
+/// The result comes to stand over the amount, the line before it; or else the line over the amount, the result behind.
+void SumOverlay::PlaceOver(const QWidget& field)
+{
+    resize(sizeHint());
+    const QRect over(field.mapTo(parentWidget(), QPoint()), field.size());
+    const int before = over.right() + kUnit - width();
+    const int behind = std::min(over.left() - kUnit, parentWidget()->width() - width());
+    move(std::max(0, before >= 0 ? before : behind), std::max(0, over.center().y() - height() / 2));
+}
+
+} // namespace pgbp
