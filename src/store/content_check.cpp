@@ -1,8 +1,8 @@
 #include "store/content_check.h"
 
 #include "store/causes.h"
+#include "store/connection.h"
 #include "store/embedded_engine.h"
-#include "store/statement.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>

@@ -125,6 +125,9 @@ class DeadlineEngine : public Engine {
 
     const Dialect& dialect() const override { return *dialect_; }
 
+    /// The tables of a server belong to all its sessions.
+    void OwnTables(std::span<const std::string_view>) override {}
+
     void RenewPatience() override
     {
         isSilent_ = false;

@@ -59,6 +59,7 @@ struct SilentEngine : Engine {
     void Commit() override { Note('c'); }
     void Rollback() override { Note('r'); }
     const Dialect& dialect() const override { return kServerDialect; }
+    void OwnTables(std::span<const std::string_view>) override {}
 
     Other& other;
 };
