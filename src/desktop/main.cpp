@@ -52,7 +52,8 @@ int RunModule(const std::filesystem::path& programFolder)
                  .files = files,
                  .processes = processes,
                  .programFolder = programFolder,
-                 .hourglass = ShowHourglass});
+                 .hourglass = ShowHourglass,
+                 .checksFiles = true});
         RegisterScreens(run);
         if (std::string why; !SubMain(run, why)) {
             std::cerr << why << '\n';

@@ -45,7 +45,11 @@ int Drive(const Options& options)
     pgbp::DrivenBoxes boxes(transcript);
     pgbp::DrivenFiles files;
     pgbp::SystemProcesses processes;
-    pgbp::Run run({boxes, files, processes, options.programFolder});
+    pgbp::Run run({.boxes = boxes,
+                   .files = files,
+                   .processes = processes,
+                   .programFolder = options.programFolder,
+                   .checksFiles = true});
     pgbp::RegisterScreens(run);
     std::string why;
     if (!pgbp::SubMain(run, why)) {

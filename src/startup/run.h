@@ -8,10 +8,13 @@
 
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
 namespace pgbp {
+
+class DailyCheck;
 
 /// What a run needs from the program it runs in: a window, the driver or a test.
 struct Host {
@@ -21,6 +24,7 @@ struct Host {
     std::filesystem::path programFolder;               ///< settings, templates and sibling programs stand here
     std::function<DateTime()> now = Now;               ///< the clock
     std::function<void(bool)> hourglass = [](bool) {}; ///< the pointer while a sibling program runs
+    bool checksFiles = false;                          ///< holds the data files against themselves once a day
 };
 
 /// A line of business that was deleted, and the way back.
@@ -62,7 +66,8 @@ class Run : public HandOver {
     Connection misc;
     Connection export1;
     Connection export2;
-    Recordset rights; ///< rows of `user_comp` for the user's category; open to the end of the run
+    std::shared_ptr<DailyCheck> dailyCheck; ///< none where the data files are not checked
+    Recordset rights;                       ///< rows of `user_comp` for the user's category; open to the end of the run
 
     NameLock assesseeYear; ///< held as long as the run lives, so that a second run on it can be told so
 

@@ -4,6 +4,7 @@
 #include "store/dialect.h"
 #include "store/recordset.h"
 
+#include <functional>
 #include <initializer_list>
 #include <memory>
 #include <span>
@@ -70,6 +71,10 @@ class Engine {
     /// Refuses when the tables under this prefix can only be read; leaves nothing behind, and waits for nobody. An
     /// engine that can not tell beforehand does nothing.
     virtual void CheckWritable([[maybe_unused]] const std::string& tablePrefix) {}
+
+    /// Called before each transaction and each change outside of one; what it throws refuses the change. An engine that
+    /// reaches its data through a server does not call it.
+    std::function<void()> beforeChange;
 };
 
 /// One of the run's seven logical connections. In a statement a table stands in braces, "select * from {business} where

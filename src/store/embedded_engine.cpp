@@ -184,6 +184,8 @@ class EmbeddedEngine : public Engine {
 
     long Execute(const std::string& sql, std::span<const Value> values) override
     {
+        if (beforeChange && sqlite3_get_autocommit(database_.getHandle()) != 0)
+            beforeChange();
         return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
     }
 

@@ -57,7 +57,12 @@ class EmptyPractice {
 
     Run& StartWithFilesAsTheyAre()
     {
-        run = std::make_unique<Run>(Host{boxes, files, processes, folder.path(), [this] { return now; }});
+        run = std::make_unique<Run>(Host{.boxes = boxes,
+                                         .files = files,
+                                         .processes = processes,
+                                         .programFolder = folder.path(),
+                                         .now = [this] { return now; },
+                                         .checksFiles = checksFiles});
         RegisterScreens(*run);
         if (screensKnown)
             screensKnown(*run);
@@ -76,6 +81,7 @@ class EmptyPractice {
     NoFiles files;
     TestProcesses processes;
     DateTime now{2023, 7, 15, 10, 30, 0};
+    bool checksFiles = false;
     std::unique_ptr<Run> run;
     std::function<void(Run&)> screensKnown; ///< before the run opens its files: to put another screen in place of one
     std::string why;
