@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
 
-.PHONY: run test bench format check lint lint-all asan fuzz screenshots setup build
+.PHONY: run test bench format check lint lint-all asan faults fuzz screenshots setup build
 
 run: build
 	@tools/run.sh build/dev/bin practice
@@ -28,6 +28,9 @@ asan: setup
 	@cmake --preset asan > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset asan -j $(JOBS)
 	ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+
+faults: build
+	@python3 tests/reliability/faults.py build/dev/bin build/dev/tests/reliability/libfailing_calls.so
 
 fuzz: setup
 	@tools/fuzz.sh 120

@@ -144,6 +144,7 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
          "                             {{ is a brace; keys F ... types\n"
          "                             where the focus is"},
         {"click", &Interpreter::Click, "click F.C                    press a button, image, check box or option"},
+        {"cross", &Interpreter::Cross, "cross                        closes the window by its cross"},
         {"select", &Interpreter::Select,
          "select F.C \"text\"            choose an entry of a drop-down field or a list"},
         {"cell", &Interpreter::Cell,
@@ -161,6 +162,7 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
          "file path                    answer for the next file dialog (else it is cancelled)"},
         {"sql", &Interpreter::Sql,
          "sql company select ...       run a statement on a data file (company, balance, tax, qeltemp, misc ...)"},
+        {"say", &Interpreter::Say, "say text                     prints the text, for who reads along"},
         {"dump", &Interpreter::Dump, "dump F                       every control with its text, one a line"},
     };
     return commands;
@@ -258,12 +260,13 @@ void Interpreter::Execute(const std::string& line)
         throw DriveError(std::exchange(boxes_.complaint, ""));
 }
 
-void Interpreter::ExecuteScript(std::istream& script, std::ostream& out)
+void Interpreter::ExecuteScript(std::istream& script, std::ostream& out, OnError onError)
 {
     Expectations expectations(out);
     const auto printAll = [&] { expectations.Print(std::exchange(out_, std::ostringstream()).str()); };
     printAll(); // what the start of the run told
     std::string line;
+    int failed = 0;
     for (int number = 1; std::getline(script, line); ++number) {
         try {
             if (line.starts_with('>')) {
@@ -275,9 +278,15 @@ void Interpreter::ExecuteScript(std::istream& script, std::ostream& out)
             }
         } catch (const std::exception& error) {
             printAll();
-            throw DriveError("line " + std::to_string(number) + ": " + error.what());
+            const std::string what = "line " + std::to_string(number) + ": " + error.what();
+            if (onError == OnError::Stop)
+                throw DriveError(what);
+            expectations.Print("error | " + OnOneLine(what) + '\n');
+            ++failed;
         }
     }
+    if (failed > 0)
+        throw DriveError(std::to_string(failed) + " lines could not be done");
     expectations.Finish();
     if (!boxes_.answers.empty() || !files_.files.empty())
         throw DriveError("an answer was left over: its box never came");
@@ -353,6 +362,10 @@ void Interpreter::Click(const std::string& path)
     const Target target = ResolveForAction(path);
     target.form->Click(As<PushControl>(target, "button"));
 }
+
+void Interpreter::Cross(const std::string&) { run_.screens.PressCross(); }
+
+void Interpreter::Say(const std::string& text) { out_ << text << '\n'; }
 
 void Interpreter::Select(const std::string& arguments)
 {

@@ -21,6 +21,8 @@ class DriveError : public std::runtime_error {
     using std::runtime_error::runtime_error;
 };
 
+enum class OnError { Stop, GoOn };
+
 /// Runs commands against the screens of a run, one a line, through the same controls as the window does.
 class Interpreter {
   public:
@@ -32,8 +34,9 @@ class Interpreter {
 
     /// Runs a whole script and prints the transcript to `out`. Lines that begin with ">" tell what the command before
     /// them prints, line by line; where there is one, every printed line must be told. Throws DriveError that begins
-    /// with the number of the line, also when an answer or a file is left over at the end.
-    void ExecuteScript(std::istream& script, std::ostream& out);
+    /// with the number of the line, also when an answer or a file is left over at the end. Told to go on, it prints the
+    /// error behind "error | " and throws at the end.
+    void ExecuteScript(std::istream& script, std::ostream& out, OnError onError = OnError::Stop);
 
     /// The commands, one a line, for --help.
     static std::string Help();
@@ -55,6 +58,8 @@ class Interpreter {
     void Set(const std::string& arguments);
     void Keys(const std::string& arguments);
     void Click(const std::string& path);
+    void Cross(const std::string&);
+    void Say(const std::string& text);
     void Select(const std::string& arguments);
     void Cell(const std::string& arguments);
     void Rows(const std::string& path);

@@ -9,13 +9,14 @@ namespace {
 
 constexpr const char* kUsage = R"(pgbp-drive: runs the module without a window, driven by commands, one a line
 
-  pgbp-drive [--program-folder FOLDER] [SCRIPT]
+  pgbp-drive [--program-folder FOLDER] [--go-on] [SCRIPT]
 
 Reads the hand-over record, starts the module and reads commands from SCRIPT, or from standard input. F is a form, C a
 control of it, members of a control array are written C(0). # begins a comment; > begins a line that the command before
 it must have printed. Each message box is printed as
 "message | title | buttons | text". An unknown name, or an action on a control that is hidden or disabled, ends the
-script with the number of its line and exit status 1.
+script with the number of its line and exit status 1. With --go-on it is printed behind "error | ", the next line follows,
+and the exit status is 1 at the end.
 
 )";
 
@@ -23,6 +24,7 @@ struct Options {
     std::filesystem::path programFolder;
     std::string script;
     bool help = false;
+    pgbp::OnError onError = pgbp::OnError::Stop;
 };
 
 Options ReadOptions(std::vector<std::string> words)
@@ -32,6 +34,8 @@ Options ReadOptions(std::vector<std::string> words)
     for (const std::string& word : words)
         if (word == "--help")
             options.help = true;
+        else if (word == "--go-on")
+            options.onError = pgbp::OnError::GoOn;
         else if (word[0] != '-' && options.script.empty())
             options.script = word;
         else
@@ -58,13 +62,13 @@ int Drive(const Options& options)
     }
     pgbp::Interpreter interpreter(run, boxes, files, transcript);
     if (options.script.empty()) {
-        interpreter.ExecuteScript(std::cin, std::cout);
+        interpreter.ExecuteScript(std::cin, std::cout, options.onError);
         return 0;
     }
     std::ifstream script(options.script);
     if (!script)
         throw pgbp::DriveError("the script " + options.script + " can not be read");
-    interpreter.ExecuteScript(script, std::cout);
+    interpreter.ExecuteScript(script, std::cout, options.onError);
     return 0;
 }
 

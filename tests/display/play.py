@@ -184,7 +184,8 @@ def main(programs, work, story):
             except NeverHappened as fault:
                 failures += 1
                 screen.picture(case.folder / "screen.png")
-                print(f"{story.stem} {name}: {fault}\n  the screen: {case.folder}/screen.png, words: {work}/programs.log")
+                print(f"{story.stem} {name}: {fault}\n"
+                      f"  the screen: {case.folder}/screen.png, the programs' words: {work}/programs.log")
             finally:
                 case.end()
     if not failures:

@@ -158,6 +158,7 @@ TEST_F(Driver, PrintsEachCommandBeforeItReadsTheNext)
 
 TEST_F(Driver, SaysThatTheRunHasEnded)
 {
+    EXPECT_EQ(Play("say a word\nshow\ncross\nshow\n"), "a word\nBoard A & B\nended\n");
     run.screens.End();
     EXPECT_EQ(Play("show\nget Board.sum\n"), "ended\nerror: line 2: the run has ended");
 }
@@ -228,6 +229,15 @@ TEST_F(Driver, HoldsTheScriptToItsExpectations)
     EXPECT_EQ(Play("# nothing\n> more\n"), "error: line 2: expected \"more\", but nothing more was printed");
     EXPECT_EQ(Play("dump Board\n> framain =\nshow\n"),
               Play("dump Board\n") + "error: line 3: also printed: \"txtname =\"");
+}
+
+TEST_F(Driver, GoesOnBehindAnErrorWhereToldTo)
+{
+    std::istringstream script("click Board.secret\nget Board.status\n");
+    std::ostringstream out;
+    Interpreter interpreter(run, boxes, files, transcript);
+    EXPECT_THROW(interpreter.ExecuteScript(script, out, OnError::GoOn), DriveError);
+    EXPECT_EQ(out.str(), "error | line 1: Board.secret is hidden\n\n");
 }
 
 TEST(KeyScript, ReadsCharactersAndNames)
