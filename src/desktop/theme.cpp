@@ -1,5 +1,7 @@
 #include "desktop/theme.h"
 
+#include "desktop/program_icon.h"
+
 #include <QApplication>
 #include <QFontMetrics>
 #include <QPainter>
@@ -100,6 +102,7 @@ QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QPlainTextEdit
 QLineEdit:read-only:focus, QPlainTextEdit:read-only:focus { border-color: @accent; }
 QLineEdit[negative="true"], QLineEdit[negative="true"]:disabled { color: @negative; }
 QLineEdit[marked="true"], QLineEdit[marked="true"]:disabled { background: @accent; color: @panel; }
+QComboBox { combobox-popup: 0; }
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox QAbstractItemView {
     background: @panel; border: 1px solid @edge; selection-background-color: @accent-soft; selection-color: @text; }
@@ -180,6 +183,7 @@ void ApplyTheme(QApplication& application)
     QApplication::setFont(base);
     QApplication::setStyle(QStyleFactory::create("Fusion"));
     QApplication::setPalette(PaletteOf(*theme));
+    QApplication::setWindowIcon(ProgramIcon());
     application.setStyleSheet(Sheet(*theme));
 }
 

@@ -27,7 +27,7 @@ struct Tokens {
 /// The tokens in use: dark where the platform's window colour is dark, unless PGBP_THEME says "light" or "dark".
 const Tokens& Theme();
 
-/// Gives the program its palette, fonts and the one style sheet. Called once, before the first widget.
+/// Gives the program its palette, fonts, icon and the one style sheet. Called once, before the first widget.
 void ApplyTheme(QApplication& application);
 
 // The type scale: the platform's font, at least 10 pt, is the base; the others are told from it.
