@@ -4,6 +4,7 @@
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
 
+#include <QAbstractItemView>
 #include <QComboBox>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -12,10 +13,22 @@
 namespace pgbp {
 namespace {
 
+constexpr int kMostInSight = 16; ///< entries; of more the list scrolls
+
 /// The style sheet takes the style's own arrow away.
 class DropBox : public QComboBox {
   public:
     using QComboBox::QComboBox;
+
+    /// Begins with the first entry where none is chosen.
+    void showPopup() override
+    {
+        QComboBox::showPopup();
+        if (currentIndex() < 0 && count() > 0) {
+            view()->setCurrentIndex(model()->index(0, modelColumn(), rootModelIndex()));
+            view()->scrollToTop();
+        }
+    }
 
   protected:
     void paintEvent(QPaintEvent* event) override
@@ -35,6 +48,7 @@ ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
     box_->setMinimumWidth(30 * kUnit);
     box_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed); // as wide as a field of text
     box_->setEditable(combo_.editable);
+    box_->setMaxVisibleItems(kMostInSight);
     box_->setInsertPolicy(QComboBox::NoInsert);
     box_->setFocusPolicy(Qt::TabFocus);
     if (combo_.editable) {

@@ -1,5 +1,6 @@
 #include "desktop/sample_form.h"
 
+#include <QAbstractItemView>
 #include <QCheckBox>
 #include <QClipboard>
 #include <QComboBox>
@@ -8,7 +9,9 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScrollBar>
 #include <QTableView>
+#include <QWheelEvent>
 
 using namespace pgbp;
 
@@ -94,6 +97,44 @@ TEST_F(Selectors, TypeWhatIsNotInTheListWhereThatIsAllowed)
     EXPECT_EQ(line.text(), "Pune");
     Press(Qt::Key_Return);
     EXPECT_NE(form.focused(), &form.place);
+}
+
+TEST_F(Selectors, OpenADropDownOnItsFirstEntry)
+{
+    for (combo* field : {&form.kinds, &form.place}) {
+        std::vector<std::string> states;
+        for (int i = 0; i < 36; ++i)
+            states.push_back((i == 30 ? "Sikkim " : "State ") + std::to_string(i));
+        view.Act([&] { field->SetItems(states); });
+        view.Act([&] { *field = ""; });
+        Focus(*field);
+        auto& box = *qobject_cast<QComboBox*>(view.Find(field)->widget());
+        for (const auto& [key, held] : {std::pair(Qt::Key_F4, Qt::NoModifier), {Qt::Key_Down, Qt::AltModifier}}) {
+            Press(key, held);
+            EXPECT_TRUE(box.view()->isVisible());
+            EXPECT_EQ(box.view()->currentIndex().row(), 0);
+            EXPECT_EQ(box.view()->verticalScrollBar()->value(), 0);
+            QTest::keyClick(box.view(), Qt::Key_Escape);
+            EXPECT_EQ(field->text(), "") << "looking at the list chooses nothing";
+        }
+        Press(Qt::Key_F4);
+        QTest::keyClicks(box.view(), "si");
+        QTest::keyClick(box.view(), Qt::Key_Return);
+        Settle();
+        EXPECT_EQ(field->text(), "Sikkim 30");
+    }
+}
+
+TEST_F(Selectors, KeepTheirChoiceWhenTheWheelTurnsOverThem)
+{
+    view.Act([&] { form.kinds = "Firm"; });
+    Focus(form.name);
+    QWidget& box = *view.Find(&form.kinds)->widget();
+    const QPointF middle = box.rect().center();
+    QWheelEvent turn(middle, box.mapToGlobal(middle), {}, {0, -120}, Qt::NoButton, {}, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(&box, &turn);
+    EXPECT_EQ(form.kinds.text(), "Firm");
+    EXPECT_EQ(form.focused(), &form.name);
 }
 
 TEST_F(Selectors, WalkAGridByKeysAndOpenItsRows)
