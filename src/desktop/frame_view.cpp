@@ -118,6 +118,7 @@ void FrameView::AddRow(const LayoutRow& row)
         if (!row.cells[i])
             continue;
         ControlView& view = AddCell(row, i, line);
+        NoteNames(row, i, view);
         auto* text = dynamic_cast<LabelView*>(&view);
         if (text && frame_.layout().columns[i] == LayoutColumn::Caption)
             caption = text;
@@ -126,6 +127,35 @@ void FrameView::AddRow(const LayoutRow& row)
     }
     if (row.style == RowStyle::Total) // what is below begins a group of its own
         rows_->setRowMinimumHeight(rows_->rowCount(), kUnit);
+}
+
+/// A field is called by the caption before or above it and the heading of its column, a list by that of its frame.
+void FrameView::NoteNames(const LayoutRow& row, std::size_t column, ControlView& view)
+{
+    if (const auto* text = dynamic_cast<const label*>(row.cells[column])) {
+        if (row.style == RowStyle::Heading)
+            columnHeadings_[column] = text;
+        else if (text->look == LabelLook::Caption)
+            caption_ = text;
+    } else if (dynamic_cast<const TextBox*>(row.cells[column])) {
+        const auto heading = columnHeadings_.find(column);
+        named_.push_back({&view, caption_, heading == columnHeadings_.end() ? nullptr : heading->second});
+    } else if (view.TakesHeight()) {
+        named_.push_back({&view});
+    }
+}
+
+void FrameView::NameFields()
+{
+    const std::string& ofFrame = frame_.caption.get().empty() ? form.form.caption.get() : frame_.caption.get();
+    for (const auto& [field, caption, heading] : named_) {
+        QString name = PlainCaption(field->TakesHeight() ? ofFrame : caption ? caption->text() : "");
+        if (heading)
+            name += ", " + PlainCaption(heading->text());
+        for (QWidget* widget : {field->keyboard(), field->keyboard()->focusProxy()})
+            if (widget && widget->accessibleName() != name)
+                widget->setAccessibleName(name);
+    }
 }
 
 /// A field of a number does not fill its column: buttons right behind it stand beside it.
@@ -283,6 +313,7 @@ void FrameView::FromModel()
     heading_->setVisible(!frame_.caption.get().empty());
     heading_->setText(PlainCaption(frame_.caption));
     widget()->setAccessibleName(heading_->text());
+    NameFields();
     const Columns texts = Seen(false);
     const Columns all = Seen(true);
     for (Wide& wide : wide_) {

@@ -6,6 +6,7 @@
 #include <QWidget>
 
 #include <algorithm>
+#include <map>
 #include <vector>
 
 class QGridLayout;
@@ -15,6 +16,7 @@ class QLabel;
 namespace pgbp {
 
 class LabelView;
+class label;
 struct ButtonRow;
 
 /// A frame with its heading and its rows in columns. A main frame scrolls as a page, its buttons stand apart in the
@@ -59,6 +61,8 @@ class FrameView : public ControlView {
     ControlView& AddCell(const LayoutRow& row, std::size_t column, int line);
     void PutBeside(QWidget* widget, int line, std::size_t column);
     void Spread(Wide& wide, Columns over);
+    void NoteNames(const LayoutRow& row, std::size_t column, ControlView& view);
+    void NameFields();
     int Gaps() const;
     /// The columns from the first to the last one that is seen.
     Columns Seen(bool withButtons) const;
@@ -71,6 +75,15 @@ class FrameView : public ControlView {
     QGridLayout* rows_ = nullptr;
     QHBoxLayout* beside_ = nullptr; ///< the number of the row in hand with the buttons behind it
     std::vector<Wide> wide_;
+    /// A field with the texts that tell what it is.
+    struct Named {
+        ControlView* field;
+        const label* caption = nullptr;
+        const label* heading = nullptr; ///< of its column
+    };
+    std::vector<Named> named_;
+    const label* caption_ = nullptr; ///< the last caption above or before the cell in hand
+    std::map<std::size_t, const label*> columnHeadings_;
     std::vector<ControlView*> ofHeight_; ///< cells that take the height that is left
 };
 

@@ -56,8 +56,6 @@ void LabelView::FromModel()
     const QString plain =
         label_.look == LabelLook::Amount ? Text(GroupedAmount(label_.text())) : PlainCaption(label_.text());
     text_->Show(plain, Text(label_.toolTip));
-    if (QWidget* field = text_->buddy())
-        field->setAccessibleName(plain);
     text_->SetColor(Color());
 }
 

@@ -61,6 +61,9 @@ TEST_F(Pages, AlignAmountsOnOneEdgeAndGiveNoRoomToWhatIsHidden)
 TEST_F(Pages, TellFieldsByTheirCaptionAndAmountsByTheirSign)
 {
     EXPECT_EQ(KeyboardOf(form.name)->accessibleName(), "Profits & Gains :");
+    EXPECT_EQ(KeyboardOf(form.amount)->accessibleName(), "Profits & Gains :, This year");
+    EXPECT_EQ(KeyboardOf(form.kinds)->accessibleName(), "Profits & Gains :") << "the caption above";
+    EXPECT_EQ(KeyboardOf(form.lines)->accessibleName(), "Lines");
     EXPECT_TRUE(Paints(form.amountP, Theme().negative));
     view.Act([&] { form.amountP = "12.00"; });
     EXPECT_FALSE(Paints(form.amountP, Theme().negative));
