@@ -18,7 +18,8 @@
 
 namespace pgbp {
 
-FormView::FormView(Form& itsForm, Actions& actions, QWidget* parent) : QWidget(parent), form(itsForm), actions_(actions)
+FormView::FormView(Form& itsForm, Actions& actions, QWidget* parent, WindowMemory* itsMemory)
+    : QWidget(parent), form(itsForm), memory(itsMemory), actions_(actions)
 {
     setFocusPolicy(Qt::NoFocus);
     Build();

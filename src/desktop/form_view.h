@@ -17,16 +17,18 @@ namespace pgbp {
 class Actions;
 class CardLayer;
 class Page;
+class WindowMemory;
 struct ButtonRow;
 
 /// Draws any form: its main frames as pages, its side frames as cards over them, and one row of buttons below. The form
 /// is the authority: everything the preparer does goes to it, and the widgets are made like it afterwards.
 class FormView : public QWidget {
   public:
-    FormView(Form& itsForm, Actions& actions, QWidget* parent = nullptr);
+    FormView(Form& itsForm, Actions& actions, QWidget* parent = nullptr, WindowMemory* itsMemory = nullptr);
     ~FormView() override;
 
     Form& form;
+    WindowMemory* const memory; ///< none: nothing is kept
 
     /// Makes the view of a control that is laid out.
     ControlView& Add(Control& control, const Place& place);

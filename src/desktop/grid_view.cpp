@@ -5,6 +5,7 @@
 #include "desktop/form_view.h"
 #include "desktop/grid_foot.h"
 #include "desktop/theme.h"
+#include "desktop/window_memory.h"
 #include "services/amount_text.h"
 #include "services/format.h"
 
@@ -135,6 +136,11 @@ GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
     table_->setModel(model_.get());
     MeasureAmounts();
     Dress();
+    chosen_.assign(columns.size(), 0);
+    if (form.memory)
+        chosen_ = form.memory->Columns(NameInMemory(), columns.size());
+    QObject::connect(table_->horizontalHeader(), &QHeaderView::sectionResized, &connections,
+                     [this](int column, int, int width) { Resized(column, width); });
     form.Watch(table_, *this);
     form.Watch(table_->viewport(), *this);
     QObject::connect(table_->selectionModel(), &QItemSelectionModel::currentRowChanged, &connections,
@@ -166,18 +172,12 @@ void GridView::Dress()
     table_->setSelectionMode(QTableView::ExtendedSelection);
     table_->setHorizontalScrollMode(QTableView::ScrollPerPixel);
     table_->setMinimumSize(90 * kUnit, LeastHeight());
-    int wanted = 0;
-    for (int column = 0; column < model_->columnCount(); ++column) {
-        const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
-        wanted += its.kind == GridColumnKind::Text ? kWantedText * its.weight : FixedWidth(column);
-    }
-    static_cast<Rows*>(table_)->wantedWidth = wanted;
     QHeaderView* rows = table_->verticalHeader();
     rows->hide();
     rows->setSectionResizeMode(QHeaderView::Fixed);
     rows->setDefaultSectionSize(GridRowHeight());
     QHeaderView* headings = table_->horizontalHeader();
-    headings->setSectionResizeMode(QHeaderView::Fixed);
+    headings->setSectionResizeMode(QHeaderView::Interactive);
     headings->setMinimumSectionSize(1);
     headings->setHighlightSections(false);
     headings->setFixedHeight(GridRowHeight() + kUnit);
@@ -193,10 +193,12 @@ void GridView::FromModel()
     ControlView::FromModel();
     const bool wasStale = std::exchange(stale_, false);
     if (wasStale) {
+        sharing_ = true; // the header forgets its widths where the number of rows changes
         model_->Reload();
         table_->updateGeometry(); // for another number of rows
         MeasureAmounts();
         ShowFoot();
+        AskForWidth();
         ShareWidth();
     }
     FollowCurrentRow();
@@ -246,30 +248,58 @@ void GridView::FollowCurrentRow()
         table_->setCurrentIndex(model_->index(row, first_));
 }
 
+/// Room for all columns.
+void GridView::AskForWidth()
+{
+    int wanted = 0;
+    for (int column = 0; column < model_->columnCount(); ++column) {
+        const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
+        wanted += its.kind == GridColumnKind::Text ? kWantedText * its.weight : FixedWidth(column);
+    }
+    static_cast<Rows*>(table_)->wantedWidth = wanted;
+}
+
+QString GridView::NameInMemory() const { return Text(form.form.name() + '.' + grid_.name()); }
+
+/// The preparer draws at the edge of a heading.
+void GridView::Resized(int column, int width)
+{
+    if (sharing_)
+        return;
+    chosen_[static_cast<std::size_t>(column)] = std::max(width, kLeastText / 2);
+    ShareWidth();
+    if (form.memory)
+        form.memory->KeepColumns(NameInMemory(), chosen_);
+}
+
 /// Texts share what the others leave, by weight, the light ones first: what they need beyond their share the heavy ones
-/// give, and the last one takes the pixels that rounding leaves.
+/// give, and the last one takes what is left, so that the amounts stay at the right edge.
 void GridView::ShareWidth()
 {
+    sharing_ = true;
     const auto& columns = grid_.columns();
     std::multimap<int, int> texts; // columns by weight
     int left = table_->viewport()->width();
     int weights = 0;
     for (int i = 0; i < model_->columnCount(); ++i) {
-        const GridColumn& column = columns[static_cast<std::size_t>(i)];
-        const int width = FixedWidth(i);
+        const auto at = static_cast<std::size_t>(i);
+        if (columns[at].kind == GridColumnKind::Text) {
+            texts.emplace(columns[at].weight, i);
+            weights += columns[at].weight;
+            continue;
+        }
+        const int width = chosen_[at] > 0 ? chosen_[at] : FixedWidth(i);
         table_->setColumnWidth(i, width);
         left -= width;
-        if (column.kind == GridColumnKind::Text) {
-            texts.emplace(column.weight, i);
-            weights += column.weight;
-        }
     }
     for (const auto& [weight, i] : texts) {
-        const int width = std::max(kLeastText, left * weight / weights);
+        const int chosen = weights > weight ? chosen_[static_cast<std::size_t>(i)] : 0;
+        const int width = chosen > 0 ? chosen : std::max(kLeastText, left * weight / weights);
         table_->setColumnWidth(i, width);
         left -= width;
         weights -= weight;
     }
+    sharing_ = false;
 }
 
 /// An amount is never cut: its column is as wide as its longest text asks.

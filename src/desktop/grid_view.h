@@ -33,6 +33,9 @@ class GridView : public ControlView {
     void ShareWidth();
     int FixedWidth(int column) const; ///< 0 for a text, which shares what is left
     void MeasureAmounts();
+    void AskForWidth();
+    void Resized(int column, int width);
+    QString NameInMemory() const;
     void ShowFoot();
     void FollowCurrentRow();
     void ShowCurrentRow();
@@ -48,6 +51,8 @@ class GridView : public ControlView {
     std::vector<int> widest_; ///< of the texts in each amount column
     int first_ = 0;           ///< the first column that is seen
     bool stale_ = true;       ///< the grid changed since it was last drawn
+    std::vector<int> chosen_; ///< widths that the preparer gave to columns; 0: none
+    bool sharing_ = false;
 };
 
 } // namespace pgbp

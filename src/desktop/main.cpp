@@ -1,6 +1,7 @@
 #include "desktop/dialogs.h"
 #include "desktop/main_window.h"
 #include "desktop/theme.h"
+#include "desktop/window_memory.h"
 #include "module/module.h"
 #include "startup/sub_main.h"
 
@@ -59,10 +60,11 @@ int RunModule(const std::filesystem::path& programFolder)
             std::cerr << why << '\n';
             return 0;
         }
-        MainWindow window(run);
+        WindowMemory memory;
+        MainWindow window(run, &memory);
         boxes.before = [&window] { window.CatchUp(); };
         window.onEnd = [] { QApplication::exit(); }; // quit() would ask the window to close, which asks the screens
-        window.showMaximized();
+        memory.Show(window);
         return QApplication::exec();
     } catch (const std::exception& error) {
         boxes.before = nullptr;

@@ -4,6 +4,7 @@
 #include "desktop/elided_label.h"
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
+#include "desktop/window_memory.h"
 #include "startup/status.h"
 
 #include <QCloseEvent>
@@ -13,6 +14,7 @@
 #include <QVBoxLayout>
 
 #include <algorithm>
+#include <chrono>
 
 namespace pgbp {
 namespace {
@@ -20,12 +22,13 @@ namespace {
 /// A modal screen: its cross and the Escape key are the screen's own way to close.
 class ScreenDialog : public QDialog {
   public:
-    ScreenDialog(Screen& screen, Actions& actions, QWidget* parent) : QDialog(parent), screen_(screen)
+    ScreenDialog(Screen& screen, Actions& actions, QWidget* parent, WindowMemory* memory)
+        : QDialog(parent), screen_(screen)
     {
         setWindowModality(Qt::WindowModal);
         auto* box = new QVBoxLayout(this);
         box->setContentsMargins(kPadding, kPadding, kPadding, kPadding);
-        view = new FormView(screen, actions, this);
+        view = new FormView(screen, actions, this, memory);
         box->addWidget(view);
         const QSize around(2 * kPadding, 2 * kPadding);
         resize((view->SizeWithCards() + around).boundedTo(parent->window()->size()));
@@ -55,6 +58,8 @@ class ScreenDialog : public QDialog {
 constexpr int kLeastTitle = 40 * kUnit;
 constexpr int kWidestName = 140 * kUnit;
 
+constexpr std::chrono::seconds kNoticeStandsOut(8);
+
 /// What stands behind the client's name in the heading.
 QString Heading(const Run& run)
 {
@@ -83,7 +88,7 @@ QString StatusLine(const Run& run)
 
 } // namespace
 
-MainWindow::MainWindow(Run& run) : run_(run)
+MainWindow::MainWindow(Run& run, WindowMemory* memory) : run_(run), memory_(memory)
 {
     Build();
     actions_.settled = [this] { Settled(); };
@@ -101,6 +106,8 @@ MainWindow::MainWindow(Run& run) : run_(run)
 
 MainWindow::~MainWindow()
 {
+    if (memory_)
+        memory_->Keep(*this);
     run_.screens.changed.Remove(changedListener_);
     Drop([](const Shown&) { return true; });
 }
@@ -153,8 +160,11 @@ QWidget* MainWindow::BuildStatusLine()
     statusClient_->setMaximumWidth(kWidestName);
     row->addStretch(1);
     notice_ = new ElidedLabel(line);
-    notice_->GiveWay(kLeastTitle);
+    notice_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     row->addWidget(notice_);
+    noticeFades_.setSingleShot(true);
+    noticeFades_.setInterval(kNoticeStandsOut);
+    QObject::connect(&noticeFades_, &QTimer::timeout, this, [this] { notice_->SetColor(Theme().muted); });
     return line;
 }
 
@@ -173,11 +183,11 @@ MainWindow::Shown& MainWindow::ShownFor(Screen& screen, bool modal)
         return *found;
     Shown fresh{&screen, screen.name(), nullptr, nullptr};
     if (modal) {
-        auto dialog = std::make_unique<ScreenDialog>(screen, actions_, shown_.back().top->window());
+        auto dialog = std::make_unique<ScreenDialog>(screen, actions_, shown_.back().top->window(), memory_);
         fresh.view = dialog->view;
         fresh.top = std::move(dialog);
     } else {
-        auto view = std::make_unique<FormView>(screen, actions_, pages_->parentWidget());
+        auto view = std::make_unique<FormView>(screen, actions_, pages_->parentWidget(), memory_);
         fresh.view = view.get();
         pages_->addWidget(view.get());
         fresh.top = std::move(view);
@@ -222,8 +232,13 @@ void MainWindow::ShowTexts(const Screen& page)
 
 void MainWindow::ShowNotice()
 {
-    if (const Screen* front = run_.screens.OnDisplay())
-        notice_->Show(Text(front->notice));
+    const Screen* front = run_.screens.OnDisplay();
+    if (!front || front->notice.get() == noticeShown_)
+        return;
+    noticeShown_ = front->notice;
+    notice_->Show(Text(noticeShown_));
+    notice_->SetColor(Theme().accent);
+    noticeFades_.start();
 }
 
 /// Between two actions: no handler of a screen runs, so what was left can go, the widgets first.
@@ -249,6 +264,7 @@ void MainWindow::resizeEvent(QResizeEvent* event)
 {
     const int side = std::max(0, (width() - WidestPage()) / 2);
     layout()->setContentsMargins(side, 0, side, 0);
+    notice_->GiveWay(std::min(width(), WidestPage()) * 2 / 3); // what the status says stands in the header, too
     QWidget::resizeEvent(event);
 }
 

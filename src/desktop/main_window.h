@@ -3,6 +3,7 @@
 #include "desktop/actions.h"
 #include "startup/run.h"
 
+#include <QTimer>
 #include <QWidget>
 
 #include <memory>
@@ -14,12 +15,13 @@ namespace pgbp {
 
 class ElidedLabel;
 class FormView;
+class WindowMemory;
 
 /// The window of the module: heading, the screen on display, status line. Modal screens stand in dialogs over it. Each
 /// screen is drawn when it is first shown. Its cross is the cross of the screens on display.
 class MainWindow : public QWidget {
   public:
-    explicit MainWindow(Run& run);
+    explicit MainWindow(Run& run, WindowMemory* memory = nullptr);
     ~MainWindow() override;
 
     /// Called when the run has ended.
@@ -52,6 +54,7 @@ class MainWindow : public QWidget {
     void Settled();
 
     Run& run_;
+    WindowMemory* memory_;
     Actions actions_;
     int changedListener_;
     bool isBehind_ = false; ///< other screens are on display than those that are shown
@@ -63,6 +66,8 @@ class MainWindow : public QWidget {
     ElidedLabel* statusClient_ = nullptr;
     ElidedLabel* status_ = nullptr;
     ElidedLabel* notice_ = nullptr;
+    std::string noticeShown_;
+    QTimer noticeFades_; ///< a notice stands out while it is new
 };
 
 } // namespace pgbp

@@ -7,6 +7,7 @@
 #include <QAbstractButton>
 #include <QApplication>
 #include <QDialog>
+#include <QLabel>
 #include <QTest>
 
 using namespace pgbp;
@@ -157,6 +158,35 @@ TEST_F(Windows, TakeDownScreensThatStandOverEachOther)
     QApplication::processEvents();
     EXPECT_TRUE(ended);
     EXPECT_TRUE(window->findChildren<QDialog*>().empty());
+}
+
+TEST_F(Windows, TellANoticeInTheStatusLineWithoutTakingTheKeyboard)
+{
+    Start();
+    const FormView& page = Top();
+    const QWidget* field = window->focusWidget();
+    Screen* screen = run->screens.OnDisplay();
+    window->Find(screen)->Act([&] { screen->notice = "Verma Gupta Hosiery saved, 20,23,145.00, 10:32"; });
+    QApplication::processEvents();
+    const auto labels = window->findChildren<QLabel*>();
+    const auto line = std::find_if(labels.begin(), labels.end(), [](const QLabel* label) {
+        return label->accessibleName() == "Verma Gupta Hosiery saved, 20,23,145.00, 10:32";
+    });
+    ASSERT_NE(line, labels.end());
+    EXPECT_GT((*line)->mapTo(window.get(), QPoint()).y(), page.geometry().bottom());
+    const auto stands = [&] {
+        const QImage picture = (*line)->grab().toImage();
+        for (int x = 0; x < picture.width(); ++x)
+            for (int y = 0; y < picture.height(); ++y)
+                if (picture.pixelColor(x, y).blue() - picture.pixelColor(x, y).red() > 80) // the accent's, not grey
+                    return true;
+        return false;
+    };
+    EXPECT_TRUE(QTest::qWaitFor(stands));
+    EXPECT_EQ(window->focusWidget(), field);
+    window->resize(683, 384);
+    EXPECT_TRUE(QTest::qWaitFor([&] { return (*line)->width() >= (*line)->sizeHint().width(); }))
+        << "what the header says, too, gives way to it";
 }
 
 TEST_F(Windows, EndTheRunWhenTheSummaryIsLeft)
