@@ -152,7 +152,7 @@ class Cards : public Pages {
             form.siderows.SetRows(
                 std::vector<std::vector<std::string>>(static_cast<std::size_t>(rows), {"1", "x", "5"}));
             form.siderows.SetCurrentRow(rows);
-            form.side.visible = true;
+            form.Raise(form.side, form.sidetext);
         });
         Settle();
     }

@@ -166,9 +166,9 @@ TEST_F(Driver, SaysThatTheRunHasEnded)
 TEST_F(Driver, SeesThatNothingBehindACardCanBeUsed)
 {
     auto& board = static_cast<Board&>(*run.screens.OnDisplay());
-    board.fra1.visible = true;
+    board.Raise(board.fra1, board.fra1);
     EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
-    board.fra1.visible = false;
+    board.Lower(board.fra1);
     EXPECT_EQ(Play("get Board.ask.enabled\n"), "true\n");
     board.framain.enabled = false;
     EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
