@@ -27,6 +27,8 @@ int combo::Chosen() const
 
 bool combo::KeyDown(Key key)
 {
+    if (OfferKey(key))
+        return true;
     const int last = static_cast<int>(items_.size()) - 1;
     if ((key == Key::Down || key == Key::Up) && last >= 0) {
         Choose(std::clamp(Chosen() + (key == Key::Down ? 1 : -1), 0, last));

@@ -60,6 +60,53 @@ void TextBox::Enter()
     Control::Enter();
 }
 
+bool TextBox::Leave()
+{
+    offers_.Close();
+    return Control::Leave();
+}
+
+void TextBox::SetOffers(std::vector<std::string> texts)
+{
+    offers_.SetTexts(std::move(texts));
+    changed();
+}
+
+void TextBox::OpenOffers()
+{
+    if (!locked)
+        offers_.Show("");
+    changed();
+}
+
+void TextBox::TakeOffer(int entry)
+{
+    const std::string taken = offers_.shown().at(static_cast<std::size_t>(entry));
+    SelectAll();
+    Paste(taken);
+    offers_.Close();
+    changed();
+}
+
+bool TextBox::OfferKey(Key key)
+{
+    if (!offers_.IsOpen())
+        return false;
+    const bool isMarked = offers_.marked() >= 0;
+    if (key == Key::Down)
+        offers_.MarkNext();
+    else if (key == Key::Up && isMarked)
+        offers_.MarkPrevious();
+    else if ((key == Key::Enter || key == Key::Tab) && isMarked)
+        TakeOffer(offers_.marked());
+    else if (key == Key::Escape)
+        offers_.Close();
+    else
+        return false;
+    changed();
+    return key != Key::Tab; // which goes on to the next field
+}
+
 bool TextBox::Type(char32_t character)
 {
     if (KeyPress(character) == Verdict::Pass)
@@ -76,6 +123,7 @@ void TextBox::ReplaceSelection(std::string_view utf8)
     selStart_ = std::min(selStart_, count) + CharacterCount(utf8);
     selLength_ = 0;
     Set(std::move(fresh));
+    text().empty() ? offers_.Close() : offers_.Show(text());
     changed();
 }
 
@@ -128,6 +176,8 @@ void TextBox::Hint(std::string hint)
 
 bool TextBox::KeyDown(Key key)
 {
+    if (OfferKey(key))
+        return true;
     if (multiLine && key == Key::Enter)
         return Type(U'\n');
     if (key == Key::Enter && onEnter)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/control.h"
+#include "controls/offers.h"
 
 #include "services/arithmetic.h"
 
@@ -78,17 +79,27 @@ class TextBox : public TextControl {
     /// What draws the box changed the selection to this by itself: it took back an edit, or made it again.
     virtual void Amend(std::string_view utf8) { Paste(utf8); }
 
+    /// Texts used before, offered while the preparer types: Down goes into them, Enter or Tab takes the marked one,
+    /// Escape closes them.
+    void SetOffers(std::vector<std::string> texts);
+    const Offers& offers() const { return offers_; }
+    void OpenOffers(); ///< all of them, before anything is typed
+    void TakeOffer(int entry);
+
     /// How the text is drawn while it is not being typed; the text itself stays.
     virtual std::string Drawn() const { return text(); }
 
     bool TakesFocus() const override { return true; }
     void Enter() override; ///< selects the whole line, so that the first key replaces the old text
+    bool Leave() override;
     bool KeyDown(Key key) override;
     bool Type(char32_t character) override;
 
   protected:
     /// What a pasted text puts in place of the selection. Says in the notice why there is nothing.
     virtual std::optional<std::string> Pasted(std::string_view utf8);
+    /// A key for the open offers; false when it means the box itself.
+    bool OfferKey(Key key);
     /// Says why a text is not taken; the next one that is taken clears it.
     void Hint(std::string hint);
 
@@ -112,6 +123,7 @@ class TextBox : public TextControl {
     Walks walks_;
     int selStart_ = 0;
     int selLength_ = 0;
+    Offers offers_;
     std::string hint_; ///< the notice that this box gave last
 };
 

@@ -3,6 +3,7 @@
 #include "controls/form.h"
 #include "desktop/captions.h"
 #include "desktop/form_view.h"
+#include "desktop/offer_list.h"
 
 #include <QAction>
 #include <QClipboard>
@@ -185,12 +186,34 @@ void TextSync::FromModel()
             editor_->Select(span);
     }
     following_ = false;
+    ShowOffers();
+}
+
+void TextSync::ShowOffers()
+{
+    const bool isUp = IsTyped() && box_.offers().IsOpen();
+    if (isUp && !offers_) {
+        offers_ = new OfferList(&form_);
+        offers_->setObjectName("offers of " + Text(box_.name()));
+        QObject::connect(offers_, &QListWidget::clicked, &editor_->Widget(),
+                         [this](const QModelIndex& at) { form_.Act([&] { box_.TakeOffer(at.row()); }); });
+    }
+    if (isUp)
+        offers_->ShowFor(editor_->Widget(), box_.offers());
+    else if (offers_)
+        offers_->hide();
 }
 
 bool TextSync::KeyPressed(const QKeyEvent& event)
 {
     if (event.matches(QKeySequence::Paste)) {
         Paste(QGuiApplication::clipboard()->text());
+        return true;
+    }
+    const bool opensOffers =
+        event.key() == Qt::Key_F4 || (event.key() == Qt::Key_Down && event.modifiers() == Qt::AltModifier);
+    if (opensOffers && box_.offers().Any()) {
+        form_.Act([&] { box_.OpenOffers(); });
         return true;
     }
     const std::u32string typed = TypedText(event);

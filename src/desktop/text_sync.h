@@ -21,6 +21,7 @@ class QWidget;
 namespace pgbp {
 
 class FormView;
+class OfferList;
 
 /// A selection, or the caret when it is empty, in the toolkit's units (UTF-16).
 struct Span {
@@ -69,6 +70,7 @@ class TextSync {
     bool Composed(const QInputMethodEvent& event);
     void ShowMenu(const QContextMenuEvent& event);
     bool MayPaste() const { return box_.Reachable() && !box_.locked; }
+    void ShowOffers();
     bool IsTyped() const;
     void Edited();
     void Selected();
@@ -77,6 +79,7 @@ class TextSync {
     TextBox& box_;
     FormView& form_;
     std::unique_ptr<Editor> editor_;
+    OfferList* offers_ = nullptr; ///< made when there is something to offer first
     bool following_ = false;
 };
 

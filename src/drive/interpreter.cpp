@@ -52,6 +52,14 @@ bool CanBeUsed(const Control& control)
     return control.InFront();
 }
 
+std::string Lines(const std::vector<std::string>& texts)
+{
+    std::string lines;
+    for (const std::string& text : texts)
+        lines += (lines.empty() ? "" : "\n") + text;
+    return lines;
+}
+
 std::string YesNo(bool yes) { return yes ? "true" : "false"; }
 
 std::string CaptionOf(const Control& control)
@@ -131,7 +139,7 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
         {"get", &Interpreter::Get,
          "get F.C                      text of a control; also F.C.enabled, .visible, .caption, .tip, .footer (of "
          "a grid), .sum\n"
-         "                             (the open line of an amount), and F.caption, F.notice"},
+         "                             (the open line of an amount), .offers (below a field), and F.caption, F.notice"},
         {"set", &Interpreter::Set,
          "set F.C text                 focus, replace the text key by key through the key filter, leave the field; a "
          "text\n"
@@ -313,6 +321,8 @@ void Interpreter::Get(const std::string& path)
         out_ << YesNo(control->Shown());
     else if (const auto* amount = property == "sum" ? dynamic_cast<const NumberBox*>(control) : nullptr)
         out_ << (amount->sum() ? amount->sum()->Shows() : "");
+    else if (const auto* box = property == "offers" ? dynamic_cast<const TextBox*>(control) : nullptr)
+        out_ << OnOneLine(Lines(box->offers().shown()));
     else if (property == "tip")
         out_ << control->toolTip.get();
     else if (const auto* lines = dynamic_cast<const grid*>(control); lines && property == "footer")

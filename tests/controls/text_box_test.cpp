@@ -138,6 +138,77 @@ TEST_F(TextBoxes, LeaveAFieldWithTheResultOfItsLineOrNotAtAll)
     EXPECT_FALSE(form.amount.sum());
 }
 
+TEST_F(TextBoxes, OfferWhatWasUsedBefore)
+{
+    form.walking.SetOffers({"Rent of godown", "Rent", "Repairs", "Salary"});
+    struct {
+        const char* what;
+        const char* typed;
+        std::vector<Key> keys;
+        std::vector<std::string> offered; ///< before the keys
+        const char* text;
+        const Control& focused;
+    } const rows[] = {
+        {"what begins so, in any case", "reN", {}, {"Rent of godown", "Rent"}, "reN", form.walking},
+        {"the text itself is none to choose", "Rent", {}, {"Rent of godown"}, "Rent", form.walking},
+        {"nothing begins so", "x", {Key::Down}, {}, "x", form.amount},
+        {"Enter takes the marked one",
+         "re",
+         {Key::Down, Key::Down, Key::Enter},
+         {"Rent of godown", "Rent", "Repairs"},
+         "Rent",
+         form.walking},
+        {"Tab takes it and goes on", "s", {Key::Down, Key::Tab}, {"Salary"}, "Salary", form.amount},
+        {"Enter without a mark keeps what is typed",
+         "re",
+         {Key::Enter},
+         {"Rent of godown", "Rent", "Repairs"},
+         "re",
+         form.amount},
+        {"Up leads back into the field", "s", {Key::Down, Key::Up, Key::Enter}, {"Salary"}, "s", form.amount},
+        {"Escape closes them", "s", {Key::Escape, Key::Down}, {"Salary"}, "s", form.amount},
+        {"the last stays", "s", {Key::Down, Key::Down, Key::Enter}, {"Salary"}, "Salary", form.walking},
+        {"erased to nothing", "s", {Key::Backspace, Key::Down}, {"Salary"}, "", form.amount},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        form.SetFocus(form.amount);
+        form.walking = "Rent"; // by program: nothing is offered
+        form.SetFocus(form.walking);
+        EXPECT_FALSE(form.walking.offers().IsOpen());
+        TypeText(form, row.typed);
+        EXPECT_EQ(form.walking.offers().shown(), row.offered);
+        for (const Key key : row.keys)
+            form.Press(key);
+        EXPECT_EQ(form.walking.text(), row.text);
+        EXPECT_EQ(form.focused(), &row.focused);
+        EXPECT_TRUE(row.keys.empty() || !form.walking.offers().IsOpen());
+    }
+}
+
+TEST_F(TextBoxes, OfferOnlyWhatTheFieldTakes)
+{
+    form.walking.SetOffers({"Rent of godown", "O'Neil"});
+    form.walking.onKeyPress = DropQuotes;
+    form.walking.maxLength = 6;
+    form.SetFocus(form.walking);
+    form.walking.OpenOffers();
+    EXPECT_EQ(form.walking.offers().shown().size(), 2U);
+    form.walking.TakeOffer(0);
+    EXPECT_EQ(form.walking.text(), "");
+    EXPECT_TRUE(form.notice.get().starts_with("Not taken: "));
+    form.walking.OpenOffers();
+    form.walking.TakeOffer(1);
+    EXPECT_EQ(form.walking.text(), "ONeil");
+    form.walking.locked = true;
+    form.walking.OpenOffers();
+    EXPECT_FALSE(form.walking.offers().IsOpen());
+    form.walking.SetOffers(std::vector<std::string>(100, "Rent"));
+    form.walking.locked = false;
+    form.walking.OpenOffers();
+    EXPECT_EQ(form.walking.offers().shown().size(), static_cast<std::size_t>(Offers::kMost));
+}
+
 TEST_F(TextBoxes, PutTheCaretBehindATurnedSign)
 {
     form.SetFocus(form.amount);

@@ -137,6 +137,38 @@ TEST_F(Selectors, KeepTheirChoiceWhenTheWheelTurnsOverThem)
     EXPECT_EQ(form.focused(), &form.name);
 }
 
+TEST_F(Selectors, OfferTextsBelowAFieldWithoutTakingTheKeyboard)
+{
+    for (TextBox* box : {static_cast<TextBox*>(&form.name), static_cast<TextBox*>(&form.place)}) {
+        box->SetOffers({"Rent of godown", "Repairs"});
+        Focus(*box);
+        Type("re");
+        const QWidget& field = *KeyboardOf(*box);
+        auto* offered = view.findChild<QListWidget*>("offers of " + QString::fromStdString(box->name()));
+        ASSERT_TRUE(offered && offered->isVisible());
+        EXPECT_EQ(offered->count(), 2);
+        EXPECT_EQ(view.focusWidget(), &field);
+        EXPECT_GT(offered->y(), field.mapTo(&view, QPoint()).y());
+        Press(Qt::Key_Down);
+        EXPECT_EQ(offered->currentRow(), 0);
+        EXPECT_EQ(WidgetOf<QLineEdit>(*box).text(), "re");
+        Press(Qt::Key_Escape);
+        EXPECT_FALSE(offered->isVisible());
+        Type("p");
+        EXPECT_EQ(offered->count(), 1);
+        QTest::mouseClick(offered->viewport(), Qt::LeftButton, {}, QPoint(9, 9));
+        EXPECT_EQ(box->text(), "Repairs");
+        EXPECT_EQ(WidgetOf<QLineEdit>(*box).text(), "Repairs");
+        EXPECT_FALSE(offered->isVisible());
+        EXPECT_EQ(view.focusWidget(), &field);
+    }
+    Focus(form.name);
+    Press(Qt::Key_F4);
+    EXPECT_EQ(form.name.offers().shown().size(), 2U);
+    Focus(form.amount);
+    EXPECT_FALSE(view.findChild<QListWidget*>("offers of name")->isVisible());
+}
+
 TEST_F(Selectors, WalkAGridByKeysAndOpenItsRows)
 {
     int opened = 0;
