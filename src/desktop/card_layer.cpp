@@ -43,9 +43,11 @@ void CardLayer::Add(FrameView& card)
     card.widget()->installEventFilter(this);
 }
 
-FrameView& CardLayer::ViewOf(const frame* card) const
+FrameView* CardLayer::ViewOf(const frame* card) const
 {
-    return **std::find_if(cards_.begin(), cards_.end(), [&](const auto* view) { return &view->control == card; });
+    const auto found =
+        std::find_if(cards_.begin(), cards_.end(), [&](const auto* view) { return &view->control == card; });
+    return found == cards_.end() ? nullptr : *found;
 }
 
 void CardLayer::Arrange()
@@ -57,13 +59,15 @@ void CardLayer::Arrange()
     raise();
     QRect covered = pages_->geometry();
     for (const frame* up : form_.Cards()) {
-        const FrameView& card = ViewOf(up);
-        const QRect place = PlaceOf(card);
+        const FrameView* card = ViewOf(up);
+        if (!card) // is drawn at the next refresh
+            continue;
+        const QRect place = PlaceOf(*card);
         if (!covered.contains(place))
             covered = rect();
-        card.widget()->setGeometry(place);
+        card->widget()->setGeometry(place);
         veil_->raise();
-        card.widget()->raise();
+        card->widget()->raise();
     }
     veil_->setGeometry(covered);
     setMask(covered);

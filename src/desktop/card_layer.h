@@ -31,7 +31,7 @@ class CardLayer : public QWidget {
   private:
     QRect PlaceOf(const FrameView& card) const;
 
-    FrameView& ViewOf(const frame* card) const;
+    FrameView* ViewOf(const frame* card) const;
 
     const Form& form_;
     QWidget* pages_;

@@ -167,6 +167,16 @@ bool FrameView::IsBeside(const LayoutRow& row, std::size_t column) const
     return isField && dynamic_cast<const NumberBox*>(row.cells[column]);
 }
 
+/// The text of a tick runs on over the empty cells behind it.
+int FrameView::Spans(const LayoutRow& row, std::size_t column) const
+{
+    if (!dynamic_cast<const check*>(row.cells[column]))
+        return 1;
+    const auto last = row.cells.begin() + static_cast<std::ptrdiff_t>(column) + 1;
+    const auto next = std::find_if(last, row.cells.end(), [](const Control* cell) { return cell != nullptr; });
+    return static_cast<int>(next == row.cells.end() ? ColumnCount() - static_cast<int>(column) : next - last + 1);
+}
+
 ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int line)
 {
     Control& cell = *row.cells[column];
@@ -188,9 +198,7 @@ ControlView& FrameView::AddCell(const LayoutRow& row, std::size_t column, int li
     } else if (IsBeside(row, column)) {
         PutBeside(view.widget(), line, column);
     } else {
-        const bool runsOn = dynamic_cast<const check*>(&cell) && column + 1 == row.cells.size();
-        const int columns = runsOn ? ColumnCount() - static_cast<int>(column) : 1;
-        rows_->addWidget(view.widget(), line, static_cast<int>(column), 1, columns, SideOf(cell, kind));
+        rows_->addWidget(view.widget(), line, static_cast<int>(column), 1, Spans(row, column), SideOf(cell, kind));
     }
     return view;
 }

@@ -59,6 +59,7 @@ class FrameView : public ControlView {
     void AddRow(const LayoutRow& row);
     void AddRule(const LayoutRow& row);
     ControlView& AddCell(const LayoutRow& row, std::size_t column, int line);
+    int Spans(const LayoutRow& row, std::size_t column) const;
     void PutBeside(QWidget* widget, int line, std::size_t column);
     void Spread(Wide& wide, Columns over);
     void NoteNames(const LayoutRow& row, std::size_t column, ControlView& view);

@@ -25,7 +25,7 @@ GridFoot::GridFoot(const grid& itsGrid, QTableView& table, QWidget* parent)
 int GridFoot::WidthFor(int column) const
 {
     const std::string& text = grid_.footer()[static_cast<std::size_t>(column)];
-    return text.empty() ? 0 : fontMetrics().horizontalAdvance(Drawn(column)) + 2 * CellDelegate::kMargin;
+    return text.empty() ? 0 : fontMetrics().horizontalAdvance(Drawn(column)) + 3 * CellDelegate::kMargin;
 }
 
 /// A caption stays as it is where the cells above it are codes that are drawn in words.

@@ -196,7 +196,7 @@ void GridView::FromModel()
         sharing_ = true; // the header forgets its widths where the number of rows changes
         model_->Reload();
         table_->updateGeometry(); // for another number of rows
-        MeasureAmounts();
+        Measure();
         ShowFoot();
         AskForWidth();
         ShareWidth();
@@ -254,7 +254,7 @@ void GridView::AskForWidth()
     int wanted = 0;
     for (int column = 0; column < model_->columnCount(); ++column) {
         const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
-        wanted += its.kind == GridColumnKind::Text ? kWantedText * its.weight : FixedWidth(column);
+        wanted += its.kind == GridColumnKind::Text ? kWantedText * its.weight : FixedWidth(column, false);
     }
     static_cast<Rows*>(table_)->wantedWidth = wanted;
 }
@@ -281,6 +281,7 @@ void GridView::ShareWidth()
     std::multimap<int, int> texts; // columns by weight
     int left = table_->viewport()->width();
     int weights = 0;
+    const bool isNarrow = WidthOfAll() > left;
     for (int i = 0; i < model_->columnCount(); ++i) {
         const auto at = static_cast<std::size_t>(i);
         if (columns[at].kind == GridColumnKind::Text) {
@@ -288,13 +289,13 @@ void GridView::ShareWidth()
             weights += columns[at].weight;
             continue;
         }
-        const int width = chosen_[at] > 0 ? chosen_[at] : FixedWidth(i);
+        const int width = chosen_[at] > 0 ? chosen_[at] : FixedWidth(i, isNarrow);
         table_->setColumnWidth(i, width);
         left -= width;
     }
     for (const auto& [weight, i] : texts) {
         const int chosen = weights > weight ? chosen_[static_cast<std::size_t>(i)] : 0;
-        const int width = chosen > 0 ? chosen : std::max(kLeastText, left * weight / weights);
+        const int width = chosen > 0 ? chosen : std::max(LeastOfText(i), left * weight / weights);
         table_->setColumnWidth(i, width);
         left -= width;
         weights -= weight;
@@ -302,37 +303,56 @@ void GridView::ShareWidth()
     sharing_ = false;
 }
 
-/// An amount is never cut: its column is as wide as its longest text asks.
-void GridView::MeasureAmounts()
+/// The width at which amounts have their usual columns and texts what they need.
+int GridView::WidthOfAll() const
+{
+    int width = 0;
+    for (int i = 0; i < model_->columnCount(); ++i)
+        width += grid_.columns()[static_cast<std::size_t>(i)].kind == GridColumnKind::Text ? LeastOfText(i)
+                                                                                           : FixedWidth(i, false);
+    return width;
+}
+
+int GridView::WidthOf(const QString& text) const
+{
+    return table_->fontMetrics().horizontalAdvance(text) + 3 * CellDelegate::kMargin;
+}
+
+void GridView::Measure()
 {
     widest_.assign(grid_.columns().size(), 0);
     for (int column = 0; column < model_->columnCount(); ++column) {
-        if (grid_.columns()[static_cast<std::size_t>(column)].kind != GridColumnKind::Amount || grid_.Rows() == 0)
+        if (table_->isColumnHidden(column) || grid_.Rows() == 0)
             continue;
         int longest = 1;
         for (int row = 2; row <= grid_.Rows(); ++row)
             if (grid_.Cell(row, column).size() > grid_.Cell(longest, column).size())
                 longest = row;
-        widest_[static_cast<std::size_t>(column)] =
-            table_->fontMetrics().horizontalAdvance(DrawnText(grid_, longest, column)) + 3 * CellDelegate::kMargin;
+        widest_[static_cast<std::size_t>(column)] = WidthOf(DrawnText(grid_, longest, column));
     }
 }
 
-int GridView::FixedWidth(int at) const
+/// A short text shows whole, say a code or a number; a long one gives way.
+int GridView::LeastOfText(int column) const
+{
+    const auto at = static_cast<std::size_t>(column);
+    return std::clamp(std::max(widest_[at], WidthOf(Text(grid_.columns()[at].heading))), kLeastText, kWantedText);
+}
+
+/// An amount is never cut: its column is as wide as its longest text asks.
+int GridView::FixedWidth(int at, bool isNarrow) const
 {
     const GridColumn& column = grid_.columns()[static_cast<std::size_t>(at)];
-    const auto widthOf = [this](const QString& text) {
-        return table_->fontMetrics().horizontalAdvance(text) + 3 * CellDelegate::kMargin;
-    };
     const int total = foot_ && foot_->isVisibleTo(box_) ? foot_->WidthFor(at) : 0;
-    const int least = std::max(widthOf(Text(column.heading)), total);
+    const int least = std::max(WidthOf(Text(column.heading)), total);
     switch (column.kind) {
     case GridColumnKind::Amount:
-        return std::max({widthOf("00,00,00,00,000.00"), widest_[static_cast<std::size_t>(at)], least});
+        return std::max(
+            {WidthOf(isNarrow ? "0,00,000.00" : "00,00,00,00,000.00"), widest_[static_cast<std::size_t>(at)], least});
     case GridColumnKind::Rate:
-        return std::max(widthOf("100.00"), least);
+        return std::max(WidthOf("100.00"), least);
     case GridColumnKind::Serial:
-        return std::max(widthOf("0000"), least);
+        return std::max(WidthOf("0000"), least);
     default:
         return 0;
     }

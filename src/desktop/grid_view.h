@@ -31,8 +31,12 @@ class GridView : public ControlView {
   private:
     void Dress();
     void ShareWidth();
-    int FixedWidth(int column) const; ///< 0 for a text, which shares what is left
-    void MeasureAmounts();
+    /// Of a column that is not a text, which shares what is left: 0 then.
+    int FixedWidth(int column, bool isNarrow) const;
+    int LeastOfText(int column) const;
+    int WidthOfAll() const;
+    int WidthOf(const QString& text) const;
+    void Measure();
     void AskForWidth();
     void Resized(int column, int width);
     QString NameInMemory() const;
@@ -48,7 +52,7 @@ class GridView : public ControlView {
     QTableView* table_;
     GridFoot* foot_ = nullptr; ///< made when there is a total first
     int changedListener_ = 0;
-    std::vector<int> widest_; ///< of the texts in each amount column
+    std::vector<int> widest_; ///< of the texts in each column
     int first_ = 0;           ///< the first column that is seen
     bool stale_ = true;       ///< the grid changed since it was last drawn
     std::vector<int> chosen_; ///< widths that the preparer gave to columns; 0: none

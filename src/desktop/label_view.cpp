@@ -10,7 +10,7 @@ namespace pgbp {
 namespace {
 
 constexpr int kAmountMargin = 2 * kUnit;
-constexpr int kLeastCaption = 40 * kUnit; ///< narrower, and the page scrolls
+constexpr int kLeastCaption = 30 * kUnit; ///< narrower, and the page scrolls
 
 Type TypeOf(const label& label, const Place& place)
 {

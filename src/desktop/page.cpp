@@ -77,13 +77,15 @@ void Page::resizeEvent(QResizeEvent* event)
 /// What the page stands in learns that the content asks for another size.
 bool Page::eventFilter(QObject* object, QEvent* event)
 {
-    if (object == widget() && event->type() == QEvent::LayoutRequest) {
-        widget()->layout()->activate();
-        if (onRoom)
-            onRoom(height());
-        updateGeometry();
-    }
-    return QScrollArea::eventFilter(object, event);
+    if (object != widget() || event->type() != QEvent::LayoutRequest)
+        return QScrollArea::eventFilter(object, event);
+    widget()->layout()->activate();
+    if (onRoom)
+        onRoom(height());
+    updateGeometry();
+    const bool isDone = QScrollArea::eventFilter(object, event);
+    RefreshFoot();
+    return isDone;
 }
 
 QSize Page::minimumSizeHint() const { return QSize(60 * kUnit, 20 * kUnit).boundedTo(sizeHint()); }
