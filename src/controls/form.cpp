@@ -3,6 +3,7 @@
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/grid.h"
+#include "services/fault.h"
 
 #include <algorithm>
 #include <cctype>
@@ -232,15 +233,22 @@ void Form::Do(const std::function<void()>& action)
     if (acting_)
         return action();
     acting_ = true;
-    try {
+    Guard([&] {
         action();
         KeepFocusReachable();
-    } catch (const std::exception& error) {
-        boxes_.Show({error.what(), title_, Icon::Critical});
-        if (focused_ && !focused_->Reachable())
-            focused_ = nullptr;
-    }
+    });
+    if (focused_ && !focused_->Reachable()) // after an error
+        focused_ = nullptr;
     acting_ = false;
+}
+
+void Form::Guard(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const std::exception& error) {
+        boxes_.Show({PreparersWords(error), title_, Icon::Critical});
+    }
 }
 
 void Form::Press(Key key)

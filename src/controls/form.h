@@ -77,6 +77,10 @@ class Form {
     /// The letters of the buttons in front: marked by "&" in the caption, else the first letter that no other one has.
     std::map<const PushControl*, char> Mnemonics() const;
 
+  protected:
+    /// Runs an action of the preparer. What it throws ends here, in an error box.
+    virtual void Guard(const std::function<void()>& action);
+
   private:
     friend class Control;
     bool LeaveFocused();

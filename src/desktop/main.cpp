@@ -68,7 +68,7 @@ int RunModule(const std::filesystem::path& programFolder)
         return QApplication::exec();
     } catch (const std::exception& error) {
         boxes.before = nullptr;
-        boxes.Show({error.what(), "", Icon::Critical});
+        boxes.Show({PreparersWords(error), "", Icon::Critical});
         return 1;
     }
 }

@@ -286,7 +286,9 @@ void Interpreter::ExecuteScript(std::istream& script, std::ostream& out, OnError
             }
         } catch (const std::exception& error) {
             printAll();
-            const std::string what = "line " + std::to_string(number) + ": " + error.what();
+            const std::string technical = TechnicalWords(error);
+            const std::string what = "line " + std::to_string(number) + ": " + error.what() +
+                                     (technical.empty() ? "" : '\n' + technical);
             if (onError == OnError::Stop)
                 throw DriveError(what);
             expectations.Print("error | " + OnOneLine(what) + '\n');

@@ -83,7 +83,7 @@ int main(int count, char** arguments)
         std::cout << kUsage << pgbp::Interpreter::Help();
         return 0;
     } catch (const std::exception& error) {
-        std::cerr << error.what() << '\n';
+        std::cerr << pgbp::PreparersWords(error) << '\n';
         return 1;
     }
 }

@@ -1,8 +1,11 @@
 #include "startup/run.h"
 
+#include "services/error_log.h"
 #include "services/format.h"
 #include "services/text.h"
 #include "services/year.h"
+
+#include <utility>
 
 namespace pgbp {
 
@@ -18,5 +21,32 @@ Answer Run::Show(const std::string& text, const std::string& kind, Icon icon, Bu
 }
 
 void Run::Inform(const std::string& text) const { Show(text, "Information", Icon::Information); }
+
+void Run::Guard(const std::function<void()>& action)
+{
+    ++actions_;
+    try {
+        action();
+    } catch (const std::exception& error) {
+        Log(error);
+        if (!std::exchange(told_, true))
+            host.boxes.Show({PreparersWords(error), title, Icon::Critical});
+    }
+    if (--actions_ == 0)
+        EndAction();
+}
+
+void Run::EndAction()
+{
+    told_ = false;
+    for (const Connection* connection : {&company, &balance, &tax, &qeltemp})
+        if (connection->IsOpen())
+            connection->engine()->RenewPatience();
+}
+
+void Run::Log(const std::exception& error) const
+{
+    LogError(GlClient.empty() ? host.programFolder : std::filesystem::path(GlClient), host.now(), error);
+}
 
 } // namespace pgbp

@@ -85,6 +85,18 @@ class Run : public HandOver {
                 Answer byDefault = Answer::Ok) const;
     /// The message with an information icon.
     void Inform(const std::string& text) const;
+
+    /// Runs an action of the preparer; what it throws is told and logged. All that an action sets off is one action,
+    /// whichever screens it passes through: it waits once for a locked file and tells its first error alone.
+    void Guard(const std::function<void()>& action);
+    /// Adds the technical words of an error to the log in the client folder.
+    void Log(const std::exception& error) const;
+
+  private:
+    void EndAction();
+
+    int actions_ = 0; ///< that run now, one within the other
+    bool told_ = false;
 };
 
 } // namespace pgbp

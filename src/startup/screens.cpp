@@ -25,6 +25,8 @@ void Screen::TellSaved(const std::string& what, double rupees)
 
 void Screen::Close() { run.screens.Return(); }
 
+void Screen::Guard(const std::function<void()>& action) { run.Guard(action); }
+
 void Screen::TellSaved(const std::string& what)
 {
     run.deletion.reset();

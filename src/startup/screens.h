@@ -54,6 +54,9 @@ class Screen : public Form {
     virtual void ModalClosed() { Activate(); }
     /// Left by the cross: nothing is saved, and the screen it was opened from comes back.
     void Close() override;
+
+  protected:
+    void Guard(const std::function<void()>& action) override;
 };
 
 /// The screens of a run: which there are, which is on display, which lie hidden below it. A screen names another one,

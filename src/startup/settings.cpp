@@ -90,6 +90,7 @@ bool OpenServerConnections(Run& run, std::string& why)
         run.balance = Open(logins, "Qel_VornBalance");
         return true;
     } catch (const StoreError& error) {
+        run.Log(error);
         why = error.what();
         return false;
     }

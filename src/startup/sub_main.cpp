@@ -97,7 +97,7 @@ DataFile DataFileNamed(const Run& run, const std::string& name)
 }
 
 bool SubMain(Run& run, std::string& why)
-{
+try {
     ReadSettings(run);
     const auto driveFile = run.host.programFolder / "Drive.txt";
     if (FileExists(driveFile))
@@ -115,6 +115,9 @@ bool SubMain(Run& run, std::string& why)
     if (run.assesseeYear.IsTaken())
         run.screens.OnDisplay()->notice = "This assessee-year is open in another window too: what is saved last stays.";
     return true;
+} catch (const std::exception& error) {
+    run.Log(error);
+    throw;
 }
 
 } // namespace pgbp

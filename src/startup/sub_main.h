@@ -6,8 +6,8 @@
 namespace pgbp {
 
 /// Starts the run: settings, hand-over record, connections, rights, then the frame and the summary. False when the run
-/// ends here because the database server cannot be reached: no message box tells it, `why` holds the engine's words for
-/// the program that started the module. Throws StoreError when a data file cannot be opened; nothing has been changed
+/// ends here because the database server cannot be reached: no message box tells it, `why` tells it to the program
+/// that started the module. Throws StoreError when a data file cannot be opened; nothing has been changed
 /// then.
 bool SubMain(Run& run, std::string& why);
 

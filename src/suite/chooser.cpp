@@ -1,7 +1,9 @@
 #include "suite/chooser.h"
 
 #include "desktop/captions.h"
+#include "desktop/dialogs.h"
 #include "desktop/theme.h"
+#include "services/fault.h"
 #include "suite/chooser_window.h"
 
 #include <QApplication>
@@ -13,6 +15,24 @@ namespace pgbp {
 namespace {
 
 constexpr QSize kTitleBar(0, 10 * kUnit);
+
+int ShowWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
+               const std::string& picture)
+{
+    ChooserWindow window(programFolder, module);
+    const QSize usual(1100, 640);
+    if (!picture.empty())
+        window.resize(usual);
+    else if (!window.testAttribute(Qt::WA_Resized)) // the last time left no size
+        window.resize(usual.boundedTo(window.screen()->availableSize() - kTitleBar));
+    window.show();
+    if (picture.empty())
+        return QApplication::exec();
+    QApplication::processEvents();
+    if (!window.grab().save(Text(picture)))
+        throw std::runtime_error("The picture " + picture + " cannot be written.");
+    return 0;
+}
 
 } // namespace
 
@@ -28,19 +48,13 @@ int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolde
     QApplication application(argc, argv);
     QApplication::setApplicationName("pgbp-suite");
     ApplyTheme(application);
-    ChooserWindow window(programFolder, module);
-    const QSize usual(1100, 640);
-    if (!picture.empty())
-        window.resize(usual);
-    else if (!window.testAttribute(Qt::WA_Resized)) // the last time left no size
-        window.resize(usual.boundedTo(window.screen()->availableSize() - kTitleBar));
-    window.show();
-    if (picture.empty())
-        return QApplication::exec();
-    QApplication::processEvents();
-    if (!window.grab().save(Text(picture)))
-        throw std::runtime_error("The picture " + picture + " cannot be written.");
-    return 0;
+    try {
+        return ShowWindow(programFolder, module, picture);
+    } catch (const std::exception& error) { // who starts it from an icon sees no standard error
+        if (picture.empty())
+            WindowMessageBoxes("Vorn").Show({PreparersWords(error), "", Icon::Critical});
+        throw;
+    }
 }
 
 } // namespace pgbp

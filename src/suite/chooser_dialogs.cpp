@@ -3,6 +3,7 @@
 #include "desktop/captions.h"
 #include "desktop/combo_view.h"
 #include "desktop/theme.h"
+#include "services/fault.h"
 #include "suite/assessee_kinds.h"
 #include "suite/new_clients.h"
 #include "suite/text_color.h"
@@ -107,7 +108,7 @@ void EntryDialog::TryToStore()
         Store();
         accept();
     } catch (const std::exception& refusal) {
-        refusal_->setText(QString::fromUtf8(refusal.what()));
+        refusal_->setText(Text(PreparersWords(refusal)));
     }
 }
 

@@ -5,6 +5,8 @@
 #include "desktop/combo_view.h"
 #include "desktop/elided_label.h"
 #include "desktop/theme.h"
+#include "services/error_log.h"
+#include "services/fault.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
 #include "suite/text_color.h"
@@ -451,8 +453,10 @@ void ChooserWindow::Guarded(const std::function<void()>& work)
     try {
         work();
     } catch (const std::exception& error) {
-        Tell(QString::fromUtf8(error.what()), true);
+        LogError(practice_.folders.Client(), Now(), error);
+        Tell(Text(PreparersWords(error)).simplified(), true);
     }
+    practice_.company.engine()->RenewPatience();
 }
 
 } // namespace pgbp

@@ -1,3 +1,4 @@
+#include "services/fault.h"
 #include "services/options.h"
 #include "suite/chooser.h"
 #include "suite/commands.h"
@@ -35,6 +36,8 @@ try {
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {
-    std::cerr << "pgbp-suite: " << error.what() << '\n';
+    std::cerr << "pgbp-suite: " << pgbp::PreparersWords(error) << '\n';
+    if (const std::string technical = pgbp::TechnicalWords(error); !technical.empty())
+        std::cerr << technical << '\n';
     return 1;
 }

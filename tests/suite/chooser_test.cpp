@@ -1,6 +1,7 @@
 #include "suite/chooser_window.h"
 #include "suite/new_practice.h"
 
+#include "desktop/captions.h"
 #include "desktop/theme.h"
 #include "store/files.h"
 
@@ -15,9 +16,12 @@
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
+#include <QToolTip>
 
 #include <algorithm>
 #include <gtest/gtest.h>
+
+#include <fstream>
 
 namespace pgbp {
 namespace {
@@ -285,12 +289,36 @@ TEST_F(Chooser, TellsWhatTheStoreRefusesAndStaysOpen)
     }
     company.Execute("drop table {business}");
     QTest::keyClick(&Table(), Qt::Key_Down);
-    EXPECT_TRUE(Message().contains("could not be read")) << Message().toStdString();
+    EXPECT_TRUE(Message().contains("The data could not be read: the file \"") && Message().contains("company.mdb"))
+        << Message().toStdString();
+    std::ifstream log(folder.folder() / "client/pgbp-errors.log");
+    const std::string logged{std::istreambuf_iterator<char>(log), {}};
+    EXPECT_NE(logged.find("no such table"), std::string::npos) << logged;
     EXPECT_EQ(Table().currentIndex().row(), 1);
     company.Execute("drop table {assessee1}");
     Write("exit 1");
     window.Open();
     WaitFor("could not be read");
+}
+
+TEST(ChooserNames, AreShownAsTheyAreWritten)
+{
+    const TemporaryFolder place;
+    const std::string name = "<b>Bold & Sons";
+    CreatePractice(place.path() / name, PGBP_DATA);
+    const Practice practice(place.path() / name);
+    practice.company.Execute("update {assessee1} set comp_name = ? where code = '1001r2022-23'", name);
+    ChooserWindow window(place.path() / name, "module");
+    window.show();
+    QToolTip::showText({}, Text(name));
+    QApplication::processEvents();
+    int labels = 0;
+    for (const QWidget* widget : QApplication::allWidgets())
+        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
+            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
+            labels += label->text() == Text(name) ? 1 : 0;
+        }
+    EXPECT_GE(labels, 2) << "the folder's name and the tip";
 }
 
 } // namespace
