@@ -238,7 +238,8 @@ void frmbusiness::Close()
 {
     if (!recomputed_) // figures of a recompute that failed must not become the head of income
         Activate();
-    StoreHeadOfIncome();
+    if (!run.readOnly)
+        StoreHeadOfIncome();
     run.screens.End();
 }
 

@@ -56,13 +56,15 @@ void frmbusiness::Activate()
     recomputed_ = false;
     OpenGst();
     CloseDoors();
-    DeleteOrphanCells(run);
-    NoteWhetherBusinessExists();
+    if (!run.readOnly) {
+        DeleteOrphanCells(run);
+        NoteWhetherBusinessExists();
+    }
     DeleteRetailLines();
     CloseExemptShares();
     ShowIncomeUnderSection11();
     LicLimit = CommissionLimit(run);
-    if (Rules().PlantsLimits())
+    if (Rules().PlantsLimits() && !run.readOnly)
         PlantLimits2017(run);
     ShowLines();
     ShowAuditAdjustment();
@@ -121,7 +123,7 @@ void frmbusiness::NoteWhetherBusinessExists()
 void frmbusiness::DeleteRetailLines()
 {
     Label3 = std::string(Rules().Caption44AD());
-    if (!Rules().Has44AF() &&
+    if (!Rules().Has44AF() && !run.readOnly &&
         !run.company.Query("select code from {business} where code = ? and [Type] = '5'", run.Glcode).Empty())
         run.company.Delete("from {business} where code = ? and [Type] = '5'", run.Glcode);
     if (Rules().HasSpecified())
@@ -177,6 +179,8 @@ void frmbusiness::ShowLines()
     const std::pair<BusinessKind, label*> presumptive[] = {
         {kPresumptive44AD, &lbl3}, {kProfession44ADA, &LblADA}, {kTransport44AE, &lbl4}, {kRetail44AF, &lbl5}};
     for (const auto& [kind, line] : presumptive) {
+        if (kind == kRetail44AF && !Rules().Has44AF()) // lines that a run that stores nothing has not deleted
+            continue;
         const KindSums kindSums = sums.Of(TypeOf(kind));
         ShowSum(*line, PresumptiveIncome(kindSums.net.value_or(0), kindSums.net44));
     }

@@ -104,7 +104,8 @@ bool PartnerDeductions::CalculateMaximum()
     const Recordset stored = run_.company.Query(
         "select amt1, name1, minor from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
     const bool stands = IsTheRow(stored, remuneration_, Val(maximum)) && stored.First()["minor"].IsNull();
-    if (!stands) {
+    const bool writes = !stands && !run_.readOnly;
+    if (writes) {
         Transaction transaction({run_.company});
         run_.company.Delete("from {business1} where code = ? and [Type] = 'LESSREMU'", run_.Glcode);
         run_.company.Insert("business1", {{"code", run_.Code()},
@@ -114,13 +115,15 @@ bool PartnerDeductions::CalculateMaximum()
         transaction.Commit();
     }
     txtlesspart2 = maximum;
-    return !stands;
+    return writes;
 }
 
 void PartnerDeductions::Leave(const Deduction& deduction) const
 {
     if (deduction.field.text().empty())
         deduction.field = "0.00";
+    if (run_.readOnly)
+        return;
     const bool isChanged = DeductedAmount(run_, deduction.type).Number() != Val(deduction.field);
     Store(deduction);
     if (isChanged)

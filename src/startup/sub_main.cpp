@@ -77,6 +77,24 @@ void CheckDataFiles(Run& run)
         };
 }
 
+/// What can only be read is found here and not at the save of a line that was keyed: the run goes on as a locked one.
+/// Without the working file nothing goes on. Gives what the preparer is told.
+std::string LockWhatCanOnlyBeRead(Run& run)
+{
+    run.qeltemp.CheckWritable();
+    for (const Connection* file : {&run.company, &run.balance, &run.tax})
+        try {
+            file->CheckWritable();
+        } catch (const StoreError& error) {
+            run.Log(error);
+            run.readOnly = true;
+            run.GLlock = 1;
+            return "The file \"" + file->place().name +
+                   "\" can only be read: the year is open as a locked one, and nothing is stored.";
+        }
+    return {};
+}
+
 void OpenRights(Run& run)
 {
     const Recordset user = run.company.Query("select * from {user1} where code = ?", run.Gluser);
@@ -107,6 +125,7 @@ try {
     ReadHandOverRecord(run);
     ReadReturnForm(run);
     OpenDataFiles(run);
+    const std::string notice = LockWhatCanOnlyBeRead(run);
     CheckDataFiles(run);
     OpenRights(run);
     run.GLrep.clear(); // from here on the summary's marker: its first display refreshes the remuneration
@@ -114,6 +133,8 @@ try {
     run.screens.Show("frmmdi");
     if (run.assesseeYear.IsTaken())
         run.screens.OnDisplay()->notice = "This assessee-year is open in another window too: what is saved last stays.";
+    if (!notice.empty()) // where nothing is stored the other window does not matter
+        run.screens.OnDisplay()->notice = notice;
     return true;
 } catch (const std::exception& error) {
     run.Log(error);

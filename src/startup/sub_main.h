@@ -8,7 +8,7 @@ namespace pgbp {
 /// Starts the run: settings, hand-over record, connections, rights, then the frame and the summary. False when the run
 /// ends here because the database server cannot be reached: no message box tells it, `why` tells it to the program
 /// that started the module. Throws StoreError when a data file cannot be opened; nothing has been changed
-/// then.
+/// then. Where a data file of the practice can only be read the run goes on as a locked one, which the notice tells.
 bool SubMain(Run& run, std::string& why);
 
 /// The hand-over file.

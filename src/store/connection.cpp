@@ -46,7 +46,7 @@ Connection::Connection(std::shared_ptr<Engine> engine, std::string tablePrefix, 
 
 void Connection::CheckWritable() const
 {
-    Ask(Attempt::Save, place_, [&] { engine_->CheckWritable(tablePrefix_); });
+    Ask(Attempt::Open, place_, [&] { engine_->CheckWritable(tablePrefix_); });
 }
 
 const std::string& Connection::Text(std::string_view sql) const

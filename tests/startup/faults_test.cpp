@@ -1,6 +1,8 @@
 // What a run does where its files refuse: told once an action, logged, and never a loss.
 #include "controls/buttons.h"
+#include "income/frmbusiness.h"
 #include "support/empty_practice.h"
+#include "support/without_rights.h"
 
 #include <gtest/gtest.h>
 
@@ -78,6 +80,76 @@ TEST_F(Faults, WhatFailsAtTheStartIsLogged)
     folder.Write("server/tax.mdb", "no data file");
     EXPECT_THROW(StartWithFilesAsTheyAre(), StoreError);
     EXPECT_NE(Log().find("tax.mdb\" is no data file of this program"), std::string::npos) << Log();
+}
+
+/// An assessee-year whose summary writes in each of its ways.
+class ReadOnly : public Faults {
+  protected:
+    ReadOnly()
+    {
+        handOver.Glstatus = "06";
+        handOver.GLrep = "";
+        const Connection company = Company();
+        const char* code = handOver.Glcode.c_str();
+        company.Insert("business", {{"code", code}, {"Type", "1"}, {"sno", 1}, {"net", 500000}});
+        company.Insert("business", {{"code", code}, {"Type", "5"}, {"sno", 2}, {"net", 1}, {"net44", 7000}});
+        company.Insert("misc_items", {{"code", code}, {"Type", "Fast2018"}, {"name3", "0"}});
+        company.Insert("setup", {{"code", code}, {"auto_rem", false}});
+        company.Insert("business1", {{"code", code}, {"Type", "PARTREMU"}, {"sno", 1}, {"amt1", 90000}});
+        company.Insert("business1", {{"code", code}, {"Type", "PARTINTT"}, {"sno", 1}, {"amt3", 4000}});
+        Balance().Insert("qelgeneral", {{"code", code}, {"Type", "NEWPL"}, {"amt1", 255}, {"amt2", 77}});
+        WriteHandOver(File("handover/VornTemp.mdb"), handOver);
+        LetEverybodyIn(folder.path());
+    }
+    frmbusiness& Summary() { return static_cast<frmbusiness&>(*run->screens.Find("frmbusiness")); }
+    std::string HeadOfIncome()
+    {
+        return Summary().lbltotal.text() + ' ' + Summary().lblinc.text() + ' ' + Summary().lbllast.text();
+    }
+};
+
+TEST_F(ReadOnly, ARunOnFilesThatCanOnlyBeReadIsALockedOneAndSaysSo)
+{
+    const char* const places[] = {"server/company.mdb", "server/balance.mdb", "server/tax.mdb", "server"};
+    std::vector<std::string> shown;
+    for (const char* place : places) {
+        const WithoutRights without(folder.path() / place, kWriting);
+        StartWithFilesAsTheyAre();
+        EXPECT_TRUE(run->readOnly) << place;
+        const std::string notice = Summary().notice.get();
+        const std::string file = place == std::string("server") ? "server/company.mdb" : place;
+        EXPECT_EQ(notice, "The file \"" + (folder.path() / file).string() +
+                              "\" can only be read: the year is open as a locked one, and nothing is stored.");
+        EXPECT_FALSE(Summary().cmd1.enabled);
+        shown.push_back(HeadOfIncome());
+        Summary().Click(Summary().CmdBack);
+        EXPECT_TRUE(run->screens.Ended()) << place;
+        EXPECT_TRUE(boxes.shown.empty()) << place << ": " << boxes.shown.front().text;
+    }
+    EXPECT_EQ(Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 0);
+
+    StartWithFilesAsTheyAre();
+    EXPECT_FALSE(run->readOnly);
+    EXPECT_EQ(Summary().notice.get(), "");
+    for (const std::string& figures : shown)
+        EXPECT_EQ(figures, HeadOfIncome()) << "the same figures as where it can be written";
+}
+
+TEST_F(ReadOnly, WithoutTheWorkingFileNothingStarts)
+{
+    for (const char* place : {"client/data/qeltemp.mdb", "client/data"}) {
+        const WithoutRights without(folder.path() / place, kWriting);
+        try {
+            StartWithFilesAsTheyAre();
+            ADD_FAILURE() << place;
+        } catch (const StoreError& error) {
+            EXPECT_EQ(std::string(error.what()),
+                      "The data could not be opened: the file \"" +
+                          (folder.path() / "client/data/qeltemp.mdb").string() +
+                          "\" can only be read.\n\nNothing was changed. Allow changes to the file and to its folder, "
+                          "then try again.");
+        }
+    }
 }
 
 } // namespace
