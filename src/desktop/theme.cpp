@@ -4,8 +4,10 @@
 
 #include <QApplication>
 #include <QFontMetrics>
+#include <QLabel>
 #include <QPainter>
 #include <QPalette>
+#include <QProxyStyle>
 #include <QStyleFactory>
 
 #include <algorithm>
@@ -42,6 +44,20 @@ const Tokens kDark = {
 };
 
 const Tokens* theme = &kLight;
+
+/// What stands in a label, or in a tip, is data: mark-up in a name is shown as it was typed.
+class PlainTextStyle : public QProxyStyle {
+  public:
+    using QProxyStyle::polish;
+    using QProxyStyle::QProxyStyle;
+
+    void polish(QWidget* widget) override
+    {
+        QProxyStyle::polish(widget);
+        if (auto* label = qobject_cast<QLabel*>(widget))
+            label->setTextFormat(Qt::PlainText);
+    }
+};
 
 const Tokens& Choose(const QPalette& platform)
 {
@@ -181,7 +197,7 @@ void ApplyTheme(QApplication& application)
     QFont base = QApplication::font();
     base.setPointSizeF(std::max(10.0, base.pointSizeF()));
     QApplication::setFont(base);
-    QApplication::setStyle(QStyleFactory::create("Fusion"));
+    QApplication::setStyle(new PlainTextStyle(QStyleFactory::create("Fusion")));
     QApplication::setPalette(PaletteOf(*theme));
     QApplication::setWindowIcon(ProgramIcon());
     application.setStyleSheet(Sheet(*theme));
