@@ -1,6 +1,7 @@
 #include "computation/frmbusinesscal.h"
 #include "computation/line_under_test.h"
 #include "store/files.h"
+#include "support/without_rights.h"
 
 namespace pgbp {
 namespace {
@@ -453,6 +454,14 @@ TEST_F(PartnersFrame, PartnersComeFromTheBooks)
     EXPECT_EQ(before.partners.DbPart.Cell(1, 4), "1200.00");
     before.Click(before.partners.cmdsavepart);
     EXPECT_EQ(boxes.Take().text, "Please fill state correctly for Charu");
+    before.Click(before.header.CmdBack);
+
+    LetEverybodyIn(folder.path());
+    const WithoutRights without(books, std::filesystem::perms::all);
+    before.Click(before.CmdPartner);
+    EXPECT_TRUE(before.partners.frapartner.visible) << "the partners open without the link";
+    EXPECT_FALSE(before.partners.cmdImport.visible);
+    EXPECT_TRUE(boxes.shown.empty());
 }
 
 } // namespace
