@@ -1,24 +1,27 @@
 #include "services/ini_file.h"
 
+#include "services/fault.h"
 #include "services/text.h"
 
+#include <cerrno>
 #include <fstream>
 #include <functional>
 #include <optional>
 #include <sstream>
-#include <stdexcept>
-#include <system_error>
 
 namespace pgbp {
 namespace {
 
 constexpr std::size_t kBuffer = 4096; // one byte of it ends the text
 
-std::string ReadAll(const std::filesystem::path& path)
+std::string ReadAll(const clsIniFile& ini)
 {
-    std::ifstream file(path, std::ios::binary);
-    if (!file && FileExists(path))
-        throw std::runtime_error("The settings file " + path.string() + " can not be read.");
+    std::ifstream file(ini.File, std::ios::binary);
+    const int error = errno;
+    if (!file && FileExists(ini.File))
+        throw FileFault(error, Attempt::Read, ini.File.string());
+    if (!file)
+        return ini.Defaults;
     std::ostringstream text;
     text << file.rdbuf();
     return text.str();
@@ -88,7 +91,7 @@ std::optional<std::pair<std::size_t, std::size_t>> SectionBody(const std::vector
 }
 
 /// Calls `use` for each entry of the section until it gives false.
-void ForEachEntry(const std::filesystem::path& file, std::string_view section, const std::function<bool(Entry)>& use)
+void ForEachEntry(const clsIniFile& file, std::string_view section, const std::function<bool(Entry)>& use)
 {
     const auto lines = Lines(ReadAll(file));
     const auto body = SectionBody(lines, section);
@@ -100,7 +103,7 @@ void ForEachEntry(const std::filesystem::path& file, std::string_view section, c
 }
 
 /// The first entry of the key; an empty one when there is none.
-Entry FirstEntry(const std::filesystem::path& file, std::string_view section, std::string_view key)
+Entry FirstEntry(const clsIniFile& file, std::string_view section, std::string_view key)
 {
     Entry first;
     ForEachEntry(file, section, [&](Entry entry) {
@@ -113,7 +116,7 @@ Entry FirstEntry(const std::filesystem::path& file, std::string_view section, st
 }
 
 /// The section's entries as texts, as many as the buffer holds.
-std::vector<std::string> Listed(const std::filesystem::path& file, std::string_view section,
+std::vector<std::string> Listed(const clsIniFile& file, std::string_view section,
                                 const std::function<std::string(const Entry&)>& text)
 {
     std::vector<std::string> list;
@@ -143,19 +146,12 @@ std::size_t PlaceOfKey(const std::vector<std::string>& lines, std::pair<std::siz
     return behind;
 }
 
-void ReplaceFile(const std::filesystem::path& path, const std::vector<std::string>& lines)
+/// A line break would begin another entry.
+std::string InOneLine(std::string_view text)
 {
-    std::filesystem::path fresh = path;
-    fresh += ".new";
-    std::ofstream out(fresh, std::ios::binary | std::ios::trunc);
-    for (const auto& line : lines)
-        out << line;
-    out.close();
-    std::error_code error;
-    if (out)
-        std::filesystem::rename(fresh, path, error);
-    if (!out || error)
-        throw std::runtime_error("The settings file " + path.string() + " could not be written.");
+    std::string line(text);
+    std::erase_if(line, [](char c) { return c == '\r' || c == '\n' || c == '\0'; });
+    return line;
 }
 
 } // namespace
@@ -176,17 +172,17 @@ std::string FirstLine(const std::filesystem::path& path)
 
 std::string clsIniFile::GetValue(std::string_view section, std::string_view key) const
 {
-    return FirstEntry(File, section, key).Value().substr(0, kBuffer - 1);
+    return FirstEntry(*this, section, key).Value().substr(0, kBuffer - 1);
 }
 
 std::string clsIniFile::GetWritten(std::string_view section, std::string_view key) const
 {
-    return FirstEntry(File, section, key).written.substr(0, kBuffer - 1);
+    return FirstEntry(*this, section, key).written.substr(0, kBuffer - 1);
 }
 
 void clsIniFile::WriteValue(std::string_view section, std::string_view key, std::string_view value) const
 {
-    auto lines = Lines(ReadAll(File));
+    auto lines = Lines(ReadAll(*this));
     const bool endsOpen = !lines.empty() && lines.back().back() != '\n';
     const std::string lineEnd = !lines.empty() && lines.front().ends_with("\r\n") ? "\r\n" : "\n";
     if (endsOpen)
@@ -196,24 +192,42 @@ void clsIniFile::WriteValue(std::string_view section, std::string_view key, std:
         lines.push_back('[' + std::string(section) + ']' + lineEnd);
         body = std::pair{lines.size(), lines.size()};
     }
-    const std::string line = std::string(key) + '=' + Written(std::string(value)) + lineEnd;
+    const std::string line = std::string(key) + '=' + Written(InOneLine(value)) + lineEnd;
     const auto at = PlaceOfKey(lines, *body, key);
     if (const auto entry = at < body->second ? EntryOf(lines[at]) : std::nullopt;
         entry && EqualsIgnoringCase(entry->key, key))
         lines[at] = line;
     else
         lines.insert(lines.begin() + static_cast<std::ptrdiff_t>(at), line);
-    ReplaceFile(File, lines);
+    std::string content;
+    for (const std::string& each : lines)
+        content += each;
+    FreshFile fresh(File);
+    fresh.Write(content);
+    fresh.TakePlace();
+}
+
+void clsIniFile::MakeDefaults(Rights rights) const
+{
+    if (FileExists(File))
+        return;
+    try {
+        FreshFile fresh(File, rights);
+        fresh.Write(Defaults);
+        fresh.TakeFreePlace();
+    } catch (const Fault&) {
+        return; // the defaults count without a file, too
+    }
 }
 
 std::vector<std::string> clsIniFile::GetSection(std::string_view section) const
 {
-    return Listed(File, section, [](const Entry& entry) { return entry.key + '=' + entry.Value(); });
+    return Listed(*this, section, [](const Entry& entry) { return entry.key + '=' + entry.Value(); });
 }
 
 std::vector<std::string> clsIniFile::GetSectionKeys(std::string_view section) const
 {
-    return Listed(File, section, [](const Entry& entry) { return entry.key; });
+    return Listed(*this, section, [](const Entry& entry) { return entry.key; });
 }
 
 } // namespace pgbp

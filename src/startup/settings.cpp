@@ -33,12 +33,9 @@ std::vector<ServerLogin> LoginsOf(ServerLogin login, const clsIniFile& file, con
 
 std::vector<ServerLogin> ReadServerLogins(const Run& run)
 {
-    const clsIniFile file{run.host.programFolder / "VornServer.ini"};
-    if (!FileExists(file.File)) {
-        file.WriteValue("Server", "ServerNM", ComputerName());
-        file.WriteValue("Login", "LogName", "sa");
-        file.WriteValue("Login", "LogPwd", "");
-    }
+    const clsIniFile file{run.host.programFolder / "VornServer.ini",
+                          "[Server]\nServerNM=" + ComputerName() + "\n[Login]\nLogName=sa\nLogPwd=\n"};
+    file.MakeDefaults(Rights::OwnerAlone); // a password will stand in it
     return LoginsOf({file.GetValue("Server", "ServerNM"), Trim(file.GetValue("Login", "LogName")), "",
                      run.UseNativeClient, file.File.string()},
                     file, "Login", "LogPwd");
@@ -48,12 +45,9 @@ std::vector<ServerLogin> ReadServerLogins(const Run& run)
 std::vector<ServerLogin> ReadOVLogins(const Run& run)
 {
     const auto serverFile = run.host.programFolder / "Server.ini";
-    const clsIniFile file{run.host.programFolder / "OVServer.ini"};
-    if (!FileExists(file.File)) {
-        file.WriteValue("OV3", "SERVER", FileExists(serverFile) ? FirstLine(serverFile) : ComputerName());
-        file.WriteValue("OV3", "USER", "SA");
-        file.WriteValue("OV3", "PASS", "");
-    }
+    const std::string server = FileExists(serverFile) ? FirstLine(serverFile) : ComputerName();
+    const clsIniFile file{run.host.programFolder / "OVServer.ini", "[OV3]\nSERVER=" + server + "\nUSER=SA\nPASS=\n"};
+    file.MakeDefaults(Rights::OwnerAlone);
     return LoginsOf({file.GetValue("OV3", "SERVER"), Trim(file.GetValue("OV3", "USER")), "", run.UseNativeClient,
                      file.File.string()},
                     file, "OV3", "PASS");
@@ -75,9 +69,8 @@ Connection Open(std::span<const ServerLogin> logins, std::string_view database)
 
 void ReadSettings(Run& run)
 {
-    const clsIniFile file{run.host.programFolder / "Settings.ini"};
-    if (!FileExists(file.File))
-        file.WriteValue("DBTYPE", "DB", "MDB");
+    const clsIniFile file{run.host.programFolder / "Settings.ini", "[DBTYPE]\nDB=MDB\n"};
+    file.MakeDefaults();
     run.UseNativeClient = file.GetValue("Qel", "SQLTYPE") == "1";
     run.IsSqlStore = Upper(file.GetValue("DBTYPE", "DB")) == "SQL";
 }

@@ -1,7 +1,13 @@
 #include "startup/shared_services.h"
 
+#include "services/fault.h"
+#include "services/fresh_file.h"
 #include "services/ini_file.h"
 #include "startup/sub_main.h"
+
+#include <cerrno>
+#include <fstream>
+#include <sstream>
 
 namespace pgbp {
 namespace {
@@ -17,21 +23,27 @@ class Hourglass {
     const Host& host_;
 };
 
+std::string ReadEmptyHandOver(const Run& run)
+{
+    const auto path = run.host.programFolder / "VornTemp.mdb";
+    std::ifstream file(path, std::ios::binary);
+    if (!file)
+        throw FileFault(errno, Attempt::Read, path.string());
+    std::ostringstream content;
+    content << file.rdbuf();
+    return content.str();
+}
+
 /// Puts a hand-over file with this run's record in the place of the old one. The new file is made whole beside it
 /// first, so that a failure leaves the old one.
 void WriteHandOverFile(const Run& run)
 {
-    DataFile fresh = HandOverFile(run);
-    const auto place = fresh.path;
-    fresh.path += ".new";
-    const auto empty = run.host.programFolder / "VornTemp.mdb";
-    std::error_code error;
-    std::filesystem::copy_file(empty, fresh.path, std::filesystem::copy_options::overwrite_existing, error);
-    if (error)
-        throw StoreError("The empty hand-over file " + empty.string() + " could not be copied to " +
-                         fresh.path.string() + ": " + error.message() + '.');
-    WriteHandOver(OpenFile(fresh), run);
-    std::filesystem::rename(fresh.path, place);
+    DataFile file = HandOverFile(run);
+    FreshFile fresh(file.path);
+    fresh.Write(ReadEmptyHandOver(run));
+    file.path = fresh.path();
+    WriteHandOver(OpenFile(file), run);
+    fresh.TakePlace();
 }
 
 } // namespace

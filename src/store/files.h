@@ -33,8 +33,8 @@ std::vector<Connection> OpenFiles(std::span<const DataFile> files);
 /// One file in a session of its own.
 Connection OpenFile(const DataFile& file);
 
-/// Makes a new, empty embedded data file with the tables that `file` ("company", "qeltemp", "VornTemp" ...) holds in
-/// the inventory. Throws StoreError when the path exists.
+/// Makes, whole and in one step, a new, empty embedded data file with the tables that `file` ("company", "qeltemp",
+/// "VornTemp" ...) holds in the inventory. Throws StoreError when the path exists.
 void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file);
 
 /// The ODBC connection string of a Jet file.

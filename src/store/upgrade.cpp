@@ -1,5 +1,6 @@
 #include "store/upgrade.h"
 
+#include "services/fresh_file.h"
 #include "services/text.h"
 #include "store/causes.h"
 #include "store/embedded_engine.h"
@@ -115,15 +116,14 @@ void SetVersion(SQLite::Database& database, int version)
 /// Through the engine, since a plain copy would let go of this process's locks on the file when it closes it.
 void CopyBeside(const std::filesystem::path& file, int version)
 {
-    const std::string copy = file.string() + ".v" + std::to_string(version) + ".bak";
-    const std::string half = copy + ".new";
-    std::filesystem::remove(half);
+    FreshFile copy(file.string() + ".v" + std::to_string(version) + ".bak", Rights::OwnerAlone);
     {
         SQLite::Database source(file.string(), SQLite::OPEN_READONLY, kBusyTimeoutMilliseconds);
-        SQLite::Database target(half, SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Database target(copy.path().string(), SQLite::OPEN_READWRITE);
         SQLite::Backup(target, source).executeStep();
     }
-    std::filesystem::rename(half, copy);
+    copy.TakeRightsOf(file);
+    copy.TakePlace();
 }
 
 void UpgradeOneStep(SQLite::Database& database, const std::filesystem::path& file)
@@ -187,10 +187,9 @@ void BringUpToDate(const std::filesystem::path& file)
 
 void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file)
 {
-    if (std::filesystem::exists(path))
-        throw StoreError("The data file \"" + path.string() + "\" stands already.");
+    FreshFile fresh(path);
     try {
-        SQLite::Database database(path.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_CREATE);
+        SQLite::Database database(fresh.path().string(), SQLite::OPEN_READWRITE);
         SQLite::Transaction whole(database);
         for (const Step step : kSteps)
             step(database, file);
@@ -199,6 +198,8 @@ void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file
     } catch (const SQLite::Exception& error) {
         throw Refused(error, path);
     }
+    if (!fresh.TakeFreePlace())
+        throw StoreError("The data file \"" + path.string() + "\" stands already.");
 }
 
 } // namespace pgbp

@@ -71,6 +71,19 @@ class Setter {
     std::string_view text_;
 };
 
+/// Another program may do so at the same time.
+void MakeWhereMissing(const std::filesystem::path& path)
+{
+    if (FileExists(path))
+        return;
+    try {
+        CreateEmbeddedFile(path, "VornTemp");
+    } catch (const StoreError&) {
+        if (!FileExists(path))
+            throw;
+    }
+}
+
 } // namespace
 
 HandOver PrepareHandOver(const Practice& practice, const AssesseeYear& assesseeYear)
@@ -105,8 +118,7 @@ void SetColumn(HandOver& record, std::string_view columnAndValue)
 void WriteHandOverFile(const Practice& practice, const HandOver& record)
 {
     const std::filesystem::path path = practice.HandOverFile();
-    if (!FileExists(path))
-        CreateEmbeddedFile(path, "VornTemp");
+    MakeWhereMissing(path);
     const Connection file = OpenFile({path, {}});
     WriteHandOver(file, record);
     file.Execute("update {main} set GlProv = ?", record.GlProv); // the plain hand-over leaves it out

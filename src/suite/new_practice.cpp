@@ -8,8 +8,8 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
+#include <random>
 #include <stdexcept>
-#include <unistd.h>
 
 namespace pgbp {
 namespace {
@@ -21,12 +21,14 @@ class FolderInWork {
   public:
     explicit FolderInWork(const fs::path& place) : place_(place), path_(place)
     {
-        path_ += ".new-" + std::to_string(getpid());
+        path_ += ".new-" + std::to_string(std::random_device{}());
         if (fs::exists(place_) && (!fs::is_directory(place_) || !fs::is_empty(place_)))
             throw std::runtime_error(
                 "The folder " + place_.string() +
                 " is not empty. A new practice wants an empty folder, or one that does not exist.");
-        fs::create_directories(path_);
+        fs::create_directories(place_.parent_path());
+        if (!fs::create_directory(path_)) // never one that somebody put there
+            throw std::runtime_error("The folder " + path_.string() + " is in the way. Please try again.");
     }
     ~FolderInWork()
     {

@@ -1,5 +1,6 @@
 #include "services/ini_file.h"
 
+#include "services/fault.h"
 #include "support/temporary_folder.h"
 
 #include <gtest/gtest.h>
@@ -97,8 +98,41 @@ TEST_F(IniFile, SurvivesRandomBytes)
 
 TEST_F(IniFile, TellsWhenItCanNotWrite)
 {
-    EXPECT_THROW((clsIniFile{folder.path() / "no such folder" / "a.ini"}.WriteValue("S", "K", "v")),
-                 std::runtime_error);
+    EXPECT_THROW((clsIniFile{folder.path() / "no such folder" / "a.ini"}.WriteValue("S", "K", "v")), Fault);
+}
+
+TEST_F(IniFile, AValueWithLineBreaksAddsNoEntry)
+{
+    const auto file = File("[S]\nK=v\n");
+    file.WriteValue("S", "K", "ABCDE1234F\r\n[Login]\nLogPwd=x");
+    EXPECT_EQ(Content(), "[S]\nK=ABCDE1234F[Login]LogPwd=x\n");
+}
+
+TEST_F(IniFile, ARewrittenFileKeepsItsRightsAndFollowsNoLink)
+{
+    using std::filesystem::perms;
+    const auto file = File("[S]\nK=old\n");
+    const perms rights = perms::owner_read | perms::owner_write | perms::group_read;
+    std::filesystem::permissions(file.File, rights);
+    folder.Write("victim", "kept");
+    create_symlink(folder.path() / "victim", folder.path() / "Settings.ini.new");
+    file.WriteValue("S", "K", "v");
+    EXPECT_EQ(Content(), "[S]\nK=v\n");
+    EXPECT_EQ(status(file.File).permissions(), rights);
+    EXPECT_EQ(folder.Read("victim"), "kept");
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder.path()), {}), 3) << "nothing is left over";
+}
+
+TEST_F(IniFile, DefaultsCountWhileTheFileIsMissing)
+{
+    const clsIniFile file{folder.path() / "Settings.ini", "[S]\nK=default\n"};
+    EXPECT_EQ(file.GetValue("S", "K"), "default");
+    file.MakeDefaults();
+    EXPECT_EQ(Content(), file.Defaults);
+    folder.Write("Settings.ini", "[S]\n");
+    file.MakeDefaults();
+    EXPECT_EQ(file.GetValue("S", "K"), "") << "a file that is there says everything";
+    (clsIniFile{folder.path() / "no such folder" / "a.ini"}).MakeDefaults();
 }
 
 TEST_F(IniFile, FirstLinesAndExistence)

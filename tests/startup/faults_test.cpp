@@ -152,5 +152,15 @@ TEST_F(ReadOnly, WithoutTheWorkingFileNothingStarts)
     }
 }
 
+TEST_F(ReadOnly, AProgramFolderThatCanOnlyBeReadStartsWithTheDefaults)
+{
+    const WithoutRights without(folder.path(), kWriting);
+    StartWithFilesAsTheyAre();
+    EXPECT_TRUE(opened);
+    EXPECT_FALSE(run->readOnly);
+    EXPECT_FALSE(run->IsSqlStore);
+    EXPECT_FALSE(exists(folder.path() / "Settings.ini"));
+}
+
 } // namespace
 } // namespace pgbp

@@ -4,6 +4,7 @@
 #include "services/ini_file.h"
 #include "startup/settings.h"
 #include "store/server.h"
+#include "support/at_once.h"
 #include "support/empty_practice.h"
 
 #include <gtest/gtest.h>
@@ -139,6 +140,38 @@ TEST(SubMain, GoesOnWithEmptyValuesWithoutAHandOver)
             << words;
         EXPECT_EQ(each->run->Glcode, "");
     }
+}
+
+TEST(SubMain, ManyFirstStartsAtOnceAllSucceed)
+{
+    for (int round = 0; round < 8; ++round) {
+        EmptyPractice practice;
+        WriteHandOver(practice.File("handover/VornTemp.mdb"), practice.handOver);
+        practice.Company().Execute("pragma user_version = 0");
+        practice.Tax().Execute("pragma user_version = 0");
+        const auto start = [&] {
+            practice.StartWithFilesAsTheyAre();
+            CheckOVServer(*practice.run);
+        };
+        EXPECT_EQ(FailuresAtOnce(12, start), std::vector<std::string>());
+        EXPECT_EQ(practice.folder.Read("Settings.ini"), "[DBTYPE]\nDB=MDB\n");
+        EXPECT_TRUE(practice.folder.Read("OVServer.ini").ends_with("\nUSER=SA\nPASS=\n"));
+        for (const auto& entry : std::filesystem::recursive_directory_iterator(practice.folder.path()))
+            EXPECT_NE(entry.path().extension(), ".new") << entry.path();
+    }
+}
+
+TEST(Settings, ThatHoldAPasswordAreMadeForTheirOwnerAlone)
+{
+    EmptyPractice practice;
+    CheckOVServer(practice.Start());
+    practice.folder.Write("Settings.ini", "[DBTYPE]\nDB=SQL\n");
+    practice.StartWithFilesAsTheyAre();
+    EXPECT_FALSE(practice.opened) << "there is no server here";
+    for (const char* name : {"VornServer.ini", "OVServer.ini"})
+        EXPECT_EQ(status(practice.folder.path() / name).permissions(),
+                  std::filesystem::perms::owner_read | std::filesystem::perms::owner_write)
+            << name;
 }
 
 TEST(Settings, ChooseTheStore)

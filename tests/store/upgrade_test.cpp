@@ -42,6 +42,8 @@ TEST(Upgrade, AFileWithoutOurIndexesGetsThemAndKeepsItsRowsAndACopy)
 {
     const TemporaryFolder folder;
     const path file = OldFile(folder);
+    const auto rights = std::filesystem::perms::owner_read | std::filesystem::perms::owner_write;
+    std::filesystem::permissions(file, rights);
     const auto company = OpenFile({.path = file, .dsn = {}});
     const Recordset rows = company.Query("select * from {business}");
     ASSERT_EQ(rows.Size(), 2u);
@@ -53,6 +55,7 @@ TEST(Upgrade, AFileWithoutOurIndexesGetsThemAndKeepsItsRowsAndACopy)
 
     const path copy = file.string() + ".v0.bak";
     EXPECT_EQ(Ask(copy, "select count(*) from business"), "2");
+    EXPECT_EQ(status(copy).permissions(), rights) << "a copy shows what the file hides";
     EXPECT_EQ(Ask(copy, kIndexes), "0");
     std::filesystem::remove(copy);
     OpenFile({.path = file, .dsn = {}});

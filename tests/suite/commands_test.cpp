@@ -5,6 +5,7 @@
 #include "suite/commands.h"
 #include "suite/hand_over_row.h"
 #include "suite/new_practice.h"
+#include "support/at_once.h"
 
 #include <algorithm>
 #include <functional>
@@ -241,6 +242,29 @@ TEST_F(Commands, EnsureMakesAPracticeOnceAndThenLeavesIt)
     std::filesystem::remove_all(made.folder());
     Run({"ensure"});
     EXPECT_TRUE(IsPractice(made.folder()));
+}
+
+TEST(FirstStarts, ManyAtOnceMakeOnePracticeAndOneHandOverFile)
+{
+    const TemporaryFolder place;
+    const std::filesystem::path folder = place.path() / "practice";
+    FakeModule module;
+    const auto ensure = [&] {
+        std::ostringstream out;
+        Suite suite{folder, PGBP_DATA, "pgbp", module, out};
+        RunCommand(suite, std::vector<std::string>{"ensure"});
+    };
+    EXPECT_EQ(FailuresAtOnce(4, ensure), std::vector<std::string>());
+    EXPECT_EQ(std::distance(std::filesystem::directory_iterator(place.path()), {}), 1) << "nothing is left over";
+
+    const auto handOver = [&] {
+        const Practice practice(folder);
+        WriteHandOverFile(practice, PrepareHandOver(practice, FindAssesseeYear(practice, "1001r2022-23")));
+    };
+    for (int round = 0; round < 5; ++round) {
+        std::filesystem::remove(folder / "handover/VornTemp.mdb");
+        EXPECT_EQ(FailuresAtOnce(8, handOver), std::vector<std::string>());
+    }
 }
 
 } // namespace
