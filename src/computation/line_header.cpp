@@ -2,6 +2,7 @@
 
 #include "records/deletion.h"
 #include "records/keys.h"
+#include "records/used_texts.h"
 #include "records/working_copies.h"
 #include "services/format.h"
 #include "services/text.h"
@@ -39,6 +40,9 @@ void LineHeader::Open(const Opening& opening)
     txtdescr1 = Stored("name1").Text();
     txtdescr2 = Stored("name2").Text();
     txtpnl = Amount(Stored("PNL").Number());
+    const UsedTexts used = TextsUsedInLines(run_);
+    txtdescr1.SetOffers(used.name1);
+    txtdescr2.SetOffers(used.name2);
 }
 
 void LineHeader::Opened(std::vector<const frame*> frames)

@@ -208,6 +208,16 @@ void Form::StepAmong(const std::vector<Control*>& stops, int direction)
     SetFocus(*stops[static_cast<std::size_t>((from + direction + count) % count)]);
 }
 
+/// Down from the field before the button that adds goes on to the rows below it; Enter presses the button.
+void Form::FocusBelow()
+{
+    const auto stops = Stops();
+    const auto at = std::find(stops.begin(), stops.end(), focused_);
+    const bool addsToRows = stops.end() - at > 2 && dynamic_cast<const cmd*>(at[1]) && StopsEnter(*at[1]) &&
+                            dynamic_cast<const grid*>(at[2]);
+    addsToRows ? static_cast<void>(SetFocus(*at[2])) : FocusNext();
+}
+
 void Form::FocusGrid()
 {
     const auto stops = Stops();

@@ -50,6 +50,7 @@ class Form {
     /// Moves the focus if the old field lets go and the new one can be reached.
     bool SetFocus(Control& control);
     void FocusNext();
+    void FocusBelow();
     void
     FocusNextField(); ///< as Enter goes: past the buttons beside amounts, to Add in a list, to the main button at last
     void FocusPrevious();

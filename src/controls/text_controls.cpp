@@ -189,7 +189,7 @@ bool TextBox::KeyDown(Key key)
         return true;
     }
     if (walks_ == Walks::Yes && key == Key::Down) {
-        form().FocusNext();
+        form().FocusBelow();
         return true;
     }
     if (walks_ == Walks::Yes && key == Key::Up) {

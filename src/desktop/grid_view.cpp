@@ -134,7 +134,6 @@ GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
                                       [](const GridColumn& column) { return column.kind != GridColumnKind::Hidden; }) -
                          columns.begin());
     table_->setModel(model_.get());
-    MeasureAmounts();
     Dress();
     chosen_.assign(columns.size(), 0);
     if (form.memory)

@@ -286,7 +286,8 @@ void Interpreter::ExecuteScript(std::istream& script, std::ostream& out, OnError
             }
         } catch (const std::exception& error) {
             printAll();
-            const std::string technical = TechnicalWords(error);
+            const auto* fault = dynamic_cast<const Fault*>(&error);
+            const std::string technical = fault ? fault->technical() : "";
             const std::string what = "line " + std::to_string(number) + ": " + error.what() +
                                      (technical.empty() ? "" : '\n' + technical);
             if (onError == OnError::Stop)

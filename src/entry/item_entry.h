@@ -88,6 +88,7 @@ class ItemEntry {
     /// Forgets everything.
     void Close() { Reset({}); }
     const std::vector<Item>& items() const { return items_; }
+    const std::vector<ItemColumn<Item>>& columns() const { return columns_; }
     /// Puts these in place of the items, or behind them.
     void Replace(std::vector<Item> items);
     void Append(const std::vector<Item>& items);

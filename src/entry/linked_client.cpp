@@ -34,7 +34,8 @@ std::optional<LinkedClient> FindLinkedClient(const Run& run)
                                         false, client, run.Glyear);
         if (!code.IsNull())
             return LinkedClient{std::move(books), code.Text()};
-    } catch (const std::runtime_error&) { // the accounts product is no part of this practice: its faults are not ours to tell
+    } catch (const std::runtime_error&) { // the accounts product is no part of this practice: its faults are not ours
+                                          // to tell
     }
     return std::nullopt;
 }

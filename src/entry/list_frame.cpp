@@ -1,5 +1,8 @@
 #include "entry/list_frame.h"
 
+#include "records/used_texts.h"
+#include "services/text.h"
+
 namespace pgbp {
 
 ListFrame::ListFrame(Screen& form, const Names& names, std::vector<ItemColumn<WorkItem>> columns)
@@ -23,8 +26,21 @@ void ListFrame::Open(const AdjustmentList& list)
     list_ = &list;
     panel.caption = list.caption.text();
     Prepare(list);
+    OfferUsedTexts();
     entry.Open(ReadWorkList(form_.run, list.type));
     form_.Raise(panel, entry.FirstField());
+}
+
+void ListFrame::OfferUsedTexts()
+{
+    const UsedTexts used = TextsUsedInLists(form_.run, list_->type);
+    for (const ItemColumn<WorkItem>& column : entry.columns()) {
+        const auto* text = std::get_if<std::string WorkItem::*>(&column.member);
+        if (text && column.field && *text == &WorkItem::name1)
+            column.field->SetOffers(used.name1);
+        if (text && column.field && *text == &WorkItem::name2)
+            column.field->SetOffers(used.name2);
+    }
 }
 
 bool ListFrame::Altered() const { return list_ && (entry.Altered() || (list_->alteredAlong && list_->alteredAlong())); }
@@ -39,6 +55,7 @@ void ListFrame::Save()
     if (list_->storeAlong)
         list_->storeAlong(transaction);
     transaction.Commit();
+    form_.notice = Replace(panel.caption.get(), "&&", "&") + ' ' + rows.footer().front() + ", stored when the line is saved.";
     Leave();
 }
 

@@ -65,6 +65,7 @@ class ListFrame {
     virtual void Restore() {}
 
   private:
+    void OfferUsedTexts();
     void Save();
     void Leave();
 

@@ -168,7 +168,7 @@ void Partners::Wire()
     TxtPart_PAN.onGotFocus = [this] { TxtPart_PAN.Select(static_cast<int>(TxtPart_PAN.text().size()), 0); };
     TxtPart_PAN.onLostFocus = [this] { LookUp(); };
     ImgHelp.onClick = [this] { search.Open(); };
-    Image2.onClick = [this] { CheckPAN(run_, TxtPart_PAN.text()); };
+    Image2.onClick = [this] { CheckPAN(screen, TxtPart_PAN.text()); };
     cmdImport.onClick = [this] { ImportCapital(); };
     cmdsavepart.onClick = [this] { Save(); };
     cmdbackpartner.onClick = [this] { Leave(); };

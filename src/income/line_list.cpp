@@ -95,11 +95,19 @@ void LineList::Fill(const Recordset& lines)
                              {"SNO", line["SNO"]}});
     transaction.Commit();
 
+    double profit = 0;
+    double income = 0;
+    for (const Row line : lines) {
+        profit += line["PNL"].Number();
+        income += line["NET"].Number();
+    }
     std::vector<std::vector<std::string>> rows;
     for (const Row row : work.Query("select * from {misc} where code1 = ? order by name", run_.Glcode))
         rows.push_back({row["Name"].Text(), Amount(row["amt1"].Number()), Amount(row["amt2"].Number()),
                         row["amt3"].Text(), row["SNO"].Text()});
     DBGrid1.SetRows(std::move(rows));
+    DBGrid1.SetFooter(
+        {std::to_string(lines.Size()) + (lines.Size() == 1 ? " line" : " lines"), SumText(profit), SumText(income)});
 }
 
 void LineList::Choose(int row)

@@ -122,8 +122,6 @@ void PartnerDeductions::Leave(const Deduction& deduction) const
 {
     if (deduction.field.text().empty())
         deduction.field = "0.00";
-    if (run_.readOnly)
-        return;
     const bool isChanged = DeductedAmount(run_, deduction.type).Number() != Val(deduction.field);
     Store(deduction);
     if (isChanged)
@@ -159,7 +157,7 @@ bool PartnerDeductions::IsStored(const Deduction& deduction) const
 
 void PartnerDeductions::Store(const Deduction& deduction) const
 {
-    if (IsStored(deduction))
+    if (run_.readOnly || IsStored(deduction))
         return;
     std::vector<Value> values{run_.Glcode, deduction.type};
     if (run_.GLminor != 0)

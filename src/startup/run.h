@@ -70,6 +70,8 @@ class Run : public HandOver {
     std::shared_ptr<DailyCheck> dailyCheck; ///< none where the data files are not checked
     Recordset rights;                       ///< rows of `user_comp` for the user's category; open to the end of the run
 
+    bool knowsNoPanCheck = false; ///< the preparer was told that the program that checks a PAN is missing
+
     NameLock assesseeYear; ///< held as long as the run lives, so that a second run on it can be told so
 
     Screens screens;

@@ -5,6 +5,8 @@
 #include "services/ini_file.h"
 #include "startup/sub_main.h"
 
+#include <utility>
+
 #include <cerrno>
 #include <fstream>
 #include <sstream>
@@ -53,14 +55,17 @@ void ShowNotApplicable(const Run& run, const std::string& item, const std::strin
     run.Show(item + " is only applicable for " + who, "Information", Icon::Exclamation);
 }
 
-void CheckPAN(const Run& run, const std::string& pan)
+void CheckPAN(Screen& screen, const std::string& pan)
 {
+    Run& run = screen.run;
     clsIniFile{run.GlDrive / "vornsite.ini"}.WriteValue("CHALLAN", "PAN", pan);
     const auto program = run.host.programFolder / "vet_pan.exe";
     if (FileExists(program))
-        run.host.processes.Start(program);
-    else
+        return run.host.processes.Start(program);
+    if (!std::exchange(run.knowsNoPanCheck, true))
         run.host.boxes.Show({"Vet_Pan.exe file not found...", ""});
+    screen.notice =
+        "The PAN check is the suite's program vet_pan.exe. It belongs into " + run.host.programFolder.string();
 }
 
 std::string PreviousYearCode(const Run& run)

@@ -7,8 +7,9 @@ namespace pgbp {
 /// Tells that an item is only for some assessees: item + " is only applicable for " + who.
 void ShowNotApplicable(const Run& run, const std::string& item, const std::string& who);
 
-/// Leaves the PAN where the checking program looks for it and starts that program, without waiting for it.
-void CheckPAN(const Run& run, const std::string& pan);
+/// Leaves the PAN where the checking program looks for it and starts that program, without waiting for it. Where the
+/// program is missing a box says so the first time in a run, and the status line where it belongs.
+void CheckPAN(Screen& screen, const std::string& pan);
 
 /// `code` of the same assessee in the assessment year before this one in the suite's list; empty when there is none.
 std::string PreviousYearCode(const Run& run);

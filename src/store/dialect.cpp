@@ -20,6 +20,7 @@ constexpr Dialect kSqlServer{
     .statusAtMost3 = "cast(status as float) <= 3",
     .trueLiteral = "1",
     .insertionOrder = "", // the suite's server tables hold no column that tells it
+    .latestRows = "",
     .sessionStart = "set lock_timeout 5000",
     .lockPattern = "",
     .lockClause = " with (tablockx, holdlock)",
@@ -55,7 +56,8 @@ const Dialect kJetDialect{
     .statusAtMost3 = "val(status) <= 3",
     .trueLiteral = "True",
     .insertionOrder = "", // the engine reads a table without a key in the order of its pages
-    .sessionStart = "",   // the connection string says it
+    .latestRows = "",
+    .sessionStart = "", // the connection string says it
     // reading locks nothing here: the row with the smallest number, which stays, stands for the table
     .lockPattern = "update {t} set {} = {} where {} = (select min({}) from {t})",
     .lockClause = "",
@@ -85,6 +87,7 @@ const Dialect kEmbeddedDialect{
     .statusAtMost3 = "cast(status as real) <= 3",
     .trueLiteral = "1",
     .insertionOrder = " order by rowid",
+    .latestRows = " order by rowid desc limit 300",
     .sessionStart = "", // the engine's opening says it
     .lockPattern = "",  // a transaction that writes has the file to itself from its beginning
     .lockClause = "",

@@ -17,6 +17,7 @@ struct Dialect {
     std::string_view statusAtMost3;         ///< condition on `status`, a text, as a number
     std::string_view trueLiteral;           ///< the value of a set flag in a condition
     std::string_view insertionOrder;        ///< " order by ..." that gives rows in the order they were added, or empty
+    std::string_view latestRows;            ///< " order by ..." that gives a few rows, those added last; or empty
     std::string_view sessionStart;          ///< statement that begins a session: how long it waits; or empty
     std::string_view lockPattern;     ///< statement before a table's largest number is read: others wait with theirs
     std::string_view lockClause;      ///< behind the table whose largest number is read, to the same end

@@ -106,6 +106,29 @@ TEST_F(AdjustmentLists, RowsThatAreAlikeAreTakenBackTogether)
     EXPECT_EQ(screen.fra1.rows.Cell(2, 1), "10.00");
 }
 
+TEST_F(AdjustmentLists, OfferWhatWasUsedBefore)
+{
+    Line("1");
+    Detail("560", {{"name1", "28(iv)"}, {"name2", "Machine"}, {"amt1", 1}});
+    Detail("23a", {{"name1", "37"}, {"name2", "Fine"}, {"amt1", 1}});
+    for (const char* code : {handOver.GlPrCode.c_str(), "B0002r2023-24"})
+        for (const char* text : {"Machine", "Gift of a dealer"})
+            Company().Insert("business1", {{"code", code}, {"Type", "560"}, {"SNO", 3}, {"name2", text}});
+    frmbusinesscal& screen = OpenScreen();
+    screen.Click(screen.cmd560);
+    screen.SetFocus(screen.fra2.txtname1);
+    screen.fra2.txtname1.OpenOffers();
+    EXPECT_EQ(screen.fra2.txtname1.offers().shown(), (std::vector<std::string>{"Machine", "Gift of a dealer"}));
+    screen.Press(Key::Escape);
+    screen.SetFocus(screen.fra2.txtamount1);
+    screen.Press(Key::Down);
+    EXPECT_EQ(screen.focused(), &screen.fra2.rows) << "Down passes over Add";
+    screen.Press(Key::Delete);
+    screen.Click(screen.fra2.save);
+    EXPECT_EQ(screen.notice.get(), "Income specified in Sec 28(ii) to 28(vi) not included in NP : 0 items, stored when "
+                                   "the line is saved.");
+}
+
 TEST_F(AdjustmentLists, ChecksOfAddInTheirOrder)
 {
     struct Case {

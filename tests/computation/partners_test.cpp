@@ -454,7 +454,7 @@ TEST_F(PartnersFrame, PartnersComeFromTheBooks)
     EXPECT_EQ(before.partners.DbPart.Cell(1, 4), "1200.00");
     before.Click(before.partners.cmdsavepart);
     EXPECT_EQ(boxes.Take().text, "Please fill state correctly for Charu");
-    before.Click(before.header.CmdBack);
+    before.Click(before.partners.cmdbackpartner);
 
     LetEverybodyIn(folder.path());
     const WithoutRights without(books, std::filesystem::perms::all);

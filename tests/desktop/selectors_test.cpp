@@ -147,7 +147,7 @@ TEST_F(Selectors, OfferTextsBelowAFieldWithoutTakingTheKeyboard)
         auto* offered = view.findChild<QListWidget*>("offers of " + QString::fromStdString(box->name()));
         ASSERT_TRUE(offered && offered->isVisible());
         EXPECT_EQ(offered->count(), 2);
-        EXPECT_EQ(view.focusWidget(), &field);
+        EXPECT_EQ(view.focusWidget(), &field) << view.focusWidget()->metaObject()->className();
         EXPECT_GT(offered->y(), field.mapTo(&view, QPoint()).y());
         Press(Qt::Key_Down);
         EXPECT_EQ(offered->currentRow(), 0);

@@ -55,7 +55,7 @@ TEST_F(Faults, ALockedFileCostsOneWaitAndOneBoxAnAction)
     OpenFile({folder.path() / "server/company.mdb", {}}).Execute("drop table {business}");
     run->screens.OnDisplay()->Do([&] { static_cast<Writing*>(run->screens.OnDisplay())->Write(); });
     EXPECT_NE(boxes.Take().text.find("company.mdb"), std::string::npos) << "the next action tells its own";
-    EXPECT_NE(Log().find("insert into main.[business]"), std::string::npos) << Log();
+    EXPECT_NE(Log().find("insert into [business]"), std::string::npos) << Log();
     EXPECT_EQ(Log().find("Souza"), std::string::npos) << "no values: " << Log();
 }
 

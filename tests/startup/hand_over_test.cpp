@@ -127,10 +127,14 @@ TEST(SharedServices, LeaveThePanForTheCheckingProgram)
 {
     EmptyPractice practice;
     pgbp::Run& run = practice.Start();
-    CheckPAN(run, "ABCPE1234F");
+    Screen& screen = *run.screens.OnDisplay();
+    CheckPAN(screen, "ABCPE1234X");
     EXPECT_EQ(practice.boxes.Take().text, "Vet_Pan.exe file not found...");
+    CheckPAN(screen, "ABCPE1234F");
+    EXPECT_TRUE(practice.boxes.shown.empty()) << "told once";
+    EXPECT_NE(screen.notice.get().find(practice.folder.path().string()), std::string::npos);
     EXPECT_EQ(practice.folder.Read("handover/vornsite.ini"), "[CHALLAN]\nPAN=ABCPE1234F\n");
     practice.folder.Write("vet_pan.exe", "");
-    CheckPAN(run, "ABCPE1234F");
+    CheckPAN(screen, "ABCPE1234F");
     EXPECT_EQ(practice.processes.started, std::vector<std::string>{"vet_pan.exe"});
 }
