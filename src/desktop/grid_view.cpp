@@ -96,7 +96,7 @@ class GridModel : public QAbstractTableModel {
 
 namespace {
 
-constexpr int kWantedText = 28 * kUnit;
+constexpr int kWantedText = 30 * kUnit;
 constexpr int kLeastText = 18 * kUnit; ///< of a text column; narrower, and the grid scrolls
 
 int LeastHeight() { return 6 * GridRowHeight(); }

@@ -140,17 +140,20 @@ std::vector<ItemColumn<PartnerRow>> Partners::Columns()
 
 void Partners::LayOut()
 {
+    // in columns of its own: a long caption does not part those above from their fields
+    fratotals.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Caption, LayoutColumn::Amount},
+                   .rows = {{{&ChkChange, &lblallowremuc, &lblallowremu}}}});
     frapartner.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button, LayoutColumn::Caption,
                                 LayoutColumn::Field, LayoutColumn::Button},
                     .rows = {{{&lblpartner, &txtpartner, &ImgHelp, &lblpan, &TxtPart_PAN, &Image2}},
                              {{&lbladdress, &TxtPart_Add, nullptr, &lblcity, &TxtCity}},
                              {{&lblstate, &txtstate, nullptr, &lblpin, &TxtPIN}},
-                             {{&lblstatus, &CboStatus, nullptr, &Label6, &TXTDin}},
+                             {.cells = {&lblstatus, &CboStatus, nullptr, &Label6, &TXTDin}, .keepsPlace = true},
                              {{&lblratioc, &txtratio, nullptr, &lblrate, &TxtInttRate}},
                              {{&lblpart1c, &txtpart1, nullptr, &lblallow, &txtAllow}},
                              {{&lblpart2c, &txtpart2, nullptr, nullptr, &ChkCurrent, &cmdaddpart}},
                              {{&DbPart}},
-                             {{&ChkChange, nullptr, nullptr, &lblallowremuc, &lblallowremu}}},
+                             {{&fratotals}}},
                     .buttonsLeft = {&previous.CmdImp, &cmdImport},
                     .buttonsRight = {&cmdsavepart, &cmdbackpartner}});
     cmdsavepart.isDefault = true;

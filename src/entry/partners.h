@@ -85,6 +85,7 @@ class Partners : public PartnerFields {
     label lblratio{screen, "lblratio", "0.00", LabelLook::Amount};
     label lblin{screen, "lblin", "0.00", LabelLook::Amount};
     label lblre{screen, "lblre", "0.00", LabelLook::Amount};
+    frame fratotals{screen, "fratotals", "", FramePlace::Group};
     label lblallowremuc{screen, "lblallowremuc", "Maximum Allowable Remuneration :"};
     label lblallowremu{screen, "lblallowremu", "0.00", LabelLook::Amount};
     cmd cmdImport{screen, "cmdImport", "&Import"};
