@@ -1,10 +1,13 @@
 #include "desktop/dialogs.h"
 
 #include "desktop/captions.h"
+#include "desktop/theme.h"
 
 #include <QApplication>
 #include <QFileDialog>
+#include <QGridLayout>
 #include <QMessageBox>
+#include <QPushButton>
 
 namespace pgbp {
 namespace {
@@ -14,6 +17,27 @@ QMessageBox::Icon IconOf(Icon icon)
     constexpr QMessageBox::Icon kIcons[] = {QMessageBox::NoIcon, QMessageBox::Information, QMessageBox::Question,
                                             QMessageBox::Warning, QMessageBox::Critical};
     return kIcons[static_cast<int>(icon)];
+}
+
+/// The title is whole: as wide as the window system's bold font may make it, with the icon and the cross beside it.
+void MakeRoomForTitle(QMessageBox& box)
+{
+    auto* grid = qobject_cast<QGridLayout*>(box.layout());
+    if (!grid)
+        return;
+    const int width = QFontMetrics(FontOf(Type::Title)).horizontalAdvance(box.windowTitle()) + 20 * kUnit;
+    grid->addItem(new QSpacerItem(width, 0, QSizePolicy::Minimum, QSizePolicy::Fixed), grid->rowCount(), 0, 1,
+                  grid->columnCount());
+}
+
+/// The buttons look and sound like those of a screen.
+void Dress(QMessageBox& box, QMessageBox::StandardButton which, const QString& caption)
+{
+    auto* button = qobject_cast<QPushButton*>(box.button(which));
+    if (!button)
+        return;
+    button->setText(caption);
+    button->setProperty("main", button == box.defaultButton());
 }
 
 std::optional<std::filesystem::path> PathOf(const QString& chosen)
@@ -34,11 +58,16 @@ Answer WindowMessageBoxes::Show(const Message& message)
     box.setTextFormat(Qt::PlainText);
     if (message.buttons == Buttons::Ok) {
         box.setStandardButtons(QMessageBox::Ok);
+        box.setDefaultButton(QMessageBox::Ok);
     } else {
         box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
         box.setDefaultButton(message.byDefault == Answer::No ? QMessageBox::No : QMessageBox::Yes);
         box.setEscapeButton(QMessageBox::No);
     }
+    Dress(box, QMessageBox::Ok, "&OK");
+    Dress(box, QMessageBox::Yes, "&Yes");
+    Dress(box, QMessageBox::No, "&No");
+    MakeRoomForTitle(box);
     const int pressed = box.exec();
     if (message.buttons == Buttons::Ok)
         return Answer::Ok;
