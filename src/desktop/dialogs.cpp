@@ -8,6 +8,7 @@
 #include <QGridLayout>
 #include <QMessageBox>
 #include <QPushButton>
+#include <QStyle>
 
 namespace pgbp {
 namespace {
@@ -37,7 +38,10 @@ void Dress(QMessageBox& box, QMessageBox::StandardButton which, const QString& c
     if (!button)
         return;
     button->setText(caption);
+    button->setIcon({});
     button->setProperty("main", button == box.defaultButton());
+    button->style()->unpolish(button); // it was dressed when the box was laid out
+    button->style()->polish(button);
 }
 
 std::optional<std::filesystem::path> PathOf(const QString& chosen)

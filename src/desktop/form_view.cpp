@@ -131,7 +131,7 @@ bool FormView::PressMnemonic(const QKeyEvent& event)
     const auto held = event.modifiers() & (Qt::AltModifier | Qt::ControlModifier | Qt::MetaModifier);
     if (held != Qt::AltModifier || event.key() > 0x7F)
         return false;
-    bool found = false;
+    bool found = true; // by a handler that fails, too: its message is the answer
     Act([&] { found = form.Mnemonic(static_cast<char32_t>(event.key())); });
     return found;
 }

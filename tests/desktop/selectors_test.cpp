@@ -99,6 +99,14 @@ TEST_F(Selectors, TypeWhatIsNotInTheListWhereThatIsAllowed)
     EXPECT_NE(form.focused(), &form.place);
 }
 
+TEST_F(Selectors, TellOnceThatAButtonPressedByItsLetterFailed)
+{
+    form.cmddetails.onClick = [] { throw std::runtime_error("The report could not be started."); };
+    Focus(form.amount);
+    Press(Qt::Key_D, Qt::AltModifier);
+    EXPECT_EQ(boxes.Take().text, "The report could not be started.");
+}
+
 TEST_F(Selectors, OpenADropDownOnItsFirstEntry)
 {
     for (combo* field : {&form.kinds, &form.place}) {
