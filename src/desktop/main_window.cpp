@@ -5,12 +5,14 @@
 #include "desktop/form_view.h"
 #include "desktop/theme.h"
 #include "desktop/window_memory.h"
+#include "startup/daily_check.h"
 #include "startup/status.h"
 
 #include <QCloseEvent>
 #include <QDialog>
 #include <QHBoxLayout>
 #include <QStackedLayout>
+#include <QTimer>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -103,6 +105,23 @@ MainWindow::MainWindow(Run& run, WindowMemory* memory) : run_(run), memory_(memo
     });
     CatchUp();
     actions_.Settle(); // the run may have ended before there was a window
+    AwaitCheck();
+}
+
+/// The check of the data files ends while nobody does anything.
+void MainWindow::AwaitCheck()
+{
+    if (!run_.dailyCheck || run_.dailyCheck->Ended())
+        return;
+    auto* timer = new QTimer(this);
+    connect(timer, &QTimer::timeout, this, [this, timer] {
+        if (run_.dailyCheck && !run_.dailyCheck->Ended())
+            return;
+        timer->stop();
+        actions_.Settle();
+    });
+    constexpr int kMilliseconds = 200;
+    timer->start(kMilliseconds);
 }
 
 MainWindow::~MainWindow()
@@ -245,6 +264,7 @@ void MainWindow::ShowNotice()
 /// Between two actions: no handler of a screen runs, so what was left can go, the widgets first.
 void MainWindow::Settled()
 {
+    TellDamage(run_);
     Drop([this](const Shown& shown) { return run_.screens.Find(shown.name) != shown.screen; });
     CatchUp();
     run_.screens.Sweep();

@@ -52,6 +52,7 @@ class MainWindow : public QWidget {
     void ShowTexts(const Screen& page);
     void ShowNotice();
     void Settled();
+    void AwaitCheck();
 
     Run& run_;
     WindowMemory* memory_;

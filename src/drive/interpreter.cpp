@@ -9,6 +9,7 @@
 #include "services/format.h"
 #include "services/text.h"
 #include "services/utf8.h"
+#include "startup/daily_check.h"
 #include "startup/sub_main.h"
 
 #include <algorithm>
@@ -262,6 +263,7 @@ void Interpreter::Execute(const std::string& line)
                      [&, name = std::string_view(word)](const Command& each) { return each.name == name; });
     if (command == commands.end())
         throw DriveError("there is no command " + word);
+    TellDamage(run_);
     (this->*command->run)(arguments);
     run_.screens.Sweep();
     if (!boxes_.complaint.empty())

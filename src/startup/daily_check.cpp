@@ -1,6 +1,7 @@
 #include "startup/daily_check.h"
 
 #include "services/ini_file.h"
+#include "startup/run.h"
 #include "store/connection.h"
 #include "store/content_check.h"
 
@@ -66,6 +67,31 @@ std::optional<Damage> DailyCheck::Found(std::chrono::milliseconds patience) cons
     if (!found_.valid() || found_.wait_for(patience) != std::future_status::ready)
         return std::nullopt;
     return found_.get();
+}
+
+bool DailyCheck::Ended() const
+{
+    return !found_.valid() || found_.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+}
+
+void TellDamage(Run& run)
+{
+    if (!run.dailyCheck)
+        return;
+    const auto damage = run.dailyCheck->Found(std::chrono::milliseconds(0));
+    Screen* screen = run.screens.OnDisplay();
+    if (!damage || !screen)
+        return;
+    run.dailyCheck.reset(); // told once; the session of the files keeps it
+    run.readOnly = true;
+    run.GLlock = 1;
+    const StoreError error(Cause::Damaged, Attempt::Read, {damage->file.string()}, damage->words);
+    run.Log(error);
+    run.host.boxes.Show({PreparersWords(error), run.title, Icon::Critical});
+    if (screen->name() == "frmbusiness") // the summary locks itself
+        screen->Do([&] { screen->Activate(); });
+    screen->notice = "The file \"" + damage->file.string() +
+                     "\" is damaged: the year is open as a locked one, and nothing is stored.";
 }
 
 } // namespace pgbp

@@ -10,6 +10,8 @@
 
 namespace pgbp {
 
+class Run;
+
 /// A data file that the check has found damaged, with the engine's words.
 struct Damage {
     std::filesystem::path file;
@@ -28,10 +30,15 @@ class DailyCheck {
 
     /// The first damaged file. Waits for the end of the check, at most as long as `patience`.
     std::optional<Damage> Found(std::chrono::milliseconds patience) const;
+    bool Ended() const;
 
   private:
     std::stop_source stop_;
     std::shared_future<std::optional<Damage>> found_; ///< none when all files have been checked today
 };
+
+/// Tells the preparer once what the run's check has found; from then on the run is a locked one that stores nothing.
+/// Called between two actions.
+void TellDamage(Run& run);
 
 } // namespace pgbp

@@ -67,7 +67,7 @@ class Run : public HandOver {
     Connection misc;
     Connection export1;
     Connection export2;
-    std::shared_ptr<DailyCheck> dailyCheck; ///< none where the data files are not checked
+    std::shared_ptr<DailyCheck> dailyCheck; ///< none where nothing is checked, or damage was told
     Recordset rights;                       ///< rows of `user_comp` for the user's category; open to the end of the run
 
     bool knowsNoPanCheck = false; ///< the preparer was told that the program that checks a PAN is missing

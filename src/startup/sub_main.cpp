@@ -127,6 +127,7 @@ try {
     OpenDataFiles(run);
     const std::string notice = LockWhatCanOnlyBeRead(run);
     CheckDataFiles(run);
+    CheckDataFiles(run);
     OpenRights(run);
     run.GLrep.clear(); // from here on the summary's marker: its first display refreshes the remuneration
     run.assesseeYear = NameLock(std::filesystem::path(run.GlServer) / "pgbp.lock", run.Code());

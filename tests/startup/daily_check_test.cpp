@@ -68,6 +68,25 @@ TEST_F(DailyChecks, ADamagedFileIsNamedAndTakesNoChange)
     EXPECT_TRUE(practice.run->dailyCheck->Found(10s)) << "until it is mended";
 }
 
+TEST_F(DailyChecks, ThePreparerIsToldOnceAndLeavesWithoutAChange)
+{
+    TurnABit();
+    pgbp::Run& run = practice.Start();
+    ASSERT_TRUE(run.dailyCheck->Found(10s));
+    const std::string before = practice.folder.Read("server/balance.mdb");
+    practice.boxes.shown.clear();
+    TellDamage(run);
+    TellDamage(run);
+    ASSERT_EQ(practice.boxes.shown.size(), 1U);
+    EXPECT_NE(practice.boxes.shown[0].text.find("company.mdb\" is damaged"), std::string::npos);
+    Screen& summary = *run.screens.OnDisplay();
+    EXPECT_NE(summary.notice.get().find("nothing is stored"), std::string::npos);
+    EXPECT_FALSE(summary.Find("cmd1")->enabled);
+    summary.Close();
+    EXPECT_TRUE(run.screens.Ended());
+    EXPECT_EQ(practice.folder.Read("server/balance.mdb"), before);
+}
+
 TEST_F(DailyChecks, AWholeFileIsCheckedOnceADay)
 {
     pgbp::Run& run = practice.Start();
