@@ -15,10 +15,11 @@ class PushControl : public Control {
     }
 
     Property<std::string> caption; ///< "&" marks the mnemonic, "&&" is the letter itself
+    Property<bool> inSight{changed, true}; ///< drawn; out of sight it keeps its letter
     std::function<void()> onClick;
 
     std::string Shows() const override { return caption; }
-    bool TakesFocus() const override { return true; }
+    bool TakesFocus() const override { return inSight; }
     virtual void Click();
     bool Type(char32_t character) override; ///< the space bar presses
 };

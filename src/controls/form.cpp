@@ -145,7 +145,7 @@ std::vector<Control*> Form::Stops() const
         if (const auto* top = dynamic_cast<const frame*>(control); top && top->place != FramePlace::Group)
             AddStops(*top, stops);
     stops.insert(stops.end(), bar.begin(), bar.end());
-    std::erase_if(stops, [](const Control* stop) { return !stop->Reachable(); });
+    std::erase_if(stops, [](const Control* stop) { return !stop->Reachable() || !stop->TakesFocus(); });
     return stops;
 }
 

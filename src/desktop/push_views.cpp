@@ -113,7 +113,7 @@ ButtonView::ButtonView(cmd& itsButton, FormView& itsForm, const Place& place)
 bool ButtonView::IsVisible() const
 {
     const bool isOfMain = control.container && control.container->place == FramePlace::Main;
-    return isOfMain ? control.Shown() : control.visible;
+    return push().inSight && (isOfMain ? control.Shown() : control.visible);
 }
 
 ImageView::ImageView(image& itsImage, FormView& itsForm, const Place& place)

@@ -23,6 +23,7 @@ class PushView : public ControlView {
     bool Wants(Key) const override { return true; }
     virtual QString Caption() const;
     QAbstractButton* button() const { return button_; }
+    const PushControl& push() const { return push_; }
 
   private:
     PushControl& push_;

@@ -17,7 +17,7 @@ frmReminder::frmReminder(Run& itsRun) : Screen(itsRun, "frmReminder", "Reminder 
                 .buttonsLeft = {&mnudel},
                 .buttonsRight = {&cmdsave, &cmdX}});
     Frame1.onEscape = [this] { LeaveFrame(); };
-    cmdX.toolTip = "Save and close";
+    cmdX.inSight = false;
     cmdsave.isDefault = true;
     bar = {&cmdhide};
 
@@ -47,6 +47,7 @@ void frmReminder::NewNote()
     txtmmo = "";
     lbldate = "";
     mnudel.caption = "Cancel";
+    cmdhide.inSight = false; // Cancel is the way out then
     Raise(Frame1, txthead);
 }
 
@@ -125,6 +126,7 @@ void frmReminder::LeaveFrame()
 {
     txtmmo = "";
     txthead = "";
+    cmdhide.inSight = true;
     Lower(Frame1);
 }
 

@@ -46,13 +46,13 @@ void ExpectSameAsModel(const FormView& view)
         const ControlView* drawn = view.Find(control);
         if (!drawn)
             continue;
-        EXPECT_EQ(drawn->widget()->isVisible(), control->Shown()) << control->name();
         const auto* push = dynamic_cast<const PushControl*>(control);
+        EXPECT_EQ(drawn->widget()->isVisible(), control->Shown() && (!push || push->inSight)) << control->name();
         const auto* button = qobject_cast<const QAbstractButton*>(drawn->widget());
         if (!push || !button || push->caption.get().empty())
             continue;
         EXPECT_EQ(PlainCaption(button->text().toStdString()), PlainCaption(push->caption)) << control->name();
-        EXPECT_EQ(button->isEnabled() && button->isVisible(), control->Reachable()) << control->name();
+        EXPECT_EQ(button->isEnabled() && button->isVisible(), control->Reachable() && push->inSight) << control->name();
     }
 }
 

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 using namespace pgbp;
 
 namespace {
@@ -89,6 +91,32 @@ TEST_F(Reminder, CancelsANewNoteAndLeavesAnEmptyTitleUnsaved)
     form->Click(form->cmdsave);
     EXPECT_FALSE(form->Frame1.visible);
     EXPECT_TRUE(form->LV.items().empty());
+}
+
+TEST_F(Reminder, ShowsOneWayOutOfANoteAndKeepsTheLettersOfTheOthers)
+{
+    const auto seen = [&] {
+        std::string captions;
+        for (const cmd* button : {&form->cmdsave, &form->mnudel, &form->cmdX, &form->cmdhide})
+            if (button->Reachable() && button->inSight)
+                captions += button->caption.get() + ' ';
+        return captions;
+    };
+    EXPECT_EQ(seen(), "&Close ");
+    form->Do([&] { form->LV.DoubleClick(0); });
+    EXPECT_EQ(seen(), "&Save Cancel ");
+    TypeText(*form, "TDS");
+    EXPECT_TRUE(form->Mnemonic(U'c')); // Close saves
+    form->Do([&] { form->LV.Click(1); });
+    EXPECT_EQ(seen(), "&Save &Delete &Close ");
+    TypeText(*form, "one");
+    const auto stops = form->Stops();
+    EXPECT_EQ(std::count(stops.begin(), stops.end(), &form->cmdX), 0) << "no stop where nothing is seen";
+    EXPECT_TRUE(form->Mnemonic(U'x'));
+    EXPECT_EQ(seen(), "&Close ");
+    EXPECT_EQ(form->notice.get(), "Reminder TDS saved, 10:30");
+    OpenFirst();
+    EXPECT_EQ(form->txtmmo.text(), "one");
 }
 
 TEST_F(Reminder, EscapeLeavesANoteAsItIs)
