@@ -3,6 +3,7 @@
 #include "desktop/captions.h"
 #include "desktop/combo_view.h"
 #include "desktop/theme.h"
+#include "services/error_log.h"
 #include "services/fault.h"
 #include "suite/assessee_kinds.h"
 #include "suite/new_clients.h"
@@ -65,8 +66,8 @@ QComboBox* AddForms(QFormLayout& fields)
 
 } // namespace
 
-EntryDialog::EntryDialog(QWidget* parent, const QString& title)
-    : QDialog(parent), fields_(new QFormLayout(this)), refusal_(new QLabel)
+EntryDialog::EntryDialog(QWidget* parent, const Practice& practice, const QString& title)
+    : QDialog(parent), practice_(practice), fields_(new QFormLayout(this)), refusal_(new QLabel)
 {
     setWindowTitle(title);
     setMinimumWidth(120 * kUnit);
@@ -108,12 +109,14 @@ void EntryDialog::TryToStore()
         Store();
         accept();
     } catch (const std::exception& refusal) {
+        LogError(practice_.folders.Client(), Now(), refusal);
         refusal_->setText(Text(PreparersWords(refusal)));
     }
+    practice_.company.engine()->RenewPatience(); // the next press is an action of its own
 }
 
 NewClientDialog::NewClientDialog(QWidget* parent, const Practice& practice, const std::string& year)
-    : EntryDialog(parent, "New client"), practice_(practice), name_(AddField(*fields_, "&Name :")),
+    : EntryDialog(parent, practice, "New client"), name_(AddField(*fields_, "&Name :")),
       pan_(AddField(*fields_, "&PAN :")), kind_(AddKinds(*fields_)), address_(AddField(*fields_, "A&ddress :")),
       city_(AddField(*fields_, "C&ity :")), year_(AddYears(*fields_, practice, year)), form_(AddForms(*fields_))
 {
@@ -142,7 +145,7 @@ void NewClientDialog::Store()
 
 AddYearDialog::AddYearDialog(QWidget* parent, const Practice& practice, const AssesseeYear& client,
                              const std::string& year)
-    : EntryDialog(parent, "Add an assessment year"), practice_(practice), client_(client.client)
+    : EntryDialog(parent, practice, "Add an assessment year"), client_(client.client)
 {
     fields_->addRow("Client :", new QLabel(Text(client.name)));
     year_ = AddYears(*fields_, practice, year);
@@ -156,7 +159,7 @@ void AddYearDialog::Store()
 }
 
 SettingsDialog::SettingsDialog(QWidget* parent, const Practice& practice, const AssesseeYear& assesseeYear)
-    : EntryDialog(parent, "Client settings"), practice_(practice), assesseeYear_(assesseeYear),
+    : EntryDialog(parent, practice, "Client settings"), assesseeYear_(assesseeYear),
       settings_(ReadSettings(practice, assesseeYear.code))
 {
     fields_->addRow("Client :", new QLabel(Text(assesseeYear.name)));

@@ -16,7 +16,7 @@ namespace pgbp {
 /// practice refuses is told in the dialog, which stays open.
 class EntryDialog : public QDialog {
   public:
-    EntryDialog(QWidget* parent, const QString& title);
+    EntryDialog(QWidget* parent, const Practice& practice, const QString& title);
 
   protected:
     virtual void Store() = 0;
@@ -24,6 +24,7 @@ class EntryDialog : public QDialog {
     void Finish(const QString& storing);
     void keyPressEvent(QKeyEvent* event) override;
 
+    const Practice& practice_;
     QFormLayout* fields_;
 
   private:
@@ -43,7 +44,6 @@ class NewClientDialog : public EntryDialog {
     void Store() override;
 
   private:
-    const Practice& practice_;
     QLineEdit* name_;
     QLineEdit* pan_;
     QComboBox* kind_;
@@ -65,7 +65,6 @@ class AddYearDialog : public EntryDialog {
     void Store() override;
 
   private:
-    const Practice& practice_;
     double client_;
     QComboBox* year_;
     QComboBox* form_;
@@ -83,7 +82,6 @@ class SettingsDialog : public EntryDialog {
   private:
     void AddSwitch(const ClientSwitch& each);
 
-    const Practice& practice_;
     const AssesseeYear assesseeYear_;
     ClientSettings settings_;
     QComboBox* form_;

@@ -61,7 +61,7 @@ ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const s
           try {
               ReadHead(practice_, year);
           } catch (const std::exception& failure) {
-              const QString why = QString::fromUtf8(failure.what());
+              const QString why = Logged(failure);
               QMetaObject::invokeMethod(
                   this, [this, why] { Tell(why, true); }, Qt::QueuedConnection);
               throw;
@@ -448,13 +448,18 @@ void ChooserWindow::Tell(const QString& text, bool isFailure)
     message_->setText(text);
 }
 
+QString ChooserWindow::Logged(const std::exception& error) const
+{
+    LogError(practice_.folders.Client(), Now(), error);
+    return Text(PreparersWords(error)).simplified();
+}
+
 void ChooserWindow::Guarded(const std::function<void()>& work)
 {
     try {
         work();
     } catch (const std::exception& error) {
-        LogError(practice_.folders.Client(), Now(), error);
-        Tell(Text(PreparersWords(error)).simplified(), true);
+        Tell(Logged(error), true);
     }
     practice_.company.engine()->RenewPatience();
 }

@@ -59,6 +59,8 @@ class ChooserWindow : public QWidget {
     void ModuleEnded(const QString& failure, const QString& said);
     QString WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const;
     void Tell(const QString& text, bool isFailure = false);
+    /// What the user is told of an error, whose technical words go to the log.
+    QString Logged(const std::exception& error) const;
     /// Tells what the work throws: an exception that leaves a slot would end the program.
     void Guarded(const std::function<void()>& work);
     HandOver HandOverOfChosen(const AssesseeYear& chosen) const;
