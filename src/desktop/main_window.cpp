@@ -83,8 +83,8 @@ QString StatusLine(const Run& run)
     add(true, Text(StatusInWords(run.Glstatus)));
     add(run.GlITR != 0, "ITR-" + QString::number(run.GlITR));
     add(run.GLminor != 0, Text(run.IncomeOf()));
-    add(run.GLlock != 0, run.readOnly ? "Read-only: nothing can be keyed, nothing is stored"
-                                      : "Locked: nothing can be keyed, Back writes the head of income anew");
+    add(run.GLlock != 0,
+        run.readOnly ? "Read-only" : "Locked: nothing can be keyed, Back writes the head of income anew");
     add(true, run.IsSqlStore ? "Data on the server" : "Data in files");
     return line;
 }

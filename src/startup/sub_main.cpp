@@ -89,8 +89,8 @@ std::string LockWhatCanOnlyBeRead(Run& run)
             run.Log(error);
             run.readOnly = true;
             run.GLlock = 1;
-            return "The file \"" + file->place().name +
-                   "\" can only be read: the year is open as a locked one, and nothing is stored.";
+            return std::filesystem::path(file->place().name).filename().string() +
+                   " or its folder can only be read: the year is open as a locked one, nothing is stored.";
         }
     return {};
 }
