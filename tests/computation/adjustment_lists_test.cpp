@@ -322,6 +322,28 @@ TEST_F(AdjustmentLists, AccountsOf44BBAreStoredWithTheirListAlone)
     EXPECT_EQ(stored, "269 1000 ASdf\n270 0 ASdf\n271 0 ASdf\n272 100 ASdf\n1167 100 ASdf\n");
 }
 
+TEST_F(AdjustmentLists, AccountsOf44BBThatAreRefusedKeepTheirListOpen)
+{
+    Line("1");
+    Detail("570", {{"name1", "44BB"}, {"name2", " Rigs  hired "}, {"amt1", 5}});
+    frmbusinesscal& screen = OpenScreen();
+    EXPECT_EQ(Kept("570"), "44BB|Rigs  hired||5\n") << "blanks around the second text are dropped";
+    screen.Click(screen.cmdother);
+    screen.Click(screen.other.cmd570);
+    screen.SetFocus(screen.fra2.rows);
+    screen.Press(Key::Delete);
+    screen.accounts.txtn2 = "1000";
+    run->balance.Execute("create trigger [balance].refuse before insert on qelgeneral begin select raise(abort, 'no'); "
+                         "end");
+    screen.Click(screen.fra2.save);
+    boxes.Take();
+    EXPECT_TRUE(screen.fra2.panel.visible);
+    EXPECT_EQ(Kept("570"), "44BB|Rigs  hired||5\n") << "the list and its accounts are one";
+    run->balance.Execute("drop trigger [balance].refuse");
+    screen.Click(screen.fra2.save);
+    EXPECT_EQ(Kept("570"), "");
+}
+
 TEST_F(AdjustmentLists, OddTextsComeBackAsTyped)
 {
     const std::string odd = "O'Neil \"& Sons\"; 50% -- drop table ' x";

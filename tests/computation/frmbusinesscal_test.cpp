@@ -1,5 +1,6 @@
 #include "computation/frmbusinesscal.h"
 #include "computation/line_under_test.h"
+#include "support/failing_store.h"
 
 namespace pgbp {
 namespace {
@@ -298,6 +299,35 @@ TEST_F(Computation, TwoRunsKeepTheirListsApart)
     boxes.shown.clear(); // of the annexure
     screen.Click(screen.header.CmdSave);
     EXPECT_EQ(Count("business1", "sno = 7"), "14");
+}
+
+// A file that refuses a write, or reports a commit as failed that is done, is one that the preparer saves to once more.
+TEST_F(Computation, ASaveThatFailedAtAnyWriteIsWholeWhenItIsRepeated)
+{
+    for (Refusal refusal{.afterCommit = true};; refusal.writes = 0) {
+        ++refusal.write;
+        SCOPED_TRACE(refusal.write);
+        run.reset();
+        for (const char* table : {"business", "business1", "misc_items"})
+            Company().Execute("delete from {" + std::string(table) + "}");
+        for (const char* table : {"fassets", "qelgeneral"})
+            Balance().Execute("delete from {" + std::string(table) + "}");
+        FullLine();
+        frmbusinesscal& screen = OpenScreen();
+        Type(screen, screen.header.txtdescr1, "changed");
+        LetFail(*run, refusal);
+        for (int i = 0; i < 3 && run->screens.OnDisplay() == &screen; ++i)
+            screen.Click(screen.header.CmdSave);
+        boxes.shown.clear();
+        ASSERT_NE(run->screens.OnDisplay(), &screen);
+        ASSERT_EQ(Stored("select name1 from {business} where 1 = 1"), "changed");
+        ASSERT_EQ(Company().Scalar("select count(*) from {business}").Number(), 1);
+        ASSERT_EQ(Company().Scalar("select count(*) from {business1} where sno = 7").Number(), 14);
+        ASSERT_EQ(Balance().Scalar("select sum(F_Dep) from {fassets} where sno = 7").Number(), 28000);
+        ASSERT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 2);
+        if (!refusal.HasBegun())
+            break;
+    }
 }
 
 TEST_F(Computation, ANewLineWhoseCommitWasReportedAsFailedIsNotWrittenTwice)

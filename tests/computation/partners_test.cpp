@@ -180,6 +180,33 @@ TEST_F(PartnersFrame, RemunerationOfOneWhoLeft)
     }
 }
 
+TEST_F(PartnersFrame, RatiosMustBeAHundredToTheLastPlace)
+{
+    struct Case {
+        std::vector<double> ratios;
+        bool passes;
+    };
+    const Case kCases[] = {
+        {{33.3333, 33.3333, 33.3333}, false}, // 99.9999
+        {{33.3333, 33.3333, 33.3334}, true},
+        {{14.3, 14.3, 14.3, 14.3, 14.3, 14.3, 14.2}, true}, // as doubles they come to a little less or more
+        {{99.99999}, false},
+    };
+    for (const auto& [ratios, passes] : kCases) {
+        run.reset();
+        Company().Execute("delete from {business}");
+        Company().Execute("delete from {business1}");
+        Line("1");
+        for (std::size_t i = 0; i < ratios.size(); ++i)
+            Detail("PARTREMU", {{"name1", "P" + std::to_string(i)}, {"amt2", ratios[i]}, {"State", "PUNJAB"}});
+        frmbusinesscal& screen = OpenPartners();
+        screen.Click(screen.partners.cmdsavepart);
+        EXPECT_EQ(screen.partners.frapartner.visible, !passes) << ratios.front();
+        EXPECT_EQ(boxes.shown.size(), passes ? 0U : 1U);
+        boxes.shown.clear();
+    }
+}
+
 TEST_F(PartnersFrame, RatiosMustMakeAHundredAsShown)
 {
     struct Case {

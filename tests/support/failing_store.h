@@ -67,10 +67,10 @@ class FailingEngine : public Engine {
 inline void LetFail(Run& run, Refusal& refusal)
 {
     const auto practice = std::make_shared<FailingEngine>(run.company.engine(), refusal);
-    run.company = Connection(practice, "main.");
+    run.company = Connection(practice, "");
     run.balance = Connection(practice, "[balance].");
     run.tax = Connection(practice, "[tax].");
-    run.qeltemp = Connection(std::make_shared<FailingEngine>(run.qeltemp.engine(), refusal), "main.");
+    run.qeltemp = Connection(std::make_shared<FailingEngine>(run.qeltemp.engine(), refusal), "");
 }
 
 } // namespace pgbp
