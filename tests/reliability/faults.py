@@ -16,6 +16,7 @@ import concurrent.futures
 import os
 import pathlib
 import random
+import re
 import shutil
 import sqlite3
 import subprocess
@@ -29,6 +30,8 @@ KINDS = ("enospc", "eio", "full", "short", "kill", "torn")
 PATIENCE = 120  # seconds until a process counts as hanging
 WORD = "said and done"
 KEPT_FILES = ("company", "balance")
+BY_PRODUCTS = {"client/pgbp-errors.log", "client/checked.ini", "server/pgbp.lock"}
+MADE_UP = re.compile(r"(?<=-mj)[0-9A-F]+|(?<=\.)[0-9a-z]{16}(?=\.new)")  # in the names of passing files
 
 
 class Loss(Exception):
@@ -247,7 +250,7 @@ class Attack:
         return before, old, new
 
     def judge(self, practice, old, new, files):
-        """What became of the practice, and whether the next start lives with what is left."""
+        """What became of the practice, with the files left over; whether the next start lives with them."""
         if self.random.random() < 0.5:  # by the module itself, else by the next reader of the files
             self.work_undisturbed(practice, leaves=False)
         state = practice.state()
@@ -257,8 +260,8 @@ class Attack:
         settled = practice.state()
         if settled.whole() != wanted.whole():
             raise Loss("the next run does not put the rest right: " + "\n".join(settled.difference(wanted)))
-        left = len(practice.files() - files)
-        return found + (" files left over" if left else "")
+        left = sorted({MADE_UP.sub("*", name) for name in practice.files() - files - BY_PRODUCTS})
+        return " ".join([found, *left])
 
     def attempt(self, save, before, old, new, disturb):
         """One round on a copy; what became of it."""
@@ -292,7 +295,7 @@ class Attack:
         return disturb
 
     def kill(self, save, longest):
-        delay = self.random.random() * longest
+        delay = self.random.random() ** 2 * longest  # most of the work is done in the first part of it
 
         def disturb(practice):
             session = self.start(practice)
