@@ -65,7 +65,8 @@ int main(int argc, char** argv)
     pgbp::WindowMessageBoxes boxes("Vorn");
     pgbp::WindowFileDialogs files;
     pgbp::SystemProcesses processes;
-    pgbp::Run run({boxes, files, processes, pgbp::ProgramFolder()});
+    std::vector<std::string> none;
+    pgbp::Run run({boxes, files, processes, pgbp::TakeProgramFolder(none)});
     pgbp::RegisterScreens(run);
     std::string why;
     if (!pgbp::SubMain(run, why))

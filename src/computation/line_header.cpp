@@ -45,13 +45,13 @@ void LineHeader::Open(const Opening& opening)
     txtdescr2.SetOffers(used.name2);
 }
 
-void LineHeader::Opened(std::vector<const frame*> frames)
+void LineHeader::Opened(const std::vector<const frame*>& frames)
 {
     if (!openedFrames_.empty())
         return;
     for (const frame* shown : frames) {
-        OpenedFrame& opened = openedFrames_.emplace_back(shown);
-        opened.texts.Remember(*shown);
+        openedFrames_.push_back({shown, {}});
+        openedFrames_.back().texts.Remember(*shown);
     }
     openedLists_ = WorkAsText(run_);
 }

@@ -29,7 +29,7 @@ class LineHeader {
     double Sno() const { return business_["sno"].Number(); }
 
     /// Remembers the line as it is shown by these frames now, once for each opening.
-    void Opened(std::vector<const frame*> frames);
+    void Opened(const std::vector<const frame*>& frames);
     /// Fields or lists of the line differ from what was opened.
     bool Altered() const;
 

@@ -51,8 +51,8 @@ class Form {
     bool SetFocus(Control& control);
     void FocusNext();
     void FocusBelow();
-    void
-    FocusNextField(); ///< as Enter goes: past the buttons beside amounts, to Add in a list, to the main button at last
+    /// As Enter goes: past the buttons beside amounts, to Add in a list, at last to the main button.
+    void FocusNextField();
     void FocusPrevious();
     /// The stops of the walk, in order: the frame that is up, row by row, then the bar.
     std::vector<Control*> Stops() const;

@@ -25,12 +25,12 @@ void AmountView::FromModel()
 {
     TextView::FromModel();
     if (SumIsUp() && !overlay_) {
-        overlay_ = new SumOverlay(&form);
+        overlay_ = new SumOverlay(&form, *line());
         overlay_->edited = [this](const QString& line) { form.Act([&] { amount_.TypeSum(line.toStdString()); }); };
         form.Watch(overlay_->line(), *this);
     }
     if (SumIsUp())
-        overlay_->ShowOver(*line(), *amount_.sum());
+        overlay_->Show(*amount_.sum());
     else if (overlay_)
         overlay_->hide();
 }
@@ -54,14 +54,7 @@ bool AmountView::Wants(Key key) const
     return SumIsUp() ? key != Key::Undo && ControlView::Wants(key) : TextView::Wants(key);
 }
 
-bool AmountView::Noticed(QEvent& event)
-{
-    if (!SumIsUp())
-        return TextView::Noticed(event);
-    if (overlay_ && (event.type() == QEvent::Move || event.type() == QEvent::Resize))
-        overlay_->PlaceOver(*line());
-    return false;
-}
+bool AmountView::Noticed(QEvent& event) { return !SumIsUp() && TextView::Noticed(event); }
 
 /// A field that can not be typed into is marked as a computed amount is.
 QString AmountView::Copied() const

@@ -53,10 +53,11 @@ FrameView* CardLayer::ViewOf(const frame* card) const
 void CardLayer::Arrange()
 {
     setGeometry(parentWidget()->rect());
+    if (isHidden()) // from then on what belongs to a field lies above
+        raise();
     setVisible(!form_.Cards().empty());
     if (isHidden())
         return;
-    raise();
     QRect covered = pages_->geometry();
     for (const frame* up : form_.Cards()) {
         const FrameView* card = ViewOf(up);

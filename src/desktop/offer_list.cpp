@@ -8,7 +8,8 @@
 
 namespace pgbp {
 
-OfferList::OfferList(QWidget* form) : QListWidget(form)
+OfferList::OfferList(QWidget* form, QWidget& field)
+    : QListWidget(form), over_(*this, field, [this](const QRect& place) { PlaceAt(place); })
 {
     setFocusPolicy(Qt::NoFocus);
     setAccessibleName("Used before");
@@ -18,14 +19,12 @@ OfferList::OfferList(QWidget* form) : QListWidget(form)
         (this->*set)(Qt::ScrollBarAlwaysOff);
 }
 
-void OfferList::ShowFor(const QWidget& field, const Offers& offers)
+void OfferList::Show(const Offers& offers)
 {
     Fill(offers);
     if (currentRow() != offers.marked())
         setCurrentRow(offers.marked());
-    PlaceAt(field);
-    show();
-    raise();
+    over_.Show();
 }
 
 void OfferList::Fill(const Offers& offers)
@@ -41,12 +40,11 @@ void OfferList::Fill(const Offers& offers)
         (new QListWidgetItem(Text(text), this))->setSizeHint({0, GridRowHeight()});
 }
 
-void OfferList::PlaceAt(const QWidget& field)
+void OfferList::PlaceAt(const QRect& field)
 {
-    const QRect over(field.mapTo(parentWidget(), QPoint()), field.size());
-    resize(over.width(), count() * GridRowHeight() + 2 * kUnit);
-    const bool fits = over.bottom() + height() < parentWidget()->height();
-    move(over.left(), fits ? over.bottom() + 2 : std::max(0, over.top() - 1 - height()));
+    resize(field.width(), count() * GridRowHeight() + kUnit);
+    const bool fits = field.bottom() + height() < parentWidget()->height();
+    move(field.left(), fits ? field.bottom() + 2 : std::max(0, field.top() - 1 - height()));
 }
 
 } // namespace pgbp

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/offers.h"
+#include "desktop/over_field.h"
 
 #include <QListWidget>
 
@@ -9,13 +10,15 @@ namespace pgbp {
 /// The offers of a text box below its field, or above it where the window ends. The keyboard stays in the field.
 class OfferList : public QListWidget {
   public:
-    explicit OfferList(QWidget* form);
+    OfferList(QWidget* form, QWidget& field);
 
-    void ShowFor(const QWidget& field, const Offers& offers);
+    void Show(const Offers& offers);
 
   private:
     void Fill(const Offers& offers);
-    void PlaceAt(const QWidget& field);
+    void PlaceAt(const QRect& field);
+
+    OverField over_;
 };
 
 } // namespace pgbp

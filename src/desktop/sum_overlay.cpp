@@ -17,7 +17,9 @@ constexpr int kLineWidth = 60 * kUnit;
 
 } // namespace
 
-SumOverlay::SumOverlay(QWidget* form) : QFrame(form), line_(new QLineEdit(this)), result_(new ElidedLabel(this))
+SumOverlay::SumOverlay(QWidget* form, QWidget& field)
+    : QFrame(form), line_(new QLineEdit(this)), result_(new ElidedLabel(this)), page_(*field.parentWidget()),
+      over_(*this, field, [this](const QRect& place) { PlaceOver(place); })
 {
     setProperty("over", true);
     setAutoFillBackground(true);
@@ -34,26 +36,25 @@ SumOverlay::SumOverlay(QWidget* form) : QFrame(form), line_(new QLineEdit(this))
     QObject::connect(line_, &QLineEdit::textEdited, this, [this](const QString& text) { edited(text); });
 }
 
-void SumOverlay::ShowOver(const QWidget& field, const SumLine& sum)
+void SumOverlay::Show(const SumLine& sum)
 {
     if (line_->text() != Text(sum.text))
         line_->setText(Text(sum.text));
     const bool isWrong = !sum.result.error.empty();
     result_->Show(isWrong ? Text(sum.result.error) : "= " + Text(GroupedAmount(sum.result.text)));
     result_->SetColor(isWrong ? Theme().muted : Theme().text);
-    PlaceOver(field);
-    show();
-    raise();
+    over_.Show();
 }
 
-/// The result comes to stand over the amount, the line before it; or else the line over the amount, the result behind.
-void SumOverlay::PlaceOver(const QWidget& field)
+/// The result comes to stand over the amount, the line before it; where the page has no room there, the line over the
+/// amount and the result behind.
+void SumOverlay::PlaceOver(const QRect& field)
 {
     resize(sizeHint());
-    const QRect over(field.mapTo(parentWidget(), QPoint()), field.size());
-    const int before = over.right() + kUnit - width();
-    const int behind = std::min(over.left() - kUnit, parentWidget()->width() - width());
-    move(std::max(0, before >= 0 ? before : behind), std::max(0, over.center().y() - height() / 2));
+    const int before = field.right() + kUnit - width();
+    const int behind = std::min(field.left() - kUnit, parentWidget()->width() - width());
+    const bool fitsBefore = before >= page_.mapTo(parentWidget(), QPoint()).x();
+    move(std::max(0, fitsBefore ? before : behind), std::max(0, field.center().y() - height() / 2));
 }
 
 } // namespace pgbp

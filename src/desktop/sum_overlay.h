@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/text_controls.h"
+#include "desktop/over_field.h"
 
 #include <QFrame>
 
@@ -15,17 +16,20 @@ class ElidedLabel;
 /// The line of arithmetic over an amount field, with its result where the amount will stand.
 class SumOverlay : public QFrame {
   public:
-    explicit SumOverlay(QWidget* form);
+    SumOverlay(QWidget* form, QWidget& field);
 
     std::function<void(const QString& line)> edited;
 
     QLineEdit* line() const { return line_; }
-    void ShowOver(const QWidget& field, const SumLine& sum);
-    void PlaceOver(const QWidget& field);
+    void Show(const SumLine& sum);
 
   private:
+    void PlaceOver(const QRect& field);
+
     QLineEdit* line_;
     ElidedLabel* result_;
+    const QWidget& page_; ///< the rows that the field stands in
+    OverField over_;
 };
 
 } // namespace pgbp

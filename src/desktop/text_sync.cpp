@@ -193,13 +193,13 @@ void TextSync::ShowOffers()
 {
     const bool isUp = IsTyped() && box_.offers().IsOpen();
     if (isUp && !offers_) {
-        offers_ = new OfferList(&form_);
+        offers_ = new OfferList(&form_, editor_->Widget());
         offers_->setObjectName("offers of " + Text(box_.name()));
         QObject::connect(offers_, &QListWidget::clicked, &editor_->Widget(),
                          [this](const QModelIndex& at) { form_.Act([&] { box_.TakeOffer(at.row()); }); });
     }
     if (isUp)
-        offers_->ShowFor(editor_->Widget(), box_.offers());
+        offers_->Show(box_.offers());
     else if (offers_)
         offers_->hide();
 }

@@ -3,6 +3,7 @@
 #include "desktop/theme.h"
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QScrollArea>
 #include <QScrollBar>
 #include <QTableView>
@@ -179,6 +180,30 @@ TEST_F(Cards, ScrollAsOnePageWithTheirButtonsFixed)
             const QRect row = table.visualRect(table.currentIndex());
             EXPECT_FALSE((table.viewport()->visibleRegion() & row).isEmpty()) << room.height();
         }
+    }
+}
+
+TEST_F(Cards, LieBelowWhatBelongsToTheirFields)
+{
+    form.sidetext.SetOffers({"Rent", "Repairs"});
+    OpenSide(3);
+    const auto middle = [&](QWidget& widget) { return widget.mapTo(&view, widget.rect().center()); };
+    for (const QSize room : {QSize(1366, 700), QSize(900, 400)}) {
+        Focus(form.sideamount);
+        Type("=");
+        view.resize(room);
+        Settle();
+        view.Act([&] { form.caption = "drawn anew"; });
+        QWidget& line = *KeyboardOf(form.sideamount);
+        EXPECT_EQ(view.childAt(middle(line)), &line) << room.width();
+        EXPECT_NEAR(middle(line).y(), PlaceOf(form.sideamount).center().y(), 1) << room.width();
+        Press(Qt::Key_Escape);
+        Focus(form.sidetext);
+        Type("r");
+        auto& offered = *view.findChild<QListWidget*>("offers of sidetext");
+        EXPECT_EQ(view.childAt(middle(offered)), offered.viewport()) << room.width();
+        EXPECT_GT(offered.y(), PlaceOf(form.sidetext).bottom()) << room.width();
+        Press(Qt::Key_Escape);
     }
 }
 

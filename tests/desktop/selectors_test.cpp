@@ -145,6 +145,21 @@ TEST_F(Selectors, KeepTheirChoiceWhenTheWheelTurnsOverThem)
     EXPECT_EQ(form.focused(), &form.name);
 }
 
+TEST_F(Selectors, ShowWhatLiesOverAFieldOverItsCard)
+{
+    view.Act([&] { form.Raise(form.side, form.sidetext); });
+    Settle();
+    form.sidetext.SetOffers({"Rent of godown"});
+    Type("r");
+    const auto* offered = view.findChild<QListWidget*>("offers of sidetext");
+    ASSERT_TRUE(offered);
+    EXPECT_EQ(view.childAt(offered->geometry().center()), offered->viewport());
+    Focus(form.sideamount);
+    Type("=2*3");
+    QWidget* line = view.focusWidget();
+    EXPECT_EQ(view.childAt(line->mapTo(&view, line->rect().center())), line);
+}
+
 TEST_F(Selectors, OfferTextsBelowAFieldWithoutTakingTheKeyboard)
 {
     for (TextBox* box : {static_cast<TextBox*>(&form.name), static_cast<TextBox*>(&form.place)}) {
