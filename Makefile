@@ -27,7 +27,8 @@ bench:
 asan: setup
 	@cmake --preset asan > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
 	cmake --build --preset asan -j $(JOBS)
-	ctest --test-dir build/asan --output-on-failure -j $(JOBS)
+	LSAN_OPTIONS=suppressions=$(CURDIR)/tests/leaks.txt:print_suppressions=0 \
+		ctest --test-dir build/asan --output-on-failure -j $(JOBS)
 
 faults: build
 	@python3 tests/reliability/faults.py build/dev/bin build/dev/tests/reliability/libfailing_calls.so

@@ -172,9 +172,11 @@ def main(programs, work, story):
     work.mkdir(parents=True)
     home = work / "home"
     home.mkdir()
+    environment = {name: value for name, value in os.environ.items() if name == "PATH" or name.endswith("SAN_OPTIONS")}
+    environment |= {"HOME": str(home), "LANG": "C.UTF-8"}
     failures = 0
     with open(work / "programs.log", "w", encoding="utf-8") as log, \
-            VirtualDisplay({"PATH": os.environ["PATH"], "HOME": str(home), "LANG": "C.UTF-8"}, log) as screen:
+            VirtualDisplay(environment, log) as screen:
         for name, words in cases:
             began = time.monotonic()
             case = Case(programs, work / (name or story.stem), screen, log)
