@@ -24,7 +24,7 @@ SumOverlay::SumOverlay(QWidget* form, QWidget& field)
     setProperty("over", true);
     setAutoFillBackground(true);
     auto* row = new QHBoxLayout(this);
-    row->setContentsMargins(kUnit, kUnit, 3 * kUnit, kUnit); // the result ends where the amount does
+    row->setContentsMargins(kUnit, kUnit, 2 * kUnit + 2, kUnit); // the result ends where the amount does
     row->setSpacing(2 * kUnit);
     line_->setAccessibleName("Arithmetic");
     line_->setFixedSize(kLineWidth, RowHeight());
