@@ -14,7 +14,7 @@ class PushControl : public Control {
     {
     }
 
-    Property<std::string> caption; ///< "&" marks the mnemonic, "&&" is the letter itself
+    Property<std::string> caption;         ///< "&" marks the mnemonic, "&&" is the letter itself
     Property<bool> inSight{changed, true}; ///< drawn; out of sight it keeps its letter
     std::function<void()> onClick;
 

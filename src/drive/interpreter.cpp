@@ -290,8 +290,8 @@ void Interpreter::ExecuteScript(std::istream& script, std::ostream& out, OnError
             printAll();
             const auto* fault = dynamic_cast<const Fault*>(&error);
             const std::string technical = fault ? fault->technical() : "";
-            const std::string what = "line " + std::to_string(number) + ": " + error.what() +
-                                     (technical.empty() ? "" : '\n' + technical);
+            const std::string what =
+                "line " + std::to_string(number) + ": " + error.what() + (technical.empty() ? "" : '\n' + technical);
             if (onError == OnError::Stop)
                 throw DriveError(what);
             expectations.Print("error | " + OnOneLine(what) + '\n');

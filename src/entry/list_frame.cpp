@@ -55,7 +55,8 @@ void ListFrame::Save()
     if (list_->storeAlong)
         list_->storeAlong(transaction);
     transaction.Commit();
-    form_.notice = Replace(panel.caption.get(), "&&", "&") + ' ' + rows.footer().front() + ", stored when the line is saved.";
+    form_.notice =
+        Replace(panel.caption.get(), "&&", "&") + ' ' + rows.footer().front() + ", stored when the line is saved.";
     Leave();
 }
 
