@@ -115,11 +115,27 @@ class StoppedServer {
         std::getline(std::ifstream(folder / "data"), data);
         std::ifstream(std::filesystem::path(data) / "pid") >> process_;
         EXPECT_EQ(kill(process_, SIGSTOP), 0);
+        while (!StandsStill()) // a signal to many threads takes its time
+            std::this_thread::sleep_for(1ms);
     }
     ~StoppedServer() { GoOn(); }
     void GoOn() const { kill(process_, SIGCONT); }
 
   private:
+    /// Every thread of the server is in the state "T", which stands behind its name in brackets.
+    bool StandsStill() const
+    {
+        const std::filesystem::path threads = "/proc/" + std::to_string(process_) + "/task";
+        for (const auto& thread : std::filesystem::directory_iterator(threads)) {
+            std::string stat;
+            std::getline(std::ifstream(thread.path() / "stat"), stat);
+            const auto name = stat.rfind(')');
+            if (name != std::string::npos && stat.substr(name).substr(2, 1) != "T")
+                return false;
+        }
+        return true;
+    }
+
     pid_t process_ = 0;
 };
 
