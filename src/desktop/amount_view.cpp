@@ -40,6 +40,7 @@ QWidget* AmountView::keyboard() const { return SumIsUp() && overlay_ ? overlay_-
 bool AmountView::KeyPressed(const QKeyEvent& event)
 {
     if (SumIsUp()) // the key that opened the line is none of its characters
+        // NOLINTNEXTLINE(bugprone-parent-virtual-call): what the text field does with keys is not for the line over it
         return event.text() == "=" || ControlView::KeyPressed(event);
     if (amount_.locked && event.matches(QKeySequence::Copy)) {
         QGuiApplication::clipboard()->setText(Text(UngroupedAmount(amount_.text())));
@@ -51,6 +52,7 @@ bool AmountView::KeyPressed(const QKeyEvent& event)
 /// The overlay edits its line by itself.
 bool AmountView::Wants(Key key) const
 {
+    // NOLINTNEXTLINE(bugprone-parent-virtual-call): as above
     return SumIsUp() ? key != Key::Undo && ControlView::Wants(key) : TextView::Wants(key);
 }
 

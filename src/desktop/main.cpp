@@ -35,7 +35,7 @@ std::filesystem::path FolderOfCommandLine()
     std::vector<std::string> words;
     for (const QString& word : QApplication::arguments().mid(1))
         words.push_back(word.toStdString());
-    const auto folder = pgbp::TakeProgramFolder(words);
+    auto folder = pgbp::TakeProgramFolder(words);
     if (!words.empty())
         throw std::runtime_error("unknown option " + words.front() + "; try --help");
     return folder;
