@@ -276,7 +276,7 @@ bool TextSync::Dropped(QDropEvent& event)
 /// finished yet.
 bool TextSync::Composed(const QInputMethodEvent& event)
 {
-    const QString text = event.commitString();
+    const QString& text = event.commitString();
     if (text.isEmpty())
         return false;
     QInputMethodEvent unfinished(event.preeditString(), event.attributes());

@@ -207,7 +207,7 @@ int PlacesOf(std::string_view number)
     return point == std::string_view::npos ? 0 : static_cast<int>(number.size() - point - 1);
 }
 
-AmountReading Refused(std::string why) { return {"", std::string(kNotTaken).append(why)}; }
+AmountReading Refused(const std::string& why) { return {"", std::string(kNotTaken).append(why)}; }
 
 AmountReading NoAmount(std::string_view text)
 {

@@ -9,7 +9,7 @@
 namespace pgbp {
 namespace {
 
-constexpr std::uintmax_t kFull = 256 * 1024;
+constexpr std::uintmax_t kFull = 256UL * 1024;
 
 std::string Entry(const DateTime& when, const std::exception& error, const std::string& technical)
 {

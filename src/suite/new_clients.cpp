@@ -81,7 +81,7 @@ AssesseeYear InsertYear(const Practice& practice, double client, std::string_vie
         Refuse("The assessee has the year " + std::string(year) + " already: " + existing.Text() + ".");
     const Row assessee = assessees.First();
     AddAssesseeYear(practice.company, client, assessee["comp_name"], assessee["pan"], year, false);
-    const AssesseeYear added = FindAssesseeYear(practice, CodeOf(client, year));
+    AssesseeYear added = FindAssesseeYear(practice, CodeOf(client, year));
     WriteSettings(practice, added, SettingsOfNewYear(practice, added));
     return added;
 }

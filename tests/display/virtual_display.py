@@ -83,7 +83,7 @@ class VirtualDisplay:
     def property(self, window, name):
         try:
             found = window.get_full_property(self.atom(name), X.AnyPropertyType)
-        except error.CError:  # the window went meanwhile
+        except error.XError:  # the window went meanwhile
             return None
         return found.value if found else None
 
