@@ -82,6 +82,7 @@ void Frm10ABC::Save()
                                      {"amt2", item.amount},
                                      {"amt4", Val(item.serial)}});
     transaction.Commit();
+    TellTakenOver(caption.get() + ": " + entry.Summary());
     run.screens.Return();
 }
 

@@ -101,6 +101,7 @@ void Section35::Save()
                                       {"amt3", Val(line.Txt_3)},
                                       {"amt4", line.index}});
     transaction.Commit();
+    form_.TellTakenOver(Fra35.caption.get() + ' ' + LblTot_3.text());
     Leave();
 }
 

@@ -98,8 +98,10 @@ class ItemEntry {
     /// Something differs from what was opened, what is typed included.
     bool Altered() const { return Typed() || ItemsWithTakenBack() != opened_; }
     /// Before a save: what is typed is added. False when a check refuses it. An item that was taken back and is not
-    /// typed over goes, and the status line says which.
+    /// typed over goes.
     bool Finish();
+    /// How many items there are, and which one went because it was taken back and not added again.
+    std::string Summary() const;
     void Undo();
     Control& FirstField() const;
 
@@ -120,6 +122,7 @@ class ItemEntry {
     void Reset(std::vector<Item> items);
     void Change(std::size_t current);
     void Show(std::size_t current);
+    std::string Count() const;
     std::vector<std::string> Totals() const;
     std::vector<std::string> FieldTextsNow() const;
     std::vector<Item> ItemsWithTakenBack() const;
@@ -263,11 +266,21 @@ void ItemEntry<Item>::Undo()
 template <typename Item>
 bool ItemEntry<Item>::Finish()
 {
-    if (Typed())
-        return Add();
-    if (!takenBack_.empty())
-        form_.notice = NameOf(takenBack_.front().item) + " was taken back and not added again: it is removed.";
-    return true;
+    return !Typed() || Add();
+}
+
+template <typename Item>
+std::string ItemEntry<Item>::Count() const
+{
+    return std::to_string(items_.size()) + (items_.size() == 1 ? " item" : " items");
+}
+
+template <typename Item>
+std::string ItemEntry<Item>::Summary() const
+{
+    if (takenBack_.empty())
+        return Count();
+    return Count() + " (removed: " + NameOf(takenBack_.front().item) + ", taken back and not added again)";
 }
 
 template <typename Item>
@@ -341,7 +354,7 @@ std::vector<std::string> ItemEntry<Item>::Totals() const
             continue;
         std::string& cell = cells.emplace_back();
         if (column.shown.kind == GridColumnKind::Text && !std::exchange(isCounted, true))
-            cell = std::to_string(items_.size()) + (items_.size() == 1 ? " item" : " items");
+            cell = Count();
         if (column.shown.kind != GridColumnKind::Amount)
             continue;
         double sum = 0;

@@ -55,8 +55,7 @@ void ListFrame::Save()
     if (list_->storeAlong)
         list_->storeAlong(transaction);
     transaction.Commit();
-    form_.notice =
-        Replace(panel.caption.get(), "&&", "&") + ' ' + rows.footer().front() + ", stored when the line is saved.";
+    form_.TellTakenOver(Replace(panel.caption.get(), "&&", "&") + ' ' + entry.Summary());
     Leave();
 }
 

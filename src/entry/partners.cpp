@@ -345,6 +345,7 @@ void Partners::Save()
         return run_.Inform("Please fill the partnership ratios of the partners correctly...");
     Store();
     use_.saved();
+    screen.TellTakenOver(frapartner.caption.get() + ": " + entry.Summary());
     Leave();
 }
 

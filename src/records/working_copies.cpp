@@ -3,6 +3,8 @@
 #include "records/keys.h"
 #include "services/text.h"
 
+#include <map>
+
 namespace pgbp {
 namespace {
 
@@ -56,9 +58,19 @@ void CopyLineToWork(const Run& run, double sno, DetailRows which)
 
 std::string WorkAsText(const Run& run)
 {
-    return AsText(run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
-                                        std::string(run.qeltemp.dialect().insertionOrder),
-                                    run.Code()));
+    std::map<std::string, std::string> byType;
+    for (const Row row : run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
+                                               std::string(run.qeltemp.dialect().insertionOrder),
+                                           run.Code())) {
+        std::string& rows = byType[row["Type"].Text()];
+        for (std::size_t i = 0; i < row.Size(); ++i)
+            rows += (row.At(i).Text() == "0" ? "" : row.At(i).Text()) + '\t';
+        rows += '\n';
+    }
+    std::string text;
+    for (const auto& [type, rows] : byType)
+        text += rows;
+    return text;
 }
 
 void CopyWorkToLine(const Run& run, double sno, const std::function<bool(std::string_view type)>& takes,

@@ -23,6 +23,8 @@ void Screen::TellSaved(const std::string& what, double rupees)
     notice = what + " saved, " + FormatAmountIndian(Amount(rupees), kIndianGrouping) + ", " + TimeText(run.host.now());
 }
 
+void Screen::TellTakenOver(const std::string& what) { notice = what + ", stored when the line is saved."; }
+
 void Screen::Close() { run.screens.Return(); }
 
 void Screen::Guard(const std::function<void()>& action) { run.Guard(action); }

@@ -41,6 +41,8 @@ class Screen : public Form {
     /// Tells in the status line that `what` was saved with its amount, and when. What was deleted before can not be
     /// brought back from then on.
     void TellSaved(const std::string& what, double rupees);
+    /// Tells that what was entered was taken into the line of business that is open.
+    void TellTakenOver(const std::string& what);
     void TellSaved(const std::string& what);
 
     /// The button opens this screen: it is closed where this version has none.

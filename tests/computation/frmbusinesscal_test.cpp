@@ -215,10 +215,10 @@ TEST_F(Computation, LeavingAsksOnlyWhenSomethingWasAltered)
              screen.Click(screen.fra1.save);
          },
          true},
-        {"partners saved as they were",
+        {"a list saved as it was",
          [](frmbusinesscal& screen) {
-             screen.Click(screen.CmdPartner);
-             screen.Click(screen.partners.cmdbackpartner);
+             screen.Click(screen.cmd511);
+             screen.Click(screen.fra1.save);
          },
          false},
         {"the mark of the partners", [](frmbusinesscal& screen) { screen.partners.ChkChange = false; }, true},

@@ -331,7 +331,8 @@ TEST_F(Other, AnItemIsTakenBackAndTheLastOneLeavesABlankRow)
     again.Do([&] { again.MSH.DoubleClick(1); });
     again.Click(again.CmdSave);
     EXPECT_EQ(Details("10ABC"), "");
-    EXPECT_EQ(owner.notice.get(), "Unit I, 100.00 was taken back and not added again: it is removed.");
+    EXPECT_EQ(owner.notice.get(), "Deduction u/s 10A-Free trade zone: 0 items (removed: Unit I, 100.00, taken back and "
+                                  "not added again), stored when the line is saved.");
 }
 
 TEST_F(Other, OddTextsOfAnItemComeBackAsTyped)

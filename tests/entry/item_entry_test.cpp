@@ -107,7 +107,7 @@ TEST_F(Items, ASaveRemovesWhatWasTakenBackAndLeftAlone)
     TakeBack(2);
     EXPECT_TRUE(screen->entry.Finish());
     EXPECT_EQ(Names(), "Rent Fees ");
-    EXPECT_EQ(screen->notice.get(), "Fuel, 20.00 was taken back and not added again: it is removed.");
+    EXPECT_EQ(screen->entry.Summary(), "2 items (removed: Fuel, 20.00, taken back and not added again)");
 }
 
 TEST_F(Items, ADoubleClickLosesNothing)

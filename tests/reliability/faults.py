@@ -200,8 +200,9 @@ def hold_against(state, old, new):
 
 
 class Attack:
-    def __init__(self, programs, library, work, is_short):
-        self.programs, self.library, self.work, self.is_short = programs, library, work, is_short
+    def __init__(self, programs, failing_calls, work, is_short):
+        self.programs, self.failing_calls = programs, failing_calls
+        self.work, self.is_short = work, is_short
         self.random = random.Random(7)
         self.lock = threading.Lock()
         self.number = 0
@@ -281,7 +282,7 @@ class Attack:
         def disturb(practice):
             struck = practice.folder.with_suffix(".struck")
             status, said = self.work_through(practice, save, {
-                "LD_PRELOAD": str(self.library), "FAULT_FOLDER": str(practice.folder), "FAULT_AT": str(at),
+                "LD_PRELOAD": str(self.failing_calls), "FAULT_FOLDER": str(practice.folder), "FAULT_AT": str(at),
                 "FAULT_KIND": kind, "FAULT_STRUCK": str(struck)})
             if status not in (0, 1, -9):
                 raise Loss(f"the module crashed with {status}: {said}")
