@@ -1,6 +1,7 @@
 #include "income/frmbusiness.h"
 
 #include "records/limits.h"
+#include "services/fault.h"
 #include "services/format.h"
 #include "services/text.h"
 #include "startup/shared_services.h"
@@ -234,12 +235,22 @@ void frmbusiness::Back()
     Close();
 }
 
+/// A store that fails for good does not keep the preparer here: he may leave the old head of income as it stands.
 void frmbusiness::Close()
 {
-    if (!recomputed_) // figures of a recompute that failed must not become the head of income
-        Activate();
-    if (!run.readOnly)
-        StoreHeadOfIncome();
+    try {
+        if (!recomputed_) // figures of a recompute that failed must not become the head of income
+            Activate();
+        if (!run.readOnly)
+            StoreHeadOfIncome();
+    } catch (const std::exception& error) {
+        run.Log(error);
+        const std::string question = "\n\nThe head of income that was written before stands. Do you want to leave "
+                                     "without writing it anew ?";
+        if (run.Show(PreparersWords(error) + question, "Question", Icon::Critical, Buttons::YesNo, Answer::No) !=
+            Answer::Yes)
+            return;
+    }
     run.screens.End();
 }
 

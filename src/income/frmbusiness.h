@@ -20,7 +20,7 @@ class frmbusiness : public Screen {
 
     /// Recomputes everything from the stored rows.
     void Activate() override;
-    /// Writes the head of income and ends the run.
+    /// Writes the head of income and ends the run; where it can not be written, the preparer decides.
     void Close() override;
     /// Sets all figures of this year to "0.00", as the first display finds them: a recompute leaves the figure of a
     /// line that is gone.

@@ -47,6 +47,9 @@ int WidthOf(const QString& text)
     return QFontMetrics(QApplication::font()).horizontalAdvance(text) + 2 * CellDelegate::kMargin + kUnit;
 }
 
+/// Alt and a letter that no button has.
+bool IsStrayMnemonic(const QKeyEvent& key) { return key.modifiers() == Qt::AltModifier && !key.text().isEmpty(); }
+
 bool IsText(const QKeyEvent& key)
 {
     const bool isCommand = key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier);
@@ -253,6 +256,8 @@ bool ChooserWindow::TakesKey(QObject* watched, const QKeyEvent& key)
         SearchAnew("");
     } else if (key.key() == Qt::Key_F5) {
         Guarded([&] { Reload(Chosen() ? Chosen()->code : ""); });
+    } else if (IsStrayMnemonic(key)) { // the search line would take it for a letter
+        return true;
     } else if (watched == search_) {
         constexpr int kWalks[] = {Qt::Key_Down, Qt::Key_Up, Qt::Key_PageDown, Qt::Key_PageUp};
         if (std::ranges::find(kWalks, key.key()) == std::end(kWalks))

@@ -179,6 +179,7 @@ class Telling {
     {
         if (refusal.HasBegun())
             refusal.write = 0;
+        practice_.boxes.answers = {Answer::No}; // to leave without a head of income
     }
 
     SummaryUnderTest practice_;

@@ -228,16 +228,21 @@ TEST(Summary, WritesTheHeadOfIncomeAndEnds)
     EXPECT_EQ(balance.Query("select * from {qelgeneral} where [Type] = 'NEW'").Size(), 1U);
 }
 
-TEST(Summary, KeepsTheOldHeadWhenTheStoreFails)
+TEST(Summary, KeepsTheOldHeadWhenTheStoreFailsAndLetsThePreparerGo)
 {
     SummaryUnderTest practice;
     practice.Balance().Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "BUSI"}, {"amt1", -1}});
     auto& form = practice.Begin();
     practice.Balance().Execute(
         "create trigger fail before insert on qelgeneral begin select raise(abort, 'full'); end");
+    practice.boxes.answers = {Answer::No, Answer::Yes};
     form.Click(form.CmdBack);
     EXPECT_FALSE(practice.run->screens.Ended()) << "what was typed stays on the screen";
-    EXPECT_EQ(practice.boxes.Take().icon, Icon::Critical);
+    const Message asked = practice.boxes.Take();
+    EXPECT_EQ(asked.icon, Icon::Critical);
+    EXPECT_EQ(asked.byDefault, Answer::No);
+    form.PressCross();
+    EXPECT_TRUE(practice.run->screens.Ended()) << practice.boxes.Take().text;
     EXPECT_EQ(practice.Balance().Scalar("select amt1 from {qelgeneral} where [Type] = 'BUSI'").Number(), -1);
 }
 
@@ -249,6 +254,7 @@ TEST(Summary, DoesNotWriteTheFiguresOfARecomputeThatFailed)
     practice.Balance().Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "BUSI"}, {"amt14", 857800}});
     practice.Company().Execute("create trigger fail before update on misc_items begin select raise(abort, 'no'); end");
     auto& form = practice.Begin(2023, "01");
+    practice.boxes.answers = {Answer::No};
     form.Click(form.CmdBack);
     EXPECT_FALSE(practice.run->screens.Ended());
     EXPECT_EQ(practice.Balance().Scalar("select amt14 from {qelgeneral} where [Type] = 'BUSI'").Number(), 857800);
