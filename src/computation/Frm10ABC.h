@@ -27,18 +27,18 @@ class Frm10ABC : public Screen {
     void Open(const Opening& opening) override;
     void Close() override;
 
-    frame framain{*this, "framain", "", FramePlace::Main};
-    label LBLSNO{*this, "LBLSNO"}; ///< index of the section, out of view
-    label lblsecc{*this, "lblsecc", "Section :"};
-    label LblSec{*this, "LblSec"};
-    label lblheadc{*this, "lblheadc", "Head :"};
-    label LblDescr{*this, "LblDescr"};
-    label lbldescrc{*this, "lbldescrc", "Description :"};
+    Frame framain{*this, "framain", "", FramePlace::Main};
+    Label LBLSNO{*this, "LBLSNO"}; ///< index of the section, out of view
+    Label lblsecc{*this, "lblsecc", "Section :"};
+    Label LblSec{*this, "LblSec"};
+    Label lblheadc{*this, "lblheadc", "Head :"};
+    Label LblDescr{*this, "LblDescr"};
+    Label lbldescrc{*this, "lbldescrc", "Description :"};
     txt TxtDescr{*this, "TxtDescr"};
-    label lblamtc{*this, "lblamtc", "Amount :"};
+    Label lblamtc{*this, "lblamtc", "Amount :"};
     txtn TxtAmt{*this, "TxtAmt"};
     cmd CmdAdd{*this, "CmdAdd", "&Add"};
-    grid MSH;
+    Grid MSH;
     cmd CmdSave{*this, "CmdSave", "&Save"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
     ItemEntry<ClaimedItem> entry;

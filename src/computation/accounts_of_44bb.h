@@ -25,14 +25,14 @@ class AccountsOf44BB {
     void Store(const Transaction& proof);
 
     cmd Command3; ///< opens the frame
-    frame Frame1;
-    label lblreceipts;
+    Frame Frame1;
+    Label lblreceipts;
     txtn txtn2;
-    label lblgross;
+    Label lblgross;
     txtn txtn3;
-    label lblexpenses;
+    Label lblexpenses;
     txtn txtn4;
-    label lblnet;
+    Label lblnet;
     txtn txtn5;
     cmd CmdBFrame1;
 

@@ -11,16 +11,16 @@ namespace pgbp {
 struct DescriptionFields {
     explicit DescriptionFields(Screen& form);
 
-    label lblname;
+    Label lblname;
     combo txtname;
-    label Label5;
-    label lblExemption;
+    Label Label5;
+    Label lblExemption;
     combo CboExType;
-    check ChkDiv; ///< out of view: none of the lists asks whether an income is a dividend
-    label lblamount;
+    CheckBox ChkDiv; ///< out of view: none of the lists asks whether an income is a dividend
+    Label lblamount;
     txtn txtamount;
-    label lblpart3;
-    label lblpart3Amount;
+    Label lblpart3;
+    Label lblpart3Amount;
 };
 
 /// `fra1`: lists of a description and an amount. Exempt income tells its kind besides, and may have to tell the PAN.
@@ -35,11 +35,11 @@ class DescriptionList : public DescriptionFields, public ListFrame {
 struct SectionFields {
     explicit SectionFields(Screen& form);
 
-    label lblsec;
+    Label lblsec;
     txt txtsec;
-    label lblname1;
+    Label lblname1;
     combo txtname1;
-    label lblamount1;
+    Label lblamount1;
     txtn txtamount1;
 };
 
@@ -58,15 +58,15 @@ class SectionList : public SectionFields, public ListFrame {
 struct AllowanceFields {
     explicit AllowanceFields(Screen& form);
 
-    label lblseca;
+    Label lblseca;
     txt txtseca;
-    label lblnamea;
+    Label lblnamea;
     txt txtnamea;
-    label lblamt1;
+    Label lblamt1;
     txtn txtamt1;
-    label lblamt2;
+    Label lblamt2;
     txtn txtamt2;
-    label lblamt3;
+    Label lblamt3;
     txtn txtamt3;
 };
 

@@ -298,7 +298,7 @@ void frmbusinesscal::RefreshTotals()
 
 void frmbusinesscal::ShowListTotals()
 {
-    const std::pair<label*, double> sums[] = {
+    const std::pair<Label*, double> sums[] = {
         {&lbl511, totals_.Amt1("511")},
         {&lbl560, totals_.Amt1("560")},
         {&lbl23a, totals_.Amt1("23a")},
@@ -437,7 +437,7 @@ void frmbusinesscal::Delete()
 /// frame.
 void frmbusinesscal::Back()
 {
-    if (frame* card = Card())
+    if (Frame* card = Card())
         return card->onEscape();
     if (Kind() == kNormal || presumptive.fra44ad.visible)
         return Close();

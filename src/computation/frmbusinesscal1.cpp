@@ -95,7 +95,7 @@ void frmbusinesscal1::Delete()
 
 void frmbusinesscal1::Back()
 {
-    if (frame* card = Card())
+    if (Frame* card = Card())
         return card->onEscape();
     Close();
 }

@@ -18,20 +18,20 @@ class frmbusinesscal1 : public Screen {
 
     void CalBalance();
 
-    frame framain{*this, "framain", "", FramePlace::Main};
+    Frame framain{*this, "framain", "", FramePlace::Main};
     LineHeader header{*this};
     cmd cmd28a{*this, "cmd28a", "Other &Additions"};
-    label lbl28ac{*this, "lbl28ac", "Other Adj. in accordance with Sec. 28 to Sec 44D :"};
-    label lbl28a{*this, "lbl28a", "0.00", LabelLook::Amount};
-    label lbltot1c{*this, "lbltot1c", "Total"};
-    label lbltot1{*this, "lbltot1", "0.00", LabelLook::Amount};
+    Label lbl28ac{*this, "lbl28ac", "Other Adj. in accordance with Sec. 28 to Sec 44D :"};
+    Label lbl28a{*this, "lbl28a", "0.00", LabelLook::Amount};
+    Label lbltot1c{*this, "lbltot1c", "Total"};
+    Label lbltot1{*this, "lbltot1", "0.00", LabelLook::Amount};
     cmd cmd28l{*this, "cmd28l", "Other Ded&uctions"};
-    label lbl28lc{*this, "lbl28lc", "Other Adj. in accordance with Sec. 28 to Sec 44D :"};
-    label lbl28l{*this, "lbl28l", "0.00", LabelLook::Amount};
-    label lblincomec{*this, "lblincomec", "Net Income From the above Business :"};
-    label lblincome{*this, "lblincome", "0.00", LabelLook::Amount};
-    label lbladd{*this, "lbladd", "Add : "};
-    label lbldeduct{*this, "lbldeduct", "Less :"};
+    Label lbl28lc{*this, "lbl28lc", "Other Adj. in accordance with Sec. 28 to Sec 44D :"};
+    Label lbl28l{*this, "lbl28l", "0.00", LabelLook::Amount};
+    Label lblincomec{*this, "lblincomec", "Net Income From the above Business :"};
+    Label lblincome{*this, "lblincome", "0.00", LabelLook::Amount};
+    Label lbladd{*this, "lbladd", "Add : "};
+    Label lbldeduct{*this, "lbldeduct", "Less :"};
 
     SectionList fra2{*this, {"fra2", "DBGrid2", "cmdadd1", "cmdsave1", "cmdback1"}};
 

@@ -45,11 +45,11 @@ void LineHeader::Open(const Opening& opening)
     txtdescr2.SetOffers(used.name2);
 }
 
-void LineHeader::Opened(const std::vector<const frame*>& frames)
+void LineHeader::Opened(const std::vector<const Frame*>& frames)
 {
     if (!openedFrames_.empty())
         return;
-    for (const frame* shown : frames) {
+    for (const Frame* shown : frames) {
         openedFrames_.push_back({shown, {}});
         openedFrames_.back().texts.Remember(*shown);
     }

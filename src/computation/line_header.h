@@ -29,7 +29,7 @@ class LineHeader {
     double Sno() const { return business_["sno"].Number(); }
 
     /// Remembers the line as it is shown by these frames now, once for each opening.
-    void Opened(const std::vector<const frame*>& frames);
+    void Opened(const std::vector<const Frame*>& frames);
     /// Fields or lists of the line differ from what was opened.
     bool Altered() const;
 
@@ -48,11 +48,11 @@ class LineHeader {
     bool Delete();
 
     txt Text1; ///< "Add" or "Edit"; never shown
-    label lbldescr;
+    Label lbldescr;
     txt txtdescr1;
     txt txtdescr2;
     cmd CmdPNL;
-    label lblpnl;
+    Label lblpnl;
     txtn txtpnl;
     cmd CmdSave;
     cmd CmdDel;
@@ -62,7 +62,7 @@ class LineHeader {
   private:
     /// What a frame held when the line was opened.
     struct OpenedFrame {
-        const frame* shown;
+        const Frame* shown;
         FieldTexts texts;
     };
 

@@ -23,19 +23,19 @@ class OtherAdjustments {
     /// A screen that lay over this one was left.
     void ModalClosed() { section10abc.Refresh(); }
 
-    frame fra3;
+    Frame fra3;
     cmd cmd564;
-    label lbl564c;
-    label lbl564;
+    Label lbl564c;
+    Label lbl564;
     cmd cmd570;
-    label lbl570c;
-    label lbl570;
+    Label lbl570c;
+    Label lbl570;
     cmd cmd568;
-    label lbl568c;
-    label lbl568;
+    Label lbl568c;
+    Label lbl568;
     cmd Cmd35;
-    label Lbl35c;
-    label Lbl35;
+    Label Lbl35c;
+    Label Lbl35;
     cmd cmdbackother;
     Section35 section35;
     Section10abc section10abc;

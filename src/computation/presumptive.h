@@ -28,34 +28,34 @@ class PresumptiveFrame {
     /// Neither interest nor remuneration is deducted.
     bool DeductsNothing() const { return Val(TxtIntt) == 0 && Val(txtremu) == 0; }
 
-    frame fra44ad;
-    label lbldescr44ad;
+    Frame fra44ad;
+    Label lbldescr44ad;
     txt txt44ad1;
     txt txt44ad2;
-    label lblrece;
+    Label lblrece;
     txtn txtrece;
-    label lblper;
+    Label lblper;
     txtn TxtPer;
-    label lblrece6;
+    Label lblrece6;
     txtn TxtRece6;
-    label lblper6;
+    Label lblper6;
     txtn TxtPer6;
-    label lblreceoth;
+    Label lblreceoth;
     txtn TxtReceOth;
     txtn TxtNetAd[4]; ///< profit on the receipts, on those at 6%, rate of the others, profit on the others
-    label Lbl44ADc;
+    Label Lbl44ADc;
     txtn Lbl44AD;
     cmd cmdintt;
-    label lblinttc;
+    Label lblinttc;
     txtn TxtIntt;
     cmd cmdremu;
-    label lblremuc;
+    Label lblremuc;
     txtn txtremu;
-    label lbl44adfinalc;
-    label lbl44adfinal;
-    check chk44ad;
-    frame FraBooks;
-    label lblTxt[4];
+    Label lbl44adfinalc;
+    Label lbl44adfinal;
+    CheckBox chk44ad;
+    Frame FraBooks;
+    Label lblTxt[4];
     txtn Txt[4]; ///< `Txt1` to `Txt4`: receipts, gross profit, expenses, net profit for the return's account
     cmd CmdPart;
     cmd cmdsave44ad;

@@ -29,10 +29,10 @@ class Section10abc {
     /// What of the amount claimed enters the computation, rupees.
     double Counted(double claimed) const { return IsClaimed() ? claimed : 0; }
 
-    check chk10abc1;
-    check chk10abc2;
-    label lbl10abcc;
-    label lbl10abc;
+    CheckBox chk10abc1;
+    CheckBox chk10abc2;
+    Label lbl10abcc;
+    Label lbl10abc;
     cmd cmd10abc;
 
     /// One section.
@@ -43,14 +43,14 @@ class Section10abc {
         const int index;
         std::string section;
         std::string description;
-        label Lbl10;
-        label Lbl10_1;
-        label LblAmt;
+        Label Lbl10;
+        Label Lbl10_1;
+        Label LblAmt;
         cmd Cmd10A;
     };
 
-    frame Fra10abc;
-    label lblSection;
+    Frame Fra10abc;
+    Label lblSection;
     std::deque<Line> lines;
     cmd CmdBack10;
 

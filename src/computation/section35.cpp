@@ -9,7 +9,7 @@ namespace {
 
 constexpr const char* kClauses[] = {"35(1)(i)", "35(1)(ii)", "35(1)(iii)", "35(1)(iv)", "35(2AA)", "35(2AB)"};
 
-void AddTo(label& total, const TextControl& amount) { total = Amount(Val(total) + Val(amount)); }
+void AddTo(Label& total, const TextControl& amount) { total = Amount(Val(total) + Val(amount)); }
 
 } // namespace
 
@@ -79,7 +79,7 @@ void Section35::Fill()
 void Section35::AddUp(Line& changed)
 {
     changed.Txt_3 = Amount(Val(changed.Txt_2) - Val(changed.Txt_1));
-    for (label* total : {&LblTot_1, &LblTot_2, &LblTot_3})
+    for (Label* total : {&LblTot_1, &LblTot_2, &LblTot_3})
         total->Set("0.00");
     for (const Line& line : lines) {
         AddTo(LblTot_1, line.Txt_1);

@@ -27,21 +27,21 @@ class Section35 {
     struct Line {
         Line(Form& form, int itsIndex, const char* clause);
         const int index;
-        label Label34;
+        Label Label34;
         txtn Txt_1;  ///< debited, rupees
         txtn Txt_2;  ///< allowable
-        label Txt_3; ///< deducted: allowable less debited
+        Label Txt_3; ///< deducted: allowable less debited
     };
 
-    frame Fra35;
-    label lblDebited;
-    label lblAllowable;
-    label lblDeducted;
+    Frame Fra35;
+    Label lblDebited;
+    Label lblAllowable;
+    Label lblDeducted;
     std::deque<Line> lines;
-    label lblTotal35;
-    label LblTot_1;
-    label LblTot_2;
-    label LblTot_3;
+    Label lblTotal35;
+    Label LblTot_1;
+    Label LblTot_2;
+    Label LblTot_3;
     cmd CmdSave35;
     cmd CmdCanc35;
 

@@ -24,35 +24,35 @@ bool cmd::KeyDown(Key key)
     return key == Key::Enter;
 }
 
-check& check::operator=(bool ticked)
+CheckBox& CheckBox::operator=(bool ticked)
 {
     if (value != ticked)
         Click();
     return *this;
 }
 
-void check::Click()
+void CheckBox::Click()
 {
     value = !value;
     PushControl::Click();
 }
 
-bool check::KeyDown(Key key)
+bool CheckBox::KeyDown(Key key)
 {
     if (key == Key::Enter)
         form().FocusNextField();
     return key == Key::Enter;
 }
 
-void option::Click()
+void Option::Click()
 {
     for (Control* control : form().controls())
-        if (auto* other = dynamic_cast<option*>(control); other && other->container == container)
+        if (auto* other = dynamic_cast<Option*>(control); other && other->container == container)
             other->value = other == this;
     PushControl::Click();
 }
 
-bool option::KeyDown(Key key)
+bool Option::KeyDown(Key key)
 {
     if (key == Key::Enter)
         form().FocusNextField();

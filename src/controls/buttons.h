@@ -33,9 +33,9 @@ class cmd : public PushControl {
 };
 
 /// A small picture that is clicked, such as the question mark of a help topic; its tool tip is its meaning.
-class image : public PushControl {
+class Image : public PushControl {
   public:
-    image(Form& form, std::string_view name, std::string tip) : PushControl(form, name, "")
+    Image(Form& form, std::string_view name, std::string tip) : PushControl(form, name, "")
     {
         toolTip = std::move(tip);
     }
@@ -43,18 +43,18 @@ class image : public PushControl {
 };
 
 /// A check box.
-class check : public PushControl {
+class CheckBox : public PushControl {
   public:
     using PushControl::PushControl;
     Property<bool> value{changed, false};
-    check& operator=(bool ticked); ///< setting by program raises the click, as ticking does
+    CheckBox& operator=(bool ticked); ///< setting by program raises the click, as ticking does
     std::string Shows() const override { return value ? "1" : "0"; }
     void Click() override;
     bool KeyDown(Key key) override;
 };
 
 /// One of the options of its frame; choosing it lets go the others.
-class option : public PushControl {
+class Option : public PushControl {
   public:
     using PushControl::PushControl;
     Property<bool> value{changed, false};

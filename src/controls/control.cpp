@@ -18,7 +18,7 @@ bool Control::InFront() const
     const Control* top = this;
     while (top->container)
         top = top->container;
-    const auto* outermost = dynamic_cast<const frame*>(top);
+    const auto* outermost = dynamic_cast<const Frame*>(top);
     return !outermost || outermost == form_.Front();
 }
 

@@ -9,7 +9,7 @@
 namespace pgbp {
 
 class Form;
-class frame;
+class Frame;
 
 /// A key that is no character.
 enum class Key {
@@ -49,7 +49,7 @@ class Control {
     Property<bool> enabled{changed, true};
     Property<bool> visible{changed, true};
     Property<std::string> toolTip{changed, ""};
-    frame* container = nullptr; ///< the frame it is laid out in; none for a control of the form itself
+    Frame* container = nullptr; ///< the frame it is laid out in; none for a control of the form itself
 
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;

@@ -34,10 +34,10 @@ std::string Candidates(const std::string& caption)
     return letters;
 }
 
-void AddStops(const frame& in, std::vector<Control*>& stops)
+void AddStops(const Frame& in, std::vector<Control*>& stops)
 {
     const auto add = [&](Control* control) {
-        if (const auto* group = dynamic_cast<const frame*>(control))
+        if (const auto* group = dynamic_cast<const Frame*>(control))
             AddStops(*group, stops);
         else if (control && control->TakesFocus())
             stops.push_back(control);
@@ -50,7 +50,7 @@ void AddStops(const frame& in, std::vector<Control*>& stops)
 
 /// A column of fields that are filled in one after the other, with a button behind them that takes what was keyed. In a
 /// column of amounts a button is a way to another place.
-bool IsKeyedInto(const frame& in, const LayoutRow& row, std::size_t column)
+bool IsKeyedInto(const Frame& in, const LayoutRow& row, std::size_t column)
 {
     const Control* cell = row.cells[column];
     return cell && cell->TakesFocus() && !dynamic_cast<const cmd*>(cell) &&
@@ -66,7 +66,7 @@ bool StopsEnter(const Control& stop)
         return true;
     if (!button->container)
         return false;
-    const frame& around = *button->container;
+    const Frame& around = *button->container;
     for (const LayoutRow& row : around.layout().rows)
         for (std::size_t i = 0, fields = 0; i < row.cells.size(); ++i) {
             if (row.cells[i] == button)
@@ -77,13 +77,13 @@ bool StopsEnter(const Control& stop)
 }
 
 /// The picture that stands behind the control in its row: its help or its look-up.
-image* PictureBehind(const Control& control)
+Image* PictureBehind(const Control& control)
 {
     if (!control.container)
         return nullptr;
     for (const LayoutRow& row : control.container->layout().rows)
         for (auto at = std::find(row.cells.begin(), row.cells.end(), &control); at != row.cells.end(); ++at)
-            if (auto* picture = dynamic_cast<image*>(*at))
+            if (auto* picture = dynamic_cast<Image*>(*at))
                 return picture;
     return nullptr;
 }
@@ -102,7 +102,7 @@ Control* Form::Find(std::string_view controlName) const
     return found == controls_.end() ? nullptr : *found;
 }
 
-void Form::Raise(frame& card, Control& first)
+void Form::Raise(Frame& card, Control& first)
 {
     if (std::find(cards_.begin(), cards_.end(), &card) == cards_.end()) {
         card.cameFrom_ = focused_;
@@ -112,7 +112,7 @@ void Form::Raise(frame& card, Control& first)
     SetFocus(first);
 }
 
-void Form::Lower(frame& card)
+void Form::Lower(Frame& card)
 {
     const auto lowered = std::find(cards_.begin(), cards_.end(), &card);
     if (lowered == cards_.end())
@@ -128,12 +128,12 @@ void Form::Lower(frame& card)
 }
 
 /// The side frame on top, else the main frame.
-frame* Form::Front() const
+Frame* Form::Front() const
 {
-    if (frame* card = Card())
+    if (Frame* card = Card())
         return card;
     for (Control* control : controls_)
-        if (auto* main = dynamic_cast<frame*>(control); main && main->place == FramePlace::Main && main->visible)
+        if (auto* main = dynamic_cast<Frame*>(control); main && main->place == FramePlace::Main && main->visible)
             return main;
     return nullptr;
 }
@@ -142,7 +142,7 @@ std::vector<Control*> Form::Stops() const
 {
     std::vector<Control*> stops;
     for (const Control* control : controls_)
-        if (const auto* top = dynamic_cast<const frame*>(control); top && top->place != FramePlace::Group)
+        if (const auto* top = dynamic_cast<const Frame*>(control); top && top->place != FramePlace::Group)
             AddStops(*top, stops);
     stops.insert(stops.end(), bar.begin(), bar.end());
     std::erase_if(stops, [](const Control* stop) { return !stop->Reachable() || !stop->TakesFocus(); });
@@ -214,7 +214,7 @@ void Form::FocusBelow()
     const auto stops = Stops();
     const auto at = std::find(stops.begin(), stops.end(), focused_);
     const bool addsToRows = stops.end() - at > 2 && dynamic_cast<const cmd*>(at[1]) && StopsEnter(*at[1]) &&
-                            dynamic_cast<const grid*>(at[2]);
+                            dynamic_cast<const Grid*>(at[2]);
     addsToRows ? static_cast<void>(SetFocus(*at[2])) : FocusNext();
 }
 
@@ -222,7 +222,7 @@ void Form::FocusGrid()
 {
     const auto stops = Stops();
     const auto rows = std::find_if(stops.begin(), stops.end(),
-                                   [](const Control* stop) { return dynamic_cast<const grid*>(stop) != nullptr; });
+                                   [](const Control* stop) { return dynamic_cast<const Grid*>(stop) != nullptr; });
     if (rows != stops.end())
         SetFocus(**rows);
 }
@@ -275,9 +275,9 @@ void Form::DefaultKey(Key key)
         FocusNext();
     if (key == Key::BackTab || key == Key::Up)
         FocusPrevious();
-    if (image* picture = key == Key::F1 && focused_ ? PictureBehind(*focused_) : nullptr)
+    if (Image* picture = key == Key::F1 && focused_ ? PictureBehind(*focused_) : nullptr)
         Click(*picture);
-    const frame* front = Front();
+    const Frame* front = Front();
     if (key == Key::Escape && front && front->onEscape)
         front->onEscape();
     if (key == Key::ControlDown)

@@ -10,7 +10,7 @@
 
 namespace pgbp {
 
-class frame;
+class Frame;
 class PushControl;
 
 /// A screen: its controls by name, the focus, and the boundary at which errors of its handlers are caught. Knows no
@@ -57,14 +57,14 @@ class Form {
     /// The stops of the walk, in order: the frame that is up, row by row, then the bar.
     std::vector<Control*> Stops() const;
     /// Puts a side frame over what is in front, with the focus on a control of it.
-    void Raise(frame& card, Control& first);
+    void Raise(Frame& card, Control& first);
     /// Takes a side frame away with those over it. The focus returns to where it was before, unless `onLowered` of the
     /// frame has moved it.
-    void Lower(frame& card);
+    void Lower(Frame& card);
     /// The side frames that are up, the lowest one first.
-    const std::vector<frame*>& Cards() const { return cards_; }
+    const std::vector<Frame*>& Cards() const { return cards_; }
     /// The side frame that lies on top, if any.
-    frame* Card() const { return cards_.empty() ? nullptr : cards_.back(); }
+    Frame* Card() const { return cards_.empty() ? nullptr : cards_.back(); }
 
     // What a person does. Each is a boundary: an exception ends in an error box with the form's title, and the run goes
     // on.
@@ -85,7 +85,7 @@ class Form {
   private:
     friend class Control;
     bool LeaveFocused();
-    frame* Front() const;
+    Frame* Front() const;
     void KeepFocusReachable();
     void Step(int direction);
     void StepAmong(const std::vector<Control*>& stops, int direction);
@@ -96,7 +96,7 @@ class Form {
     std::string title_;
     MessageBoxes& boxes_;
     std::vector<Control*> controls_;
-    std::vector<frame*> cards_;
+    std::vector<Frame*> cards_;
     Control* focused_ = nullptr;
     Control* wanted_ = nullptr; ///< where a handler moved the focus while the old field was being left
     bool leaving_ = false;

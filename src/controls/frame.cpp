@@ -2,14 +2,14 @@
 
 namespace pgbp {
 
-frame::frame(Form& form, std::string_view name, std::string captionText, FramePlace where)
+Frame::Frame(Form& form, std::string_view name, std::string captionText, FramePlace where)
     : Control(form, name), caption(changed, std::move(captionText)), place(where)
 {
     if (place == FramePlace::Card)
         visible = false;
 }
 
-void frame::Lay(Layout layout)
+void Frame::Lay(Layout layout)
 {
     layout_ = std::move(layout);
     const auto adopt = [this](Control* control) {

@@ -40,9 +40,9 @@ struct Layout {
 
 /// A panel with its heading; shows or hides as a unit. A side frame is put up and taken away by `Form::Raise` and
 /// `Form::Lower`.
-class frame : public Control {
+class Frame : public Control {
   public:
-    frame(Form& form, std::string_view name, std::string captionText = "", FramePlace where = FramePlace::Card);
+    Frame(Form& form, std::string_view name, std::string captionText = "", FramePlace where = FramePlace::Card);
 
     Property<std::string> caption;
     const FramePlace place;

@@ -25,18 +25,18 @@ std::string GridColumn::Drawn(const std::string& text) const
     return kind == GridColumnKind::Amount ? GroupedAmount(text) : text;
 }
 
-grid::grid(Form& form, std::string_view name, std::vector<GridColumn> columns)
+Grid::Grid(Form& form, std::string_view name, std::vector<GridColumn> columns)
     : Control(form, name), columns_(std::move(columns))
 {
 }
 
-void grid::SetHeading(int column, std::string heading)
+void Grid::SetHeading(int column, std::string heading)
 {
     columns_.at(static_cast<std::size_t>(column)).heading = std::move(heading);
     changed();
 }
 
-const std::string& grid::Cell(int row, int column) const
+const std::string& Grid::Cell(int row, int column) const
 {
     const auto at = static_cast<std::size_t>(column);
     if (row < 0 || row > Rows() || column < 0 || at >= columns_.size())
@@ -44,13 +44,13 @@ const std::string& grid::Cell(int row, int column) const
     return row == 0 ? columns_.at(at).heading : rows_.at(static_cast<std::size_t>(row) - 1).at(at);
 }
 
-void grid::SetCell(int row, int column, std::string text)
+void Grid::SetCell(int row, int column, std::string text)
 {
     rows_.at(static_cast<std::size_t>(row) - 1).at(static_cast<std::size_t>(column)) = std::move(text);
     changed();
 }
 
-void grid::SetRows(std::vector<std::vector<std::string>> rows)
+void Grid::SetRows(std::vector<std::vector<std::string>> rows)
 {
     rows_ = std::move(rows);
     for (auto& row : rows_)
@@ -59,7 +59,7 @@ void grid::SetRows(std::vector<std::vector<std::string>> rows)
     changed();
 }
 
-void grid::SetFooter(std::vector<std::string> cells)
+void Grid::SetFooter(std::vector<std::string> cells)
 {
     if (!cells.empty())
         cells.resize(columns_.size());
@@ -69,27 +69,27 @@ void grid::SetFooter(std::vector<std::string> cells)
     changed();
 }
 
-void grid::SetCurrentRow(int row)
+void Grid::SetCurrentRow(int row)
 {
     currentRow_ = std::clamp(row, Rows() == 0 ? 0 : 1, Rows());
     changed();
 }
 
-void grid::EnterCell(int row, int column)
+void Grid::EnterCell(int row, int column)
 {
     Cell(row, column);
     currentColumn_ = column;
     SetCurrentRow(row);
 }
 
-void grid::DoubleClick(int row)
+void Grid::DoubleClick(int row)
 {
     SetCurrentRow(row);
     if (currentRow_ > 0 && onDoubleClick)
         onDoubleClick(currentRow_);
 }
 
-std::string grid::Shows() const
+std::string Grid::Shows() const
 {
     std::string lines;
     for (const auto& row : rows_)
@@ -97,9 +97,9 @@ std::string grid::Shows() const
     return lines;
 }
 
-std::string grid::ShowsBelow() const { return TabSeparated(footer_); }
+std::string Grid::ShowsBelow() const { return TabSeparated(footer_); }
 
-bool grid::KeyDown(Key key)
+bool Grid::KeyDown(Key key)
 {
     constexpr int page = 10;
     switch (key) {

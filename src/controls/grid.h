@@ -30,9 +30,9 @@ struct GridColumn {
 
 /// Rows of texts under headings, with a row of totals below them where there is one. Row 0 is the heading row, the
 /// first row of data is row 1.
-class grid : public Control {
+class Grid : public Control {
   public:
-    grid(Form& form, std::string_view name, std::vector<GridColumn> columns);
+    Grid(Form& form, std::string_view name, std::vector<GridColumn> columns);
 
     std::function<void(int row)> onDoubleClick; ///< a double click or Enter on a row
     std::function<void(int row)> onDelete;      ///< the Delete key on a row

@@ -54,14 +54,14 @@ bool combo::Type(char32_t character)
     return true;
 }
 
-void list::SetItems(std::vector<std::string> items)
+void List::SetItems(std::vector<std::string> items)
 {
     items_ = std::move(items);
     current_ = 0;
     changed();
 }
 
-void list::Click(int entry)
+void List::Click(int entry)
 {
     current_ = std::clamp(entry, 0, static_cast<int>(items_.size()));
     changed();
@@ -69,7 +69,7 @@ void list::Click(int entry)
         onClick(current_);
 }
 
-void list::DoubleClick(int entry)
+void List::DoubleClick(int entry)
 {
     current_ = std::clamp(entry, 0, static_cast<int>(items_.size()));
     changed();
@@ -77,7 +77,7 @@ void list::DoubleClick(int entry)
         onDoubleClick(current_);
 }
 
-std::string list::Shows() const
+std::string List::Shows() const
 {
     std::string lines;
     for (const auto& item : items_)
@@ -85,7 +85,7 @@ std::string list::Shows() const
     return lines;
 }
 
-bool list::KeyDown(Key key)
+bool List::KeyDown(Key key)
 {
     const int last = static_cast<int>(items_.size());
     if (key == Key::Down || key == Key::Up) {

@@ -33,7 +33,7 @@ class combo : public TextBox {
 };
 
 /// A list of titles. Entries count from 1; 0 is the empty spot below them.
-class list : public Control {
+class List : public Control {
   public:
     using Control::Control;
 

@@ -24,7 +24,7 @@ void TextControl::Set(std::string text, Notify notify)
 
 double Val(const TextControl& control) { return Val(control.text()); }
 
-label::label(Form& form, std::string_view name, std::string text, LabelLook labelLook)
+Label::Label(Form& form, std::string_view name, std::string text, LabelLook labelLook)
     : TextControl(form, name), look(labelLook)
 {
     Set(std::move(text));

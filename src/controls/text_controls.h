@@ -40,9 +40,9 @@ enum class LabelLook { Caption, Amount, Hint, Heading };
 
 /// A caption or a computed amount. The text is the caption; "&" marks the mnemonic; "&&", and "&" before a
 /// blank, is the letter itself.
-class label : public TextControl {
+class Label : public TextControl {
   public:
-    label(Form& form, std::string_view name, std::string text = "", LabelLook look = LabelLook::Caption);
+    Label(Form& form, std::string_view name, std::string text = "", LabelLook look = LabelLook::Caption);
     using TextControl::operator=;
     LabelLook look;
 };

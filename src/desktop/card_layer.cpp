@@ -43,7 +43,7 @@ void CardLayer::Add(FrameView& card)
     card.widget()->installEventFilter(this);
 }
 
-FrameView* CardLayer::ViewOf(const frame* card) const
+FrameView* CardLayer::ViewOf(const Frame* card) const
 {
     const auto found =
         std::find_if(cards_.begin(), cards_.end(), [&](const auto* view) { return &view->control == card; });
@@ -59,7 +59,7 @@ void CardLayer::Arrange()
     if (isHidden())
         return;
     QRect covered = pages_->geometry();
-    for (const frame* up : form_.Cards()) {
+    for (const Frame* up : form_.Cards()) {
         const FrameView* card = ViewOf(up);
         if (!card) // is drawn at the next refresh
             continue;

@@ -8,7 +8,7 @@ namespace pgbp {
 
 class Form;
 class FrameView;
-class frame;
+class Frame;
 
 /// Lies over the main frame while a side frame is up: dims what lies below the card in front, keeps the mouse from it,
 /// and shows the card in the middle. The form's order of its cards is what is drawn. A card that asks for more height
@@ -31,7 +31,7 @@ class CardLayer : public QWidget {
   private:
     QRect PlaceOf(const FrameView& card) const;
 
-    FrameView* ViewOf(const frame* card) const;
+    FrameView* ViewOf(const Frame* card) const;
 
     const Form& form_;
     QWidget* pages_;

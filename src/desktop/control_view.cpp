@@ -26,9 +26,9 @@ std::unique_ptr<ControlView> Make(Control& control, FormView& form, const Place&
 
 // a kind stands before the kinds it is made of
 constexpr std::unique_ptr<ControlView> (*kMakers[])(Control&, FormView&, const Place&) = {
-    Make<label, LabelView>,   Make<txtdate, DateView>, Make<combo, ComboView>, Make<NumberBox, AmountView>,
-    Make<TextBox, TextView>,  Make<image, ImageView>,  Make<cmd, ButtonView>,  Make<check, CheckView>,
-    Make<option, OptionView>, Make<grid, GridView>,    Make<list, ListView>,   Make<frame, FrameView>,
+    Make<Label, LabelView>,   Make<txtdate, DateView>, Make<combo, ComboView>, Make<NumberBox, AmountView>,
+    Make<TextBox, TextView>,  Make<Image, ImageView>,  Make<cmd, ButtonView>,  Make<CheckBox, CheckView>,
+    Make<Option, OptionView>, Make<Grid, GridView>,    Make<List, ListView>,   Make<Frame, FrameView>,
 };
 
 } // namespace

@@ -47,7 +47,7 @@ void FormView::Build()
     const ButtonRow buttons = AddButtonRow(*box);
     box->addStretch(0);
     for (Control* control : form.controls())
-        if (auto* top = dynamic_cast<frame*>(control); top && top->place == FramePlace::Main)
+        if (auto* top = dynamic_cast<Frame*>(control); top && top->place == FramePlace::Main)
             AddMain(*top, buttons);
         else if (top && top->place == FramePlace::Card)
             notShownYet_.push_back(top);
@@ -55,7 +55,7 @@ void FormView::Build()
         buttons.right->addWidget(Add(*button, {.parent = this, .inRow = false}).widget());
 }
 
-void FormView::AddMain(frame& main, const ButtonRow& buttons)
+void FormView::AddMain(Frame& main, const ButtonRow& buttons)
 {
     auto* page = new Page(pages_);
     pages_->layout()->addWidget(page);
@@ -70,7 +70,7 @@ void FormView::AddMain(frame& main, const ButtonRow& buttons)
 /// A side frame is drawn when it is first up.
 void FormView::AddCards(bool all)
 {
-    std::erase_if(notShownYet_, [&](frame* card) {
+    std::erase_if(notShownYet_, [&](Frame* card) {
         const bool now = all || card->visible;
         if (now)
             cards_->Add(static_cast<FrameView&>(Add(*card, {.parent = cards_})));
@@ -194,7 +194,7 @@ void FormView::Refresh()
 }
 
 /// In a high window the buttons stay near the rows, unless a list takes the height there is.
-int FormView::HighestOf(const frame& main, const Page& page) const
+int FormView::HighestOf(const Frame& main, const Page& page) const
 {
     return Find(&main)->TakesHeight() ? QWIDGETSIZE_MAX : std::max(HighestPage(), page.sizeHint().height());
 }

@@ -69,9 +69,9 @@ class FormView : public QWidget {
 
   private:
     void Build();
-    void AddMain(frame& main, const ButtonRow& buttons);
+    void AddMain(Frame& main, const ButtonRow& buttons);
     void AddCards(bool all);
-    int HighestOf(const frame& main, const Page& page) const;
+    int HighestOf(const Frame& main, const Page& page) const;
     void CatchUpSoon();
     void MoveFocus();
     bool MousePressed(ControlView& view);
@@ -85,8 +85,8 @@ class FormView : public QWidget {
     std::unordered_map<const Control*, ControlView*> byControl_;
     std::unordered_map<const QObject*, ControlView*> watched_;
     std::map<const PushControl*, char> mnemonics_;
-    std::vector<std::pair<frame*, Page*>> mains_; ///< main frames, each with its page
-    std::vector<frame*> notShownYet_;
+    std::vector<std::pair<Frame*, Page*>> mains_; ///< main frames, each with its page
+    std::vector<Frame*> notShownYet_;
     QWidget* pages_ = nullptr;
     CardLayer* cards_ = nullptr;
     ControlView* marked_ = nullptr; ///< the amount that Ctrl+C copies

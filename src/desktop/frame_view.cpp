@@ -38,13 +38,13 @@ Qt::Alignment SideOf(const Control& control, LayoutColumn column)
     if (column == LayoutColumn::Amount || column == LayoutColumn::Previous)
         return Qt::AlignRight | Qt::AlignVCenter;
     const auto* box = dynamic_cast<const TextBox*>(&control);
-    const bool isWide = box || dynamic_cast<const cmd*>(&control) || dynamic_cast<const label*>(&control);
+    const bool isWide = box || dynamic_cast<const cmd*>(&control) || dynamic_cast<const Label*>(&control);
     return isWide ? Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter;
 }
 
 } // namespace
 
-FrameView::FrameView(frame& itsFrame, FormView& itsForm, const Place& place)
+FrameView::FrameView(Frame& itsFrame, FormView& itsForm, const Place& place)
     : ControlView(itsFrame, itsForm), frame_(itsFrame)
 {
     Build(place.parent);
@@ -132,7 +132,7 @@ void FrameView::AddRow(const LayoutRow& row)
 /// A field is called by the caption before or above it and the heading of its column, a list by that of its frame.
 void FrameView::NoteNames(const LayoutRow& row, std::size_t column, ControlView& view)
 {
-    if (const auto* text = dynamic_cast<const label*>(row.cells[column])) {
+    if (const auto* text = dynamic_cast<const Label*>(row.cells[column])) {
         if (row.style == RowStyle::Heading)
             columnHeadings_[column] = text;
         else if (text->look == LabelLook::Caption)
@@ -170,7 +170,7 @@ bool FrameView::IsBeside(const LayoutRow& row, std::size_t column) const
 /// The text of a tick runs on over the empty cells behind it.
 int FrameView::Spans(const LayoutRow& row, std::size_t column) const
 {
-    if (!dynamic_cast<const check*>(row.cells[column]))
+    if (!dynamic_cast<const CheckBox*>(row.cells[column]))
         return 1;
     const auto last = row.cells.begin() + static_cast<std::ptrdiff_t>(column) + 1;
     const auto next = std::find_if(last, row.cells.end(), [](const Control* cell) { return cell != nullptr; });

@@ -16,14 +16,14 @@ class QLabel;
 namespace pgbp {
 
 class LabelView;
-class label;
+class Label;
 struct ButtonRow;
 
 /// A frame with its heading and its rows in columns. A main frame scrolls as a page, its buttons stand apart in the
 /// row that the form keeps at the bottom; a card has its own row of buttons; a group stands in a row of another frame.
 class FrameView : public ControlView {
   public:
-    FrameView(frame& itsFrame, FormView& itsForm, const Place& place);
+    FrameView(Frame& itsFrame, FormView& itsForm, const Place& place);
 
     void FromModel() override;
     bool TakesHeight() const override;
@@ -71,7 +71,7 @@ class FrameView : public ControlView {
     bool IsSeen(std::size_t column) const;
     int ColumnCount() const { return static_cast<int>(frame_.layout().columns.size()); }
 
-    frame& frame_;
+    Frame& frame_;
     QLabel* heading_ = nullptr;
     QGridLayout* rows_ = nullptr;
     QHBoxLayout* beside_ = nullptr; ///< the number of the row in hand with the buttons behind it
@@ -79,12 +79,12 @@ class FrameView : public ControlView {
     /// A field with the texts that tell what it is.
     struct Named {
         ControlView* field;
-        const label* caption = nullptr;
-        const label* heading = nullptr; ///< of its column
+        const Label* caption = nullptr;
+        const Label* heading = nullptr; ///< of its column
     };
     std::vector<Named> named_;
-    const label* caption_ = nullptr; ///< the last caption above or before the cell in hand
-    std::map<std::size_t, const label*> columnHeadings_;
+    const Label* caption_ = nullptr; ///< the last caption above or before the cell in hand
+    std::map<std::size_t, const Label*> columnHeadings_;
     std::vector<ControlView*> ofHeight_; ///< cells that take the height that is left
 };
 

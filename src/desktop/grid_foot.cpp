@@ -13,7 +13,7 @@
 
 namespace pgbp {
 
-GridFoot::GridFoot(const grid& itsGrid, QTableView& table, QWidget* parent)
+GridFoot::GridFoot(const Grid& itsGrid, QTableView& table, QWidget* parent)
     : QWidget(parent), grid_(itsGrid), table_(table)
 {
     setFont(FontOf(Type::Total));

@@ -6,12 +6,12 @@ class QTableView;
 
 namespace pgbp {
 
-class grid;
+class Grid;
 
 /// The totals of a grid under their columns: they stay where they are while the rows scroll.
 class GridFoot : public QWidget {
   public:
-    GridFoot(const grid& itsGrid, QTableView& table, QWidget* parent);
+    GridFoot(const Grid& itsGrid, QTableView& table, QWidget* parent);
 
     /// The width a column needs for its total; 0 for one without.
     int WidthFor(int column) const;
@@ -23,7 +23,7 @@ class GridFoot : public QWidget {
     QString Drawn(int column) const;
     void PaintCell(QPainter& painter, int column) const;
 
-    const grid& grid_;
+    const Grid& grid_;
     const QTableView& table_;
 };
 

@@ -26,7 +26,7 @@
 namespace pgbp {
 namespace {
 
-QString DrawnText(const grid& lines, int row, int column)
+QString DrawnText(const Grid& lines, int row, int column)
 {
     const std::string& text = lines.Cell(row, column);
     return Text(row == 0 ? text : lines.columns()[static_cast<std::size_t>(column)].Drawn(text));
@@ -37,7 +37,7 @@ QString DrawnText(const grid& lines, int row, int column)
 /// Reads the grid in place.
 class GridModel : public QAbstractTableModel {
   public:
-    explicit GridModel(const grid& itsGrid) : grid_(itsGrid) {}
+    explicit GridModel(const Grid& itsGrid) : grid_(itsGrid) {}
 
     int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shownRows_; }
     int columnCount(const QModelIndex& parent = {}) const override
@@ -90,7 +90,7 @@ class GridModel : public QAbstractTableModel {
         }
     }
 
-    const grid& grid_;
+    const Grid& grid_;
     int shownRows_ = 0;
 };
 
@@ -119,7 +119,7 @@ class Rows : public QTableView {
 
 } // namespace
 
-GridView::GridView(grid& itsGrid, FormView& itsForm, const Place& place)
+GridView::GridView(Grid& itsGrid, FormView& itsForm, const Place& place)
     : ControlView(itsGrid, itsForm), grid_(itsGrid), model_(std::make_unique<GridModel>(itsGrid)),
       box_(new QWidget(place.parent)), table_(new Rows(box_))
 {

@@ -13,7 +13,7 @@ class GridModel;
 /// A grid: heading and totals fixed, amounts at the right and never scrolled out, texts share what is left and elide.
 class GridView : public ControlView {
   public:
-    GridView(grid& itsGrid, FormView& itsForm, const Place& place);
+    GridView(Grid& itsGrid, FormView& itsForm, const Place& place);
     ~GridView() override;
 
     void FromModel() override;
@@ -46,7 +46,7 @@ class GridView : public ControlView {
     QString CopiedText(int row, int column) const;
     void Copy() const;
 
-    grid& grid_;
+    Grid& grid_;
     std::unique_ptr<GridModel> model_;
     QWidget* box_; ///< the rows with their totals below
     QTableView* table_;

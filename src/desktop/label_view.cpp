@@ -12,7 +12,7 @@ namespace {
 constexpr int kAmountMargin = 2 * kUnit;
 constexpr int kLeastCaption = 30 * kUnit; ///< narrower, and the page scrolls
 
-Type TypeOf(const label& label, const Place& place)
+Type TypeOf(const Label& label, const Place& place)
 {
     if (place.style == RowStyle::Final)
         return Type::Final;
@@ -25,7 +25,7 @@ bool IsNumber(const std::string& text) { return text.find_first_not_of("01234567
 
 } // namespace
 
-LabelView::LabelView(label& itsLabel, FormView& itsForm, const Place& place)
+LabelView::LabelView(Label& itsLabel, FormView& itsForm, const Place& place)
     : ControlView(itsLabel, itsForm), label_(itsLabel), text_(new ElidedLabel(place.parent))
 {
     if (const Type type = TypeOf(label_, place); type != Type::Base)

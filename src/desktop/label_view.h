@@ -12,7 +12,7 @@ class ElidedLabel;
 /// A caption, a hint, a heading or a computed amount.
 class LabelView : public ControlView {
   public:
-    LabelView(label& itsLabel, FormView& itsForm, const Place& place);
+    LabelView(Label& itsLabel, FormView& itsForm, const Place& place);
 
     void FromModel() override;
     QString Copied() const override;
@@ -23,7 +23,7 @@ class LabelView : public ControlView {
   private:
     QColor Color() const;
 
-    label& label_;
+    Label& label_;
     ElidedLabel* text_;
     bool isMuted_ = false;
 };

@@ -17,7 +17,7 @@ int LeastHeight() { return 6 * GridRowHeight(); }
 
 } // namespace
 
-ListView::ListView(list& itsList, FormView& itsForm, const Place& place)
+ListView::ListView(List& itsList, FormView& itsForm, const Place& place)
     : ControlView(itsList, itsForm), list_(itsList), rows_(new QListWidget(place.parent))
 {
     rows_->setFocusPolicy(Qt::TabFocus);

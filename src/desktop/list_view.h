@@ -10,7 +10,7 @@ namespace pgbp {
 /// A list of titles with the empty spot below them.
 class ListView : public ControlView {
   public:
-    ListView(list& itsList, FormView& itsForm, const Place& place);
+    ListView(List& itsList, FormView& itsForm, const Place& place);
 
     void FromModel() override;
     bool Noticed(QEvent& event) override;
@@ -25,7 +25,7 @@ class ListView : public ControlView {
   private:
     void ShowItems();
 
-    list& list_;
+    List& list_;
     QListWidget* rows_;
 };
 

@@ -116,7 +116,7 @@ bool ButtonView::IsVisible() const
     return push().inSight && (isOfMain ? control.Shown() : control.visible);
 }
 
-ImageView::ImageView(image& itsImage, FormView& itsForm, const Place& place)
+ImageView::ImageView(Image& itsImage, FormView& itsForm, const Place& place)
     : PushView(itsImage, itsForm, new QToolButton(place.parent))
 {
     button()->setFixedSize(18, 18);
@@ -147,7 +147,7 @@ void TickView<Kind, Button>::FromModel()
     button()->setChecked(tick_.value);
 }
 
-template class TickView<check, QCheckBox>;
-template class TickView<option, QRadioButton>;
+template class TickView<CheckBox, QCheckBox>;
+template class TickView<Option, QRadioButton>;
 
 } // namespace pgbp

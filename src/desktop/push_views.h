@@ -40,7 +40,7 @@ class ButtonView : public PushView {
 
 class ImageView : public PushView {
   public:
-    ImageView(image& itsImage, FormView& itsForm, const Place& place);
+    ImageView(Image& itsImage, FormView& itsForm, const Place& place);
     void FromModel() override;
 
   protected:
@@ -58,7 +58,7 @@ class TickView : public PushView {
     Kind& tick_;
 };
 
-using CheckView = TickView<check, QCheckBox>;
-using OptionView = TickView<option, QRadioButton>;
+using CheckView = TickView<CheckBox, QCheckBox>;
+using OptionView = TickView<Option, QRadioButton>;
 
 } // namespace pgbp

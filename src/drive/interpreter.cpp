@@ -67,14 +67,14 @@ std::string CaptionOf(const Control& control)
 {
     if (const auto* button = dynamic_cast<const PushControl*>(&control))
         return button->caption;
-    if (const auto* panel = dynamic_cast<const frame*>(&control))
+    if (const auto* panel = dynamic_cast<const Frame*>(&control))
         return panel->Shows();
-    if (const auto* text = dynamic_cast<const label*>(&control))
+    if (const auto* text = dynamic_cast<const Label*>(&control))
         return text->text();
     throw DriveError(control.name() + " has no caption");
 }
 
-std::string EntryOf(const list& titles, int entry)
+std::string EntryOf(const List& titles, int entry)
 {
     if (entry < 1 || entry > static_cast<int>(titles.items().size()))
         throw DriveError(titles.name() + " has no entry " + std::to_string(entry));
@@ -330,7 +330,7 @@ void Interpreter::Get(const std::string& path)
         out_ << OnOneLine(Lines(box->offers().shown()));
     else if (property == "tip")
         out_ << control->toolTip.get();
-    else if (const auto* lines = dynamic_cast<const grid*>(control); lines && property == "footer")
+    else if (const auto* lines = dynamic_cast<const Grid*>(control); lines && property == "footer")
         out_ << lines->ShowsBelow();
     else
         throw DriveError("there is no property " + property);
@@ -388,7 +388,7 @@ void Interpreter::Select(const std::string& arguments)
     const std::string text = Unquoted(quoted);
     const Target target = ResolveForAction(path);
     const auto* field = dynamic_cast<combo*>(target.control);
-    const auto& items = field ? field->items() : As<list>(target, "list").items();
+    const auto& items = field ? field->items() : As<List>(target, "list").items();
     const auto found = std::find(items.begin(), items.end(), text);
     if (found == items.end())
         throw DriveError(path + " has no entry \"" + text + "\"");
@@ -398,7 +398,7 @@ void Interpreter::Select(const std::string& arguments)
         if (field)
             As<combo>(target, "list").Choose(at);
         else
-            As<list>(target, "list").Click(at + 1);
+            As<List>(target, "list").Click(at + 1);
     });
 }
 
@@ -407,19 +407,19 @@ void Interpreter::Cell(const std::string& arguments)
     const auto [path, numbers] = FirstWord(arguments);
     const auto [row, column] = FirstWord(numbers);
     const Target target = Resolve(path);
-    if (const auto* titles = dynamic_cast<list*>(target.control))
+    if (const auto* titles = dynamic_cast<List*>(target.control))
         out_ << EntryOf(*titles, Number(row)) << '\n';
     else
-        out_ << As<grid>(target, "grid or list").Cell(Number(row), Number(column)) << '\n';
+        out_ << As<Grid>(target, "grid or list").Cell(Number(row), Number(column)) << '\n';
 }
 
 void Interpreter::Rows(const std::string& path)
 {
     const Target target = Resolve(path);
-    if (const auto* titles = dynamic_cast<list*>(target.control))
+    if (const auto* titles = dynamic_cast<List*>(target.control))
         out_ << titles->items().size() << '\n';
     else
-        out_ << As<grid>(target, "grid or list").Rows() << '\n';
+        out_ << As<Grid>(target, "grid or list").Rows() << '\n';
 }
 
 void Interpreter::Enter(const std::string& arguments)
@@ -427,7 +427,7 @@ void Interpreter::Enter(const std::string& arguments)
     const auto [path, numbers] = FirstWord(arguments);
     const auto [row, column] = FirstWord(numbers);
     const Target target = ResolveForAction(path);
-    auto& cells = As<grid>(target, "grid");
+    auto& cells = As<Grid>(target, "grid");
     cells.Cell(Number(row), Number(column)); // a cell that is not there is an error of the script
     Act(*target.form, [&, at = std::pair(Number(row), Number(column))] {
         target.form->SetFocus(cells);
@@ -443,12 +443,12 @@ void Interpreter::DoubleClick(const std::string& arguments)
     if (auto* date = dynamic_cast<txtdate*>(target.control))
         return Act(*target.form, [&] { date->calendarShown = !date->calendarShown; });
     const int row = Number(where);
-    if (auto* titles = dynamic_cast<list*>(target.control)) {
+    if (auto* titles = dynamic_cast<List*>(target.control)) {
         if (row > static_cast<int>(titles->items().size()))
             throw DriveError(path + " has no entry " + where);
         return Act(*target.form, [&] { titles->DoubleClick(row); });
     }
-    auto& cells = As<grid>(target, "grid");
+    auto& cells = As<Grid>(target, "grid");
     if (row < 1 || row > cells.Rows())
         throw DriveError(path + " has no row " + where);
     Act(*target.form, [&] { cells.DoubleClick(row); });

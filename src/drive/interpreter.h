@@ -14,7 +14,7 @@ namespace pgbp {
 
 class PushControl;
 class TextBox;
-class grid;
+class Grid;
 
 /// What a script asked for that a person could not do, or an expectation that did not hold.
 class DriveError : public std::runtime_error {

@@ -11,11 +11,11 @@ namespace pgbp {
 /// do not count.
 class FieldTexts {
   public:
-    void Remember(const frame& shown) { remembered_ = Of(shown); }
-    bool DifferFrom(const frame& shown) const { return remembered_ != Of(shown); }
+    void Remember(const Frame& shown) { remembered_ = Of(shown); }
+    bool DifferFrom(const Frame& shown) const { return remembered_ != Of(shown); }
 
   private:
-    static std::vector<std::string> Of(const frame& shown);
+    static std::vector<std::string> Of(const Frame& shown);
 
     std::vector<std::string> remembered_;
 };

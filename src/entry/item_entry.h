@@ -23,7 +23,7 @@ struct ItemColumn {
     GridColumn shown;
     std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*> member;
     TextBox* field = nullptr;
-    check* tick = nullptr;
+    CheckBox* tick = nullptr;
     int places = 2;          ///< of a number: rupees and paise, or 0
     bool tellsApart = false; ///< items that are alike in all such columns are taken back together
     bool inGrid = true;      ///< else it is only a field
@@ -72,7 +72,7 @@ struct ItemColumn {
 template <typename Item>
 class ItemEntry {
   public:
-    ItemEntry(Screen& form, grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns);
+    ItemEntry(Screen& form, Grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns);
     ItemEntry(const ItemEntry&) = delete;
 
     std::vector<Check> checks;              ///< of an item that is added
@@ -130,7 +130,7 @@ class ItemEntry {
     std::string NameOf(const Item& item) const;
 
     Screen& form_;
-    grid& rows_;
+    Grid& rows_;
     const std::vector<ItemColumn<Item>> columns_;
     std::vector<Item> items_;
     std::vector<Item> opened_;
@@ -151,7 +151,7 @@ std::vector<GridColumn> GridColumns(const std::vector<ItemColumn<Item>>& columns
 }
 
 template <typename Item>
-ItemEntry<Item>::ItemEntry(Screen& form, grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns)
+ItemEntry<Item>::ItemEntry(Screen& form, Grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns)
     : form_(form), rows_(rows), columns_(std::move(columns))
 {
     add.onClick = [this] { Add(); };

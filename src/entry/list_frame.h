@@ -51,8 +51,8 @@ class ListFrame {
     /// A list is open and differs from what was opened.
     bool Altered() const;
 
-    frame panel;
-    grid rows;
+    Frame panel;
+    Grid rows;
     cmd add;
     cmd save;
     cmd back;

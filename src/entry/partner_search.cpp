@@ -130,7 +130,7 @@ void PanDetails::Open(const Person& person)
 {
     person_ = person;
     isAccepted_ = false;
-    const std::pair<label*, const std::string*> lines[] = {{&LblD1, &person_.name},
+    const std::pair<Label*, const std::string*> lines[] = {{&LblD1, &person_.name},
                                                            {&LblD2, &person_.address},
                                                            {&LblD3, &person_.city},
                                                            {&LblD4, &person_.state},

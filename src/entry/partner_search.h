@@ -34,11 +34,11 @@ class PartnerSearch {
 
     std::function<void(const Person&)> chosen;
 
-    frame FraPart;
-    label lblsearch;
+    Frame FraPart;
+    Label lblsearch;
     txt TxtSearch;
-    grid MSH;
-    label lblhint;
+    Grid MSH;
+    Label lblhint;
     cmd CmdBackPart;
 
   private:
@@ -59,12 +59,12 @@ class PanDetails {
     std::function<void(const Person&)> accepted;
     std::function<void()> rejected;
 
-    frame FraDEt;
-    label lblnamec, LblD1;
-    label lbladdressc, LblD2;
-    label lblcityc, LblD3;
-    label lblstatec, LblD4;
-    label lblpinc, LblD5;
+    Frame FraDEt;
+    Label lblnamec, LblD1;
+    Label lbladdressc, LblD2;
+    Label lblcityc, LblD3;
+    Label lblstatec, LblD4;
+    Label lblpinc, LblD5;
     cmd CmdACC;
     cmd CmdREj;
 

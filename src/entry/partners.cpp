@@ -274,7 +274,7 @@ void Partners::Changed()
 /// One who left has no share on the last day of the year.
 void Partners::ShowTotals()
 {
-    for (label* total : {&lblin, &lblre, &lblratio})
+    for (Label* total : {&lblin, &lblre, &lblratio})
         total->Set("0.00");
     for (const PartnerRow& partner : entry.items()) {
         lblin = Amount(Val(lblin) + partner.interest);

@@ -34,35 +34,35 @@ struct PartnerFields {
     explicit PartnerFields(Screen& form);
 
     Screen& screen;
-    label lblpartner{screen, "lblpartner", "Name :"};
+    Label lblpartner{screen, "lblpartner", "Name :"};
     txt txtpartner{screen, "txtpartner"};
-    image ImgHelp{screen, "ImgHelp", "Select Partner"};
-    label lblpan{screen, "lblpan", "PAN :"};
+    Image ImgHelp{screen, "ImgHelp", "Select Partner"};
+    Label lblpan{screen, "lblpan", "PAN :"};
     txt TxtPart_PAN{screen, "TxtPart_PAN"};
-    image Image2{screen, "Image2", "Check PAN from IT Records"};
-    label lbladdress{screen, "lbladdress", "Address :"};
+    Image Image2{screen, "Image2", "Check PAN from IT Records"};
+    Label lbladdress{screen, "lbladdress", "Address :"};
     txt TxtPart_Add{screen, "TxtPart_Add"};
-    label lblcity{screen, "lblcity", "City :"};
+    Label lblcity{screen, "lblcity", "City :"};
     combo TxtCity{screen, "TxtCity", true};
-    label lblstate{screen, "lblstate", "State :"};
+    Label lblstate{screen, "lblstate", "State :"};
     combo txtstate{screen, "txtstate", true};
-    label lblpin{screen, "lblpin", "PIN :"};
+    Label lblpin{screen, "lblpin", "PIN :"};
     txt TxtPIN{screen, "TxtPIN"};
-    label lblstatus{screen, "lblstatus", "Satatus :"};
+    Label lblstatus{screen, "lblstatus", "Satatus :"};
     combo CboStatus{screen, "CboStatus"};
-    label Label6{screen, "Label6", "If LLP, DIN else Aadhar :"};
+    Label Label6{screen, "Label6", "If LLP, DIN else Aadhar :"};
     txt TXTDin{screen, "TXTDin"};
-    label lblratioc{screen, "lblratioc", "Ratio :"};
+    Label lblratioc{screen, "lblratioc", "Ratio :"};
     txtn txtratio{screen, "txtratio"};
-    label lblrate{screen, "lblrate", "Intt Rate :"};
+    Label lblrate{screen, "lblrate", "Intt Rate :"};
     txtn TxtInttRate{screen, "TxtInttRate"};
-    label lblpart1c{screen, "lblpart1c", "%  Interest :"};
+    Label lblpart1c{screen, "lblpart1c", "%  Interest :"};
     txtn txtpart1{screen, "txtpart1"};
-    label lblallow{screen, "lblallow", "Allow. Int. :"};
+    Label lblallow{screen, "lblallow", "Allow. Int. :"};
     txtn txtAllow{screen, "txtAllow"};
-    label lblpart2c{screen, "lblpart2c", "Rem. :"};
+    Label lblpart2c{screen, "lblpart2c", "Rem. :"};
     txtn txtpart2{screen, "txtpart2"};
-    check ChkCurrent{screen, "ChkCurrent", "Whether the person was not the partner on year ending date ?"};
+    CheckBox ChkCurrent{screen, "ChkCurrent", "Whether the person was not the partner on year ending date ?"};
 };
 
 /// `frapartner`: the partners or members of a firm, an association or a body of individuals, with interest,
@@ -78,16 +78,16 @@ class Partners : public PartnerFields {
     /// The frame is up and differs from what was opened.
     bool Altered() const { return frapartner.visible && entry.Altered(); }
 
-    frame frapartner{screen, "frapartner", "Partners"};
-    check ChkChange{screen, "ChkChange", "Whether there was change in partnership during the year "};
+    Frame frapartner{screen, "frapartner", "Partners"};
+    CheckBox ChkChange{screen, "ChkChange", "Whether there was change in partnership during the year "};
     cmd cmdaddpart{screen, "cmdaddpart", "&Add"};
-    grid DbPart;
-    label lblratio{screen, "lblratio", "0.00", LabelLook::Amount};
-    label lblin{screen, "lblin", "0.00", LabelLook::Amount};
-    label lblre{screen, "lblre", "0.00", LabelLook::Amount};
-    frame fratotals{screen, "fratotals", "", FramePlace::Group};
-    label lblallowremuc{screen, "lblallowremuc", "Maximum Allowable Remuneration :"};
-    label lblallowremu{screen, "lblallowremu", "0.00", LabelLook::Amount};
+    Grid DbPart;
+    Label lblratio{screen, "lblratio", "0.00", LabelLook::Amount};
+    Label lblin{screen, "lblin", "0.00", LabelLook::Amount};
+    Label lblre{screen, "lblre", "0.00", LabelLook::Amount};
+    Frame fratotals{screen, "fratotals", "", FramePlace::Group};
+    Label lblallowremuc{screen, "lblallowremuc", "Maximum Allowable Remuneration :"};
+    Label lblallowremu{screen, "lblallowremu", "0.00", LabelLook::Amount};
     cmd cmdImport{screen, "cmdImport", "&Import"};
     cmd cmdsavepart{screen, "cmdsavepart", "&Save"};
     cmd cmdbackpartner{screen, "cmdbackpartner", "&Cancel"};

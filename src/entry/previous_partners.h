@@ -25,9 +25,9 @@ class PreviousPartners {
     std::function<void(const std::vector<PartnerRow>&)> allChosen;
 
     cmd CmdImp;
-    frame FraPartners;
-    grid MSHPart;
-    label lblhintprevious;
+    Frame FraPartners;
+    Grid MSHPart;
+    Label lblhintprevious;
     cmd Command2;
     cmd CmdBackPartners;
 

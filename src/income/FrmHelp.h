@@ -13,8 +13,8 @@ class FrmHelp : public Screen {
     explicit FrmHelp(Run& itsRun);
     void Open(const Opening& opening) override;
 
-    frame framain{*this, "framain", "", FramePlace::Main};
-    label LblCaption{*this, "LblCaption", "", LabelLook::Heading};
+    Frame framain{*this, "framain", "", FramePlace::Main};
+    Label LblCaption{*this, "LblCaption", "", LabelLook::Heading};
     Txt1 txtDesc{*this, "txtDesc"};
     cmd CmdBack{*this, "CmdBack", "Close"};
 

@@ -15,16 +15,16 @@ class frmReminder : public Screen {
     void Open(const Opening& opening) override;
     void Close() override;
 
-    frame framain{*this, "framain", "", FramePlace::Main};
-    list LV{*this, "LV"};
-    label lblhint{*this, "lblhint", "* Double Click to Add New Item", LabelLook::Hint};
+    Frame framain{*this, "framain", "", FramePlace::Main};
+    List LV{*this, "LV"};
+    Label lblhint{*this, "lblhint", "* Double Click to Add New Item", LabelLook::Hint};
     cmd cmdhide{*this, "cmdhide", "&Close"};
 
-    frame Frame1{*this, "Frame1"};
-    label lblhead{*this, "lblhead", "Title :"};
+    Frame Frame1{*this, "Frame1"};
+    Label lblhead{*this, "lblhead", "Title :"};
     Txt1 txthead{*this, "txthead"};
     Txt1 txtmmo{*this, "txtmmo"};
-    label lbldate{*this, "lbldate", "", LabelLook::Hint};
+    Label lbldate{*this, "lbldate", "", LabelLook::Hint};
     cmd cmdsave{*this, "cmdsave", "&Save"};
     cmd mnudel{*this, "mnudel", "&Delete"};
     cmd cmdX{*this, "cmdX", "X"};

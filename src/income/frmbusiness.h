@@ -30,82 +30,82 @@ class frmbusiness : public Screen {
     /// Writes the "BUSI" row, the head of income in fourteen amounts.
     void StoreHeadOfIncome() const;
 
-    frame framain{*this, "framain", "", FramePlace::Main};
-    label lblThis{*this, "lblThis", "This year", LabelLook::Hint};
-    label lblPrevious{*this, "lblPrevious", "Previous Year", LabelLook::Hint};
+    Frame framain{*this, "framain", "", FramePlace::Main};
+    Label lblThis{*this, "lblThis", "This year", LabelLook::Hint};
+    Label lblPrevious{*this, "lblPrevious", "Previous Year", LabelLook::Hint};
 
     cmd cmd1{*this, "cmd1", "Normal Business"};
-    label Label1{*this, "Label1", "Normal Business :"};
-    label lbl1{*this, "lbl1", "0.00", LabelLook::Amount};
-    label lbl1P{*this, "lbl1P", "0.00", LabelLook::Amount};
+    Label Label1{*this, "Label1", "Normal Business :"};
+    Label lbl1{*this, "lbl1", "0.00", LabelLook::Amount};
+    Label lbl1P{*this, "lbl1P", "0.00", LabelLook::Amount};
 
     cmd cmd2{*this, "cmd2", "Speculation"};
-    label Label2{*this, "Label2", "Speculation Business :"};
-    label lbl2{*this, "lbl2", "0.00", LabelLook::Amount};
-    label lbl2P{*this, "lbl2P", "0.00", LabelLook::Amount};
+    Label Label2{*this, "Label2", "Speculation Business :"};
+    Label lbl2{*this, "lbl2", "0.00", LabelLook::Amount};
+    Label lbl2P{*this, "lbl2P", "0.00", LabelLook::Amount};
 
     cmd CmdSp{*this, "CmdSp", "Specified u/s 35AD"};
-    label LblSp{*this, "LblSp", "0.00", LabelLook::Amount};
+    Label LblSp{*this, "LblSp", "0.00", LabelLook::Amount};
 
     cmd cmd3{*this, "cmd3", "Business u/s 44AD"};
-    label Label3{*this, "Label3", "Construction Business u/s 44AD :"};
-    label lbl3{*this, "lbl3", "0.00", LabelLook::Amount};
-    label lbl3P{*this, "lbl3P", "0.00", LabelLook::Amount};
+    Label Label3{*this, "Label3", "Construction Business u/s 44AD :"};
+    Label lbl3{*this, "lbl3", "0.00", LabelLook::Amount};
+    Label lbl3P{*this, "lbl3P", "0.00", LabelLook::Amount};
 
     cmd cmd9{*this, "cmd9", "Profession u/s 44ADA"};
-    label Label29{*this, "Label29", "Professional Income u/s 44ADA :"};
-    label LblADA{*this, "LblADA", "0.00", LabelLook::Amount};
+    Label Label29{*this, "Label29", "Professional Income u/s 44ADA :"};
+    Label LblADA{*this, "LblADA", "0.00", LabelLook::Amount};
 
     cmd cmd4{*this, "cmd4", "Transport u/s 44AE"};
-    label Label4{*this, "Label4", "Transport Business u/s 44 AE :"};
-    label lbl4{*this, "lbl4", "0.00", LabelLook::Amount};
-    label lbl4P{*this, "lbl4P", "0.00", LabelLook::Amount};
+    Label Label4{*this, "Label4", "Transport Business u/s 44 AE :"};
+    Label lbl4{*this, "lbl4", "0.00", LabelLook::Amount};
+    Label lbl4P{*this, "lbl4P", "0.00", LabelLook::Amount};
 
     cmd cmd5{*this, "cmd5", "Retail u/s 44AF"};
-    label Label5{*this, "Label5", "Retail Trading u/s 44 AF :"};
-    label lbl5{*this, "lbl5", "0.00", LabelLook::Amount};
-    label lbl5P{*this, "lbl5P", "0.00", LabelLook::Amount};
+    Label Label5{*this, "Label5", "Retail Trading u/s 44 AF :"};
+    Label lbl5{*this, "lbl5", "0.00", LabelLook::Amount};
+    Label lbl5P{*this, "lbl5P", "0.00", LabelLook::Amount};
 
     cmd cmd6{*this, "cmd6", "Partnership Firm"};
-    label Label6{*this, "Label6", "Rem./Intt. from Partnership Firm :"};
+    Label Label6{*this, "Label6", "Rem./Intt. from Partnership Firm :"};
     txtn Txt6{*this, "Txt6"};
-    label lblna1{*this, "lblna1", "Not Allowed", LabelLook::Hint};
-    label txt6P{*this, "txt6P", "0.00", LabelLook::Amount};
+    Label lblna1{*this, "lblna1", "Not Allowed", LabelLook::Hint};
+    Label txt6P{*this, "txt6P", "0.00", LabelLook::Amount};
 
     cmd cmd7{*this, "cmd7", "AOP/BOI"};
-    label Label7{*this, "Label7", "Share from AOP/BOI :"};
+    Label Label7{*this, "Label7", "Share from AOP/BOI :"};
     txtn Txt7{*this, "Txt7"};
-    label lblna2{*this, "lblna2", "Not Allowed", LabelLook::Hint};
-    label txt7P{*this, "txt7P", "0.00", LabelLook::Amount};
+    Label lblna2{*this, "lblna2", "Not Allowed", LabelLook::Hint};
+    Label txt7P{*this, "txt7P", "0.00", LabelLook::Amount};
 
     cmd cmdlic{*this, "cmdlic", "Commission"};
-    label Label8{*this, "Label8", "Commission from LIC, UTI etc. :"};
-    label lbllic{*this, "lbllic", "0.00", LabelLook::Amount};
-    label lbllicP{*this, "lbllicP", "0.00", LabelLook::Amount};
-    image ImgHelp{*this, "ImgHelp", "Maximum Deduction ?"};
+    Label Label8{*this, "Label8", "Commission from LIC, UTI etc. :"};
+    Label lbllic{*this, "lbllic", "0.00", LabelLook::Amount};
+    Label lbllicP{*this, "lbllicP", "0.00", LabelLook::Amount};
+    Image ImgHelp{*this, "ImgHelp", "Maximum Deduction ?"};
 
-    label Label26{*this, "Label26", "Adjustment Th. Tax Audit Report :"};
-    label Label27{*this, "Label27", "0.00", LabelLook::Amount};
+    Label Label26{*this, "Label26", "Adjustment Th. Tax Audit Report :"};
+    Label Label27{*this, "Label27", "0.00", LabelLook::Amount};
 
-    label Label9{*this, "Label9", "Total"};
-    label lbltotal{*this, "lbltotal", "0.00", LabelLook::Amount};
-    label lbltotalP{*this, "lbltotalP", "0.00", LabelLook::Amount};
-    label lblothers{*this, "lblothers", "", LabelLook::Hint}; ///< what counts there without a column of its own
-    label lblothersP{*this, "lblothersP", "0.00", LabelLook::Amount};
+    Label Label9{*this, "Label9", "Total"};
+    Label lbltotal{*this, "lbltotal", "0.00", LabelLook::Amount};
+    Label lbltotalP{*this, "lbltotalP", "0.00", LabelLook::Amount};
+    Label lblothers{*this, "lblothers", "", LabelLook::Hint}; ///< what counts there without a column of its own
+    Label lblothersP{*this, "lblothersP", "0.00", LabelLook::Amount};
 
     PartnerDeductions partners{*this};
-    label lblafter{*this, "lblafter", "Income after Interest & Remuneration :"};
-    label lblinc{*this, "lblinc", "0.00", LabelLook::Amount};
-    label lblincP{*this, "lblincP", "0.00", LabelLook::Amount};
+    Label lblafter{*this, "lblafter", "Income after Interest & Remuneration :"};
+    Label lblinc{*this, "lblinc", "0.00", LabelLook::Amount};
+    Label lblincP{*this, "lblincP", "0.00", LabelLook::Amount};
 
-    label Label10{*this, "Label10", "S/off ag. P. Year losses :"};
-    label lblloss{*this, "lblloss", "0.00", LabelLook::Amount};
-    label lbllossP{*this, "lbllossP", "0.00", LabelLook::Amount};
-    label Label11{*this, "Label11", "Profits & Gains from Business or Profession :"};
-    label lbllast{*this, "lbllast", "0.00", LabelLook::Amount};
-    label lbllastP{*this, "lbllastP", "0.00", LabelLook::Amount};
+    Label Label10{*this, "Label10", "S/off ag. P. Year losses :"};
+    Label lblloss{*this, "lblloss", "0.00", LabelLook::Amount};
+    Label lbllossP{*this, "lbllossP", "0.00", LabelLook::Amount};
+    Label Label11{*this, "Label11", "Profits & Gains from Business or Profession :"};
+    Label lbllast{*this, "lbllast", "0.00", LabelLook::Amount};
+    Label lbllastP{*this, "lbllastP", "0.00", LabelLook::Amount};
 
-    label LblSec11{*this, "LblSec11", "Business Income as shown u/s 11(4) :"};
+    Label LblSec11{*this, "LblSec11", "Business Income as shown u/s 11(4) :"};
     txtn TxtSec11{*this, "TxtSec11"};
 
     cmd CmdGST{*this, "CmdGST", "GST Return Details"};

@@ -176,7 +176,7 @@ void frmbusiness::ShowLines()
     for (const auto& [kind, line] : summed)
         ShowSum(*line, sums.Of(TypeOf(kind)).net);
 
-    const std::pair<BusinessKind, label*> presumptive[] = {
+    const std::pair<BusinessKind, Label*> presumptive[] = {
         {kPresumptive44AD, &lbl3}, {kProfession44ADA, &LblADA}, {kTransport44AE, &lbl4}, {kRetail44AF, &lbl5}};
     for (const auto& [kind, line] : presumptive) {
         if (kind == kRetail44AF && !Rules().Has44AF()) // lines that a run that stores nothing has not deleted
@@ -254,7 +254,7 @@ void frmbusiness::ShowPreviousYear()
         run.balance.Query("select * from {qelgeneral} where code = ? and [Type] = 'BUSI'", run.GlPrCode);
     if (head.Empty())
         return;
-    const std::pair<std::string_view, label*> columns[] = {
+    const std::pair<std::string_view, Label*> columns[] = {
         {"amt1", &lbl1P},
         {"amt2", &lbl2P},
         {"amt3", &lbl3P},
@@ -279,7 +279,7 @@ void frmbusiness::ShowPreviousYear()
 void frmbusiness::NameOthersOfPreviousYear()
 {
     double others = Val(lbltotalP);
-    for (const label* line : {&lbl1P, &lbl2P, &lbl3P, &lbl4P, &lbl5P, &txt6P, &txt7P, &lbllicP})
+    for (const Label* line : {&lbl1P, &lbl2P, &lbl3P, &lbl4P, &lbl5P, &txt6P, &txt7P, &lbllicP})
         others -= line->visible ? Val(*line) : 0;
     lblothersP = Amount(others);
     lblothers = Rules().HasSpecified() ? "of which 35AD and others" : "of which audit adjustment";

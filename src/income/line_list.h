@@ -23,9 +23,9 @@ class LineList {
     void Leave();
 
     frmbusiness& form;
-    frame fra1;
-    label lblchoose;
-    grid DBGrid1;
+    Frame fra1;
+    Label lblchoose;
+    Grid DBGrid1;
     cmd CmdAdd;
     cmd cmdback1;
 

@@ -24,13 +24,13 @@ class PartnerDeductions {
     bool CalculateMaximum();
 
     frmbusiness& form;
-    label lblpart1;
+    Label lblpart1;
     txtn txtlesspart1;
-    label txtlesspart1P;
+    Label txtlesspart1P;
     cmd cmdmax;
-    label lblpart2;
+    Label lblpart2;
     txtn txtlesspart2;
-    label txtlesspart2P;
+    Label txtlesspart2P;
 
   private:
     struct Deduction {

@@ -21,7 +21,7 @@ class AdjustmentLists : public LineUnderTest<frmbusinesscal> {
 struct OneList {
     const char* type;
     cmd frmbusinesscal::*button;
-    label frmbusinesscal::*total;
+    Label frmbusinesscal::*total;
     const char* caption;
     double sign; ///< how it enters the net income
 };

@@ -20,7 +20,7 @@ class Owner : public Screen {
     }
     void ModalClosed() override { other.ModalClosed(); }
 
-    frame framain{*this, "framain", "", FramePlace::Main};
+    Frame framain{*this, "framain", "", FramePlace::Main};
     cmd cmdother{*this, "cmdother", "&Other"};
     std::vector<std::string> listsOpened;
     int balances = 0;
@@ -115,7 +115,7 @@ TEST_F(Other, OneFrameAtATimeAndTheFocusGoesBack)
     struct {
         const char* name;
         cmd& button;
-        frame& opened;
+        Frame& opened;
         cmd& back;
         const Control& focus;
     } const rows[] = {

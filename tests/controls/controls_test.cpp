@@ -15,16 +15,16 @@ class OtherControls : public testing::Test {
   protected:
     TestBoxes boxes;
     Form form{"F", "F", boxes, "Vorn"};
-    frame framain{form, "framain", "", FramePlace::Main};
+    Frame framain{form, "framain", "", FramePlace::Main};
 };
 
 } // namespace
 
 TEST_F(OtherControls, ChecksAndOptionsRaiseTheirClick)
 {
-    check ticked(form, "ticked", "Ticked");
-    option first(form, "first", "First");
-    option second(form, "second", "Second");
+    CheckBox ticked(form, "ticked", "Ticked");
+    Option first(form, "first", "First");
+    Option second(form, "second", "Second");
     framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&ticked}}, {{&first}}, {{&second}}}});
     int clicks = 0;
     ticked.onClick = [&] { ++clicks; };
@@ -65,7 +65,7 @@ TEST_F(OtherControls, ADropDownFieldChoosesByKeys)
 
 TEST_F(OtherControls, AListTellsEntriesFromTheEmptySpot)
 {
-    list titles(form, "titles");
+    List titles(form, "titles");
     framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&titles}}}});
     std::string trace;
     titles.onClick = [&](int entry) { trace += "c" + std::to_string(entry); };
@@ -83,7 +83,7 @@ TEST_F(OtherControls, AListTellsEntriesFromTheEmptySpot)
 
 TEST_F(OtherControls, AGridCountsItsHeadingAsRowZero)
 {
-    grid lines(form, "lines", {{"Name", GridColumnKind::Text}, {"Amount", GridColumnKind::Amount}});
+    Grid lines(form, "lines", {{"Name", GridColumnKind::Text}, {"Amount", GridColumnKind::Amount}});
     framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&lines}}}});
     EXPECT_EQ(lines.currentRow(), 0);
     lines.SetRows({{"a", "1.00"}, {"b"}});

@@ -67,7 +67,7 @@ TEST(DateControl, NormalisesOnLeavingAndKeepsTheFocusWhenRefused)
 {
     TestBoxes boxes;
     Form form("F", "F", boxes, "Vorn");
-    frame framain(form, "framain", "", FramePlace::Main);
+    Frame framain(form, "framain", "", FramePlace::Main);
     txtdate sold(form, "sold");
     txt next(form, "next");
     framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&sold}}, {{&next}}}});

@@ -33,22 +33,22 @@ class Hub : public Form {
         cmdcancel.onClick = [this] { Lower(side); };
         help.onClick = [this] { ++helped; };
     }
-    frame lookup{*this, "lookup"}; ///< declared before the frame that it is opened over
+    Frame lookup{*this, "lookup"}; ///< declared before the frame that it is opened over
     txt txtlookup{*this, "txtlookup"};
-    frame framain{*this, "framain", "", FramePlace::Main};
+    Frame framain{*this, "framain", "", FramePlace::Main};
     cmd cmdopen{*this, "cmdopen", "Normal Business"};
     cmd cmdbeside{*this, "cmdbeside", "Find"};
     txtn txtone{*this, "txtone"};
     txtn txttwo{*this, "txttwo"};
-    image help{*this, "help", "Topic"};
+    Image help{*this, "help", "Topic"};
     int helped = 0;
     cmd cmddetails{*this, "cmddetails", "&Details"};
-    frame side{*this, "side"};
+    Frame side{*this, "side"};
     txt txtside{*this, "txtside"};
     cmd cmdlookup{*this, "cmdlookup", "&Look up"};
     txtn txtamount{*this, "txtamount"};
     cmd cmdadd{*this, "cmdadd", "&Add"};
-    grid rows{*this, "rows", {{"Amount", GridColumnKind::Amount}}};
+    Grid rows{*this, "rows", {{"Amount", GridColumnKind::Amount}}};
     cmd cmdsave{*this, "cmdsave", "&Save"};
     cmd cmdcancel{*this, "cmdcancel", "&Cancel"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
@@ -119,7 +119,7 @@ TEST_F(Forms, CloseTheMainFrameWhileASideFrameIsUp)
 TEST_F(Forms, StackSideFramesInAnyOrderOfOpening)
 {
     struct Step {
-        frame& card;
+        Frame& card;
         Control& first;
     };
     const Step side{form.side, form.txtside};

@@ -20,7 +20,7 @@ class Fields : public Form {
         framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&walking}}, {{&amount}}, {{&plain}}, {{&still}}}});
         SetFocus(walking);
     }
-    frame framain{*this, "framain", "", FramePlace::Main};
+    Frame framain{*this, "framain", "", FramePlace::Main};
     txt walking{*this, "walking"};
     txtn amount{*this, "amount"};
     Txt1 plain{*this, "plain"};

@@ -79,7 +79,7 @@ TEST_F(Pages, DrawComputedAmountsInGroups)
         form.totalP = "Not Allowed";
         form.caption = "Section 80, 1250000";
     });
-    const auto shown = [&](const label& label) { return view.Find(&label)->widget()->accessibleName(); };
+    const auto shown = [&](const Label& label) { return view.Find(&label)->widget()->accessibleName(); };
     EXPECT_EQ(shown(form.total), "24,72,131.00");
     EXPECT_EQ(shown(form.totalP), "Not Allowed");
     EXPECT_EQ(shown(form.caption), "Section 80, 1250000");
@@ -240,7 +240,7 @@ TEST_F(Pages, KeepTheirButtonsNearTheirRowsUnlessAListTakesTheHeight)
             framain.Lay({.columns = {LayoutColumn::Field}, .rows = {{{&name}}}});
             bar = {&CmdBack};
         }
-        frame framain{*this, "framain", "", FramePlace::Main};
+        Frame framain{*this, "framain", "", FramePlace::Main};
         txt name{*this, "name"};
         cmd CmdBack{*this, "CmdBack", "&Back"};
     } shortForm(boxes);

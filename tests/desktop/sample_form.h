@@ -51,42 +51,42 @@ class SampleForm : public Form {
         cmdcancel.onClick = [this] { Lower(side); };
     }
 
-    frame framain{*this, "framain", "Lines", FramePlace::Main};
-    label heading{*this, "heading", "This year"};
-    label headingP{*this, "headingP", "Previous Year"};
+    Frame framain{*this, "framain", "Lines", FramePlace::Main};
+    Label heading{*this, "heading", "This year"};
+    Label headingP{*this, "headingP", "Previous Year"};
     cmd cmdopen{*this, "cmdopen", "Normal Business"};
-    label caption{*this, "caption", "Profits && Gains :"};
+    Label caption{*this, "caption", "Profits && Gains :"};
     txt name{*this, "name"};
     txtn amount{*this, "amount"};
-    label amountP{*this, "amountP", "-5.00", LabelLook::Amount};
+    Label amountP{*this, "amountP", "-5.00", LabelLook::Amount};
     txtdate day{*this, "day"};
     Txtn1 fixed{*this, "fixed"};
     combo kinds{*this, "kinds"};
     combo place{*this, "place", true};
-    check tick{*this, "tick", "Audited"};
-    option first{*this, "first", "Cash"};
-    option second{*this, "second", "Mercantile"};
-    image help{*this, "help", "Topic"};
-    label totalCaption{*this, "totalCaption", "Total"};
-    label total{*this, "total", "0.00", LabelLook::Amount};
-    label totalP{*this, "totalP", "0.00", LabelLook::Amount};
-    grid lines{*this,
+    CheckBox tick{*this, "tick", "Audited"};
+    Option first{*this, "first", "Cash"};
+    Option second{*this, "second", "Mercantile"};
+    Image help{*this, "help", "Topic"};
+    Label totalCaption{*this, "totalCaption", "Total"};
+    Label total{*this, "total", "0.00", LabelLook::Amount};
+    Label totalP{*this, "totalP", "0.00", LabelLook::Amount};
+    Grid lines{*this,
                "lines",
                {{"No", GridColumnKind::Serial},
                 {"Description", GridColumnKind::Text},
                 {"Profit", GridColumnKind::Amount},
                 {"Key", GridColumnKind::Hidden}}};
-    list titles{*this, "titles"};
+    List titles{*this, "titles"};
     Txt1 note{*this, "note"};
-    label netCaption{*this, "netCaption", "Net"};
-    label net{*this, "net", "1049.50", LabelLook::Amount};
+    Label netCaption{*this, "netCaption", "Net"};
+    Label net{*this, "net", "1049.50", LabelLook::Amount};
     cmd cmddetails{*this, "cmddetails", "&Details"};
-    frame side{*this, "side", "Side"};
+    Frame side{*this, "side", "Side"};
     txt sidetext{*this, "sidetext"};
     txt sidenote{*this, "sidenote"};
     txtn sideamount{*this, "sideamount"};
     cmd cmdadd{*this, "cmdadd", "&Add"};
-    grid siderows{
+    Grid siderows{
         *this,
         "siderows",
         {{"No", GridColumnKind::Text}, {"Description", GridColumnKind::Text, 9}, {"%", GridColumnKind::Rate}}};

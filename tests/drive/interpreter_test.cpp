@@ -36,18 +36,18 @@ class Board : public Screen {
         secret.visible = false;
         frozen.enabled = false;
     }
-    frame framain{*this, "framain", "", FramePlace::Main};
+    Frame framain{*this, "framain", "", FramePlace::Main};
     txt txtname{*this, "txtname"};
     txtn amount{*this, "TxtNetAd(0)"};
     txtdate sold{*this, "sold"};
     combo status{*this, "status"};
-    list titles{*this, "titles"};
-    grid lines{*this, "lines", {{"Name", GridColumnKind::Text}, {"Amount", GridColumnKind::Amount}}};
+    List titles{*this, "titles"};
+    Grid lines{*this, "lines", {{"Name", GridColumnKind::Text}, {"Amount", GridColumnKind::Amount}}};
     cmd ask{*this, "ask", "&Ask"};
-    label sum{*this, "sum"};
+    Label sum{*this, "sum"};
     cmd secret{*this, "secret", "Secret"};
     cmd frozen{*this, "frozen", "Frozen"};
-    frame fra1{*this, "fra1", "", FramePlace::Card};
+    Frame fra1{*this, "fra1", "", FramePlace::Card};
 };
 
 class Driver : public testing::Test {

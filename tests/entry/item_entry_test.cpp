@@ -33,11 +33,11 @@ class ItemScreen : public Screen {
                 {.shown = {"Amount", GridColumnKind::Amount}, .member = &Item::amount, .field = &txtamount}};
     }
 
-    frame framain{*this, "framain", "", FramePlace::Main};
+    Frame framain{*this, "framain", "", FramePlace::Main};
     txt txtname{*this, "txtname"};
     txtn txtamount{*this, "txtamount"};
     cmd cmdadd{*this, "cmdadd", "&Add"};
-    grid rows{*this, "rows", GridColumns(Columns())};
+    Grid rows{*this, "rows", GridColumns(Columns())};
     ItemEntry<Item> entry{*this, rows, cmdadd, Columns()};
 };
 
