@@ -42,8 +42,7 @@ class PracticeWithLine : public FilledPractice {
     frmbusinesscal& OpenLine()
     {
         const Recordset line = run->company.Query("select * from {business} where code = ? and sno = ?", kCode, kSno);
-        run->screens.Show("frmbusinesscal",
-                          {.caption = "Normal Business", .mode = Mode::Edit, .business = Record(line.First())});
+        run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business", .business = Record(line.First())});
         return static_cast<frmbusinesscal&>(*run->screens.OnDisplay());
     }
 

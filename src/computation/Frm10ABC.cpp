@@ -47,9 +47,10 @@ void Frm10ABC::LayOut()
     bar = {&CmdSave, &CmdBack};
 }
 
-void Frm10ABC::Open(const Opening& opening)
+void Frm10ABC::Open(const SectionOpening& opening)
 {
-    section_ = opening.subject;
+    section_ = opening;
+    caption = "Deduction u/s " + section_.section + '-' + section_.description;
     LBLSNO = std::to_string(section_.index);
     LblSec = Replace(section_.section, "&", "&&");
     LblDescr = Replace(section_.description, "&", "&&");

@@ -24,7 +24,7 @@ struct ClaimedItem {
 class Frm10ABC : public Screen {
   public:
     explicit Frm10ABC(Run& itsRun);
-    void Open(const Opening& opening) override;
+    void Open(const SectionOpening& opening);
     void Close() override;
 
     Frame framain{*this, "framain", "", FramePlace::Main};
@@ -48,7 +48,7 @@ class Frm10ABC : public Screen {
     void LayOut();
     void Save();
 
-    Subject section_;
+    SectionOpening section_;
 };
 
 } // namespace pgbp

@@ -8,9 +8,9 @@ namespace pgbp {
 
 void RegisterComputationScreens(Screens& screens)
 {
-    screens.Register("frmbusinesscal", [](Run& run) { return std::make_unique<frmbusinesscal>(run); });
-    screens.Register("frmbusinesscal1", [](Run& run) { return std::make_unique<frmbusinesscal1>(run); });
-    screens.Register("Frm10ABC", [](Run& run) { return std::make_unique<Frm10ABC>(run); });
+    screens.Register<frmbusinesscal>(screens::frmbusinesscal);
+    screens.Register<frmbusinesscal1>(screens::frmbusinesscal1);
+    screens.Register<Frm10ABC>(screens::Frm10ABC);
 }
 
 } // namespace pgbp

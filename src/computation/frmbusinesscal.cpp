@@ -152,17 +152,17 @@ void frmbusinesscal::Wire()
     for (ListFrame* list : std::initializer_list<ListFrame*>{&fra1, &fra2, &fra4})
         list->panel.onLowered = [this] { RefreshTotals(); };
     fra2.entry.checks = ChecksOfSections();
-    Image3.onClick = [this] { ShowHelp(run, Image3.toolTip); };
+    Image3.onClick = [this] { run.screens.ShowModal(screens::FrmHelp, {Image3.toolTip.get()}); };
     for (cmd* button : {&CmdPartner, &cmdpartner1, &Command1, &presumptive.CmdPart})
         button->onClick = [this] { partners.Open(); };
     partners.frapartner.onLowered = [this] { LeavePartners(); };
     cmdother.onClick = [this] { other.Open(); };
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
-    const char* depreciation = run.Year() <= 2006 ? "frmfassets" : "frmfassetsNew";
+    const auto depreciation = run.Year() <= 2006 ? screens::frmfassets : screens::frmfassetsNew;
     CmdDep.onClick = [this, depreciation] { OpenAnnexure(depreciation, "Depreciation Annexure"); };
     LeadsTo(CmdDep, depreciation);
-    CmdF.onClick = [this] { OpenAnnexure("frmfassetsNew", "Capital Gain Annexure"); };
-    LeadsTo(CmdF, "frmfassetsNew");
+    CmdF.onClick = [this] { OpenAnnexure(screens::frmfassetsNew, "Capital Gain Annexure"); };
+    LeadsTo(CmdF, screens::frmfassetsNew);
     presumptive.listReplaced = [this] { RefreshTotals(); };
     framain.onEscape = presumptive.fra44ad.onEscape = [this] { Back(); };
     presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
@@ -201,7 +201,7 @@ void frmbusinesscal::LeavePartners()
         presumptive.HideDeductions();
 }
 
-void frmbusinesscal::Open(const Opening& opening)
+void frmbusinesscal::Open(const LineOpening& opening)
 {
     EmptyWorkingCopies(run);
     PlantLimits2024(run);
@@ -273,8 +273,6 @@ void frmbusinesscal::Activate()
     header.Opened({&framain, &presumptive.fra44ad, &other.fra3, &partners.frapartner});
 }
 
-void frmbusinesscal::ModalClosed() { other.ModalClosed(); }
-
 void frmbusinesscal::ReadStatementFigures()
 {
     const StatementFigures figures = ReadStatement(run, header.Sno());
@@ -282,7 +280,7 @@ void frmbusinesscal::ReadStatementFigures()
     txtadddep = Amount(figures.depreciation);
 }
 
-void frmbusinesscal::OpenAnnexure(const char* screen, const char* annexure)
+void frmbusinesscal::OpenAnnexure(ScreenName<AnnexureOpening> screen, const char* annexure)
 {
     run.GLwhere = kAnnexureOfComputation;
     run.screens.Show(screen, {.caption = annexure});

@@ -18,11 +18,10 @@ class frmbusinesscal : public Screen {
     explicit frmbusinesscal(Run& itsRun);
 
     /// Takes the line over, from its stored rows in Edit; what a run left behind that did not end is emptied.
-    void Open(const Opening& opening) override;
+    void Open(const LineOpening& opening);
     /// On the first display and on every return from a screen that hid this one: net profit and depreciation come from
     /// the stored statement and the annexure.
     void Activate() override;
-    void ModalClosed() override;
     void Close() override;
 
     /// Sums of the lists, totals and net income, each from the shown texts of the step before.
@@ -103,7 +102,7 @@ class frmbusinesscal : public Screen {
     void BusinessFill();
     void ApplyYearAndStatus();
     void ReadStatementFigures();
-    void OpenAnnexure(const char* screen, const char* annexure);
+    void OpenAnnexure(ScreenName<AnnexureOpening> screen, const char* annexure);
     void RefreshTotals();
     void ShowListTotals();
 

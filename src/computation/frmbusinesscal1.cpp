@@ -41,7 +41,7 @@ void frmbusinesscal1::Wire()
     framain.onEscape = header.CmdBack.onClick = [this] { Back(); };
 }
 
-void frmbusinesscal1::Open(const Opening& opening)
+void frmbusinesscal1::Open(const LineOpening& opening)
 {
     EmptyWorkingCopies(run);
     header.Open(opening);

@@ -12,7 +12,7 @@ class frmbusinesscal1 : public Screen {
   public:
     explicit frmbusinesscal1(Run& itsRun);
 
-    void Open(const Opening& opening) override;
+    void Open(const LineOpening& opening);
     void Activate() override;
     void Close() override;
 

@@ -26,17 +26,15 @@ LineHeader::LineHeader(Screen& form)
     CmdPNL.visible = false;
     CmdPNL.onClick = [this] { OpenStatement(); };
     form.LeadsTo(CmdPNL, StatementScreen());
-    cmdr.onClick = [this] { run_.screens.ShowModal("frmReminder"); };
+    cmdr.onClick = [this] { run_.screens.ShowModal(screens::frmReminder); };
 }
 
-void LineHeader::Open(const Opening& opening)
+void LineHeader::Open(const LineOpening& opening)
 {
+    form_.caption = opening.caption;
     openedFrames_.clear();
     attempted_ = 0;
-    isEdit_ = opening.mode == Mode::Edit;
-    business_ = opening.business;
-    Text1 = isEdit_ ? "Edit" : "Add";
-    CmdDel.enabled = isEdit_;
+    TakeStored(opening.business);
     txtdescr1 = Stored("name1").Text();
     txtdescr2 = Stored("name2").Text();
     txtpnl = Amount(Stored("PNL").Number());
@@ -71,16 +69,28 @@ void LineHeader::ShowWayToStatement()
     CmdPNL.visible = ProfitIsOfStatement();
 }
 
-void LineHeader::OpenStatement() const
+/// A line that the statement has stored goes on as a stored one, with what is entered beside it.
+void LineHeader::OpenStatement()
 {
-    run_.GlLineDescr1 = txtdescr1.text();
-    run_.GlLineDescr2 = txtdescr2.text();
-    run_.GlLineSno = isEdit_ ? Sno() : 0;
     run_.GLrep = run_.FormCheckDone ? "NEWPNL" : "PNL";
-    run_.screens.Show(StatementScreen());
+    run_.screens.Show(StatementScreen(), {.sno = isEdit_ ? Sno() : 0,
+                                          .descr1 = txtdescr1.text(),
+                                          .descr2 = txtdescr2.text(),
+                                          .left = [this](const auto& business) { TakeStored(business); }});
 }
 
-const char* LineHeader::StatementScreen() const { return run_.FormCheckDone ? "FrmbspnlINDAS" : "FrmbspnlPGBP"; }
+ScreenName<StatementOpening> LineHeader::StatementScreen() const
+{
+    return run_.FormCheckDone ? screens::FrmbspnlINDAS : screens::FrmbspnlPGBP;
+}
+
+void LineHeader::TakeStored(const std::optional<Record>& business)
+{
+    isEdit_ = business.has_value();
+    business_ = business.value_or(Record());
+    Text1 = isEdit_ ? "Edit" : "Add";
+    CmdDel.enabled = isEdit_;
+}
 
 bool LineHeader::RefusesSave(bool nothingEntered)
 {

@@ -19,7 +19,7 @@ class LineHeader {
     explicit LineHeader(Screen& form);
 
     /// Takes the line over from the summary.
-    void Open(const Opening& opening);
+    void Open(const LineOpening& opening);
     bool IsEdit() const { return isEdit_; }
     /// A column of the stored line; Null for a new one.
     const Value& Stored(std::string_view column) const { return business_[column]; }
@@ -66,9 +66,10 @@ class LineHeader {
         FieldTexts texts;
     };
 
-    void OpenStatement() const;
+    void OpenStatement();
+    void TakeStored(const std::optional<Record>& business);
     std::optional<double> StoredNumber() const;
-    const char* StatementScreen() const;
+    ScreenName<StatementOpening> StatementScreen() const;
     bool Update(double sno, std::span<const Field> fields) const;
 
     Run& run_;

@@ -21,7 +21,6 @@ class OtherAdjustments {
 
     void Open();
     /// A screen that lay over this one was left.
-    void ModalClosed() { section10abc.Refresh(); }
 
     Frame fra3;
     cmd cmd564;

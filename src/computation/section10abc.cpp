@@ -79,12 +79,6 @@ void Section10abc::Open()
     form_.Raise(Fra10abc, lines.front().Cmd10A);
 }
 
-void Section10abc::Refresh()
-{
-    if (Fra10abc.visible)
-        Fill();
-}
-
 void Section10abc::Fill()
 {
     NameLines();
@@ -110,8 +104,7 @@ void Section10abc::NameLines()
 
 void Section10abc::OpenSection(const Line& line)
 {
-    run_.screens.ShowModal("Frm10ABC", {.caption = "Deduction u/s " + line.section + '-' + line.description,
-                                        .subject = {line.index, line.section, line.description}});
+    run_.screens.ShowModal(screens::Frm10ABC, {line.index, line.section, line.description}, [this] { Fill(); });
 }
 
 } // namespace pgbp

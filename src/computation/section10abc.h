@@ -21,8 +21,6 @@ class Section10abc {
 
     /// Shows the sections with what is claimed under each, rupees.
     void Open();
-    /// Takes over what was changed on the screen of a section.
-    void Refresh();
 
     /// The sections apply, and the assessee has not opted out of them by a declaration.
     bool IsClaimed() const { return chk10abc1.value && !chk10abc2.value; }

@@ -36,10 +36,10 @@ FrmHelp::FrmHelp(Run& itsRun) : Screen(itsRun, "FrmHelp", "Vorn Help")
     bar = {&CmdBack};
 }
 
-void FrmHelp::Open(const Opening&)
+void FrmHelp::Open(const HelpOpening& opening)
 {
-    LblCaption = run.GlHelpTopic + " ?";
-    txtDesc = TextOf(run.GlHelpTopic);
+    LblCaption = opening.topic + " ?";
+    txtDesc = TextOf(opening.topic);
 }
 
 std::string FrmHelp::TextOf(const std::string& topic) const

@@ -11,7 +11,7 @@ namespace pgbp {
 class FrmHelp : public Screen {
   public:
     explicit FrmHelp(Run& itsRun);
-    void Open(const Opening& opening) override;
+    void Open(const HelpOpening& opening);
 
     Frame framain{*this, "framain", "", FramePlace::Main};
     Label LblCaption{*this, "LblCaption", "", LabelLook::Heading};

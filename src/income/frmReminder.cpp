@@ -28,7 +28,7 @@ frmReminder::frmReminder(Run& itsRun) : Screen(itsRun, "frmReminder", "Reminder 
     cmdhide.onClick = [this] { HideOrClose(); };
 }
 
-void frmReminder::Open(const Opening&) { ShowTitles(); }
+void frmReminder::Open(const NoOpening&) { ShowTitles(); }
 
 void frmReminder::ShowTitles()
 {

@@ -12,7 +12,7 @@ namespace pgbp {
 class frmReminder : public Screen {
   public:
     explicit frmReminder(Run& itsRun);
-    void Open(const Opening& opening) override;
+    void Open(const NoOpening& opening);
     void Close() override;
 
     Frame framain{*this, "framain", "", FramePlace::Main};

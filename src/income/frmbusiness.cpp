@@ -111,11 +111,12 @@ void frmbusiness::Wire()
     cmd7.onClick = [this] { OpenAop(); };
     cmd9.onClick = [this] { OpenProfession(); };
     cmdlic.onClick = [this] { RefuseMinor(); };
-    CmdGST.onClick = [this] { run.screens.Show("FrmGST"); };
-    ImgHelp.onClick = [this] { ShowHelp(run, ImgHelp.toolTip); };
+    CmdGST.onClick = [this] { run.screens.Show(screens::FrmGST); };
+    const auto activate = [this] { Activate(); };
+    ImgHelp.onClick = [this, activate] { run.screens.ShowModal(screens::FrmHelp, {ImgHelp.toolTip.get()}, activate); };
     cmdReport.onClick = [this] { ReportOnPreviousYear(); };
     CmdBack.onClick = [this] { Back(); };
-    cmdr.onClick = [this] { run.screens.ShowModal("frmReminder"); };
+    cmdr.onClick = [this, activate] { run.screens.ShowModal(screens::frmReminder, {}, activate); };
     partners.cmdmax.onClick = [this] { CalculateMaximum(); };
     partners.txtlesspart1.onChange = partners.txtlesspart2.onChange = [this] { AddUpAfterPartners(); };
     framain.onUndo = [this] { BringBack(); };
@@ -146,15 +147,13 @@ void frmbusiness::OpenOneLine(BusinessKind kind, const std::string& screenCaptio
     if (RefuseMinor())
         return;
     run.GLrep = "ASDF";
-    Opening opening{.caption = screenCaption};
+    LineOpening opening{.caption = screenCaption};
     const Recordset line = run.company.Query("select * from {business} where code = ? and [Type] = ?" +
                                                  std::string(run.company.dialect().insertionOrder),
                                              run.Glcode, TypeOf(kind));
-    if (!line.Empty()) {
-        opening.mode = Mode::Edit;
+    if (!line.Empty())
         opening.business = Record(line.First());
-    }
-    run.screens.Show("frmbusinesscal", opening);
+    run.screens.Show(screens::frmbusinesscal, opening);
 }
 
 void frmbusiness::OpenRetail()
@@ -183,7 +182,7 @@ void frmbusiness::OpenTransport()
         return OpenOneLine(kTransport44AE, "Transport Business u/s 44AE");
     }
     if (!RefuseMinor())
-        run.screens.Show("Frm44AENew");
+        run.screens.Show(screens::Frm44AENew);
 }
 
 void frmbusiness::OpenFirms()
@@ -191,7 +190,7 @@ void frmbusiness::OpenFirms()
     run.GlBusinessKind = kFirmIncome;
     if (IsFirm(run.Glstatus))
         return ShowNotApplicable(run, "Remu./Intt from Partnership Firm", "Other than Partnership Firm");
-    run.screens.Show("FrmFirm");
+    run.screens.Show(screens::FrmFirm);
 }
 
 void frmbusiness::OpenAop()
@@ -282,21 +281,12 @@ void frmbusiness::StoreHeadOfIncome() const
 /// The report shows the year of the comparative column, so the record goes out under that year's code.
 void frmbusiness::ReportOnPreviousYear()
 {
-    struct Restore {
-        Run& run;
-        std::string code = run.Glcode;
-        std::string year = run.Glyear;
-        ~Restore()
-        {
-            run.Glcode = code;
-            run.Glyear = year;
-        }
-    } restore{run};
     const auto letter = run.GlPrCode.find('r'); // the year stands behind it
-    run.Glcode = run.GlPrCode;
-    run.Glyear = letter == std::string::npos ? "" : run.GlPrCode.substr(letter + 1);
     run.GLrep = "PGBP";
-    HandOverTo(run, "VornRep.exe");
+    HandOver record = run;
+    record.Glcode = run.GlPrCode;
+    record.Glyear = letter == std::string::npos ? "" : run.GlPrCode.substr(letter + 1);
+    HandOverTo(run, record, "VornRep.exe");
 }
 
 } // namespace pgbp

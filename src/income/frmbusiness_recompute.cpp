@@ -91,13 +91,13 @@ void frmbusiness::OpenGst()
 /// A door that answers with a refusal stays open for it.
 void frmbusiness::CloseDoors()
 {
-    LeadsTo(CmdGST, "FrmGST");
+    LeadsTo(CmdGST, screens::FrmGST);
     const bool refusesFirm = IsFirm(run.Glstatus);
     const bool refusesMinor = run.GLminor != 0;
     if (Rules().VehiclesByScreen() && !refusesMinor)
-        LeadsTo(cmd4, "Frm44AENew");
+        LeadsTo(cmd4, screens::Frm44AENew);
     if (!refusesFirm) {
-        Rules().FirmsByScreen() ? LeadsTo(cmd6, "FrmFirm") : CloseDoor(cmd6);
+        Rules().FirmsByScreen() ? LeadsTo(cmd6, screens::FrmFirm) : CloseDoor(cmd6);
         CloseDoor(cmd7);
     }
     if (!refusesMinor)

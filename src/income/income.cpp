@@ -8,9 +8,9 @@ namespace pgbp {
 
 void RegisterIncomeScreens(Screens& screens)
 {
-    screens.Register("frmbusiness", [](Run& run) { return std::make_unique<frmbusiness>(run); });
-    screens.Register("frmReminder", [](Run& run) { return std::make_unique<frmReminder>(run); });
-    screens.Register("FrmHelp", [](Run& run) { return std::make_unique<FrmHelp>(run); });
+    screens.Register<frmbusiness>(screens::frmbusiness);
+    screens.Register<frmReminder>(screens::frmReminder);
+    screens.Register<FrmHelp>(screens::FrmHelp);
 }
 
 } // namespace pgbp

@@ -12,14 +12,14 @@ namespace pgbp {
 struct LineList::Kind {
     BusinessKind kind;
     const char* caption;
-    const char* screen;
+    ScreenName<LineOpening> screen;
     bool canAdd; ///< a further line can be added from the list
 };
 
 const LineList::Kind LineList::kKinds[] = {
-    {kNormal, "Normal Business", "frmbusinesscal", true},
-    {kSpeculation, "Speculation Business", "frmbusinesscal1", true},
-    {kSpecified, "Specified Business u/s 35AD", "frmbusinesscal1", false},
+    {kNormal, "Normal Business", screens::frmbusinesscal, true},
+    {kSpeculation, "Speculation Business", screens::frmbusinesscal1, true},
+    {kSpecified, "Specified Business u/s 35AD", screens::frmbusinesscal1, false},
 };
 
 namespace {
@@ -122,7 +122,7 @@ void LineList::Choose(int row)
         form.StartFromZero();
         return form.Activate();
     }
-    run_.screens.Show(kind.screen, {.caption = kind.caption, .mode = Mode::Edit, .business = Record(line.First())});
+    run_.screens.Show(kind.screen, {.caption = kind.caption, .business = Record(line.First())});
 }
 
 void LineList::Add()

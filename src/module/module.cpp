@@ -11,7 +11,7 @@ namespace pgbp {
 
 void RegisterScreens(Run& run)
 {
-    run.screens.Register("frmmdi", [](Run& itsRun) { return std::make_unique<frmmdi>(itsRun); });
+    run.screens.Register<frmmdi>(screens::frmmdi);
     RegisterIncomeScreens(run.screens);
     RegisterComputationScreens(run.screens);
 }

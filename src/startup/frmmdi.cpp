@@ -14,7 +14,7 @@ void frmmdi::Activate()
     wasActive_ = true;
     CheckIndAS();
     NameClient();
-    run.screens.Show("frmbusiness");
+    run.screens.Show(screens::frmbusiness);
 }
 
 void frmmdi::Close() { run.screens.End(); }

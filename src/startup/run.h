@@ -52,10 +52,6 @@ class Run : public HandOver {
     std::string clientName;               ///< name of the assessee; empty when the suite's list has none
     bool FormCheckDone = false;           ///< the statements are in Ind AS
     int GlBusinessKind = 0;               ///< line of the summary opened last
-    double GlLineSno = 0;                 ///< line of business that the statement serves; 0 for one not saved yet
-    std::string GlLineDescr1;             ///< its descriptions, as they stand on the screen
-    std::string GlLineDescr2;
-    std::string GlHelpTopic; ///< topic of the help screen
 
     std::optional<Deletion> deletion; ///< the last one; none once something was saved behind it
     Event<> deletingLine; ///< a line goes: sums of lines on a screen are loaded afresh, whatever comes of it

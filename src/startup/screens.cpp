@@ -35,19 +35,13 @@ void Screen::TellSaved(const std::string& what)
     notice = what + " saved, " + TimeText(run.host.now());
 }
 
-void Screen::LeadsTo(Control& door, std::string_view screen) const
-{
-    if (!run.screens.Has(screen))
-        CloseDoor(door);
-}
+bool Screen::IsThere(std::string_view screen) const { return run.screens.Has(screen); }
 
 void Screen::CloseDoor(Control& door)
 {
     door.enabled = false;
     door.toolTip = kNotThereYet;
 }
-
-void Screens::Register(std::string name, Factory factory) { factories_[std::move(name)] = std::move(factory); }
 
 std::vector<std::string> Screens::Names() const
 {
@@ -57,21 +51,14 @@ std::vector<std::string> Screens::Names() const
     return names;
 }
 
-void Screens::Show(std::string_view name, const Opening& opening) { Display(name, opening, Placement::Alone); }
-
-void Screens::ShowModal(std::string_view name, const Opening& opening) { Display(name, opening, Placement::Modal); }
-
-void Screens::Display(std::string_view name, const Opening& opening, Placement placement)
+void Screens::Display(std::string_view name, const std::any& opening, std::function<void()> left)
 {
     const auto factory = factories_.find(name);
     if (factory == factories_.end())
         return run_.Inform(kNotThereYet);
-    auto screen = factory->second(run_);
-    if (!opening.caption.empty())
-        screen->caption = opening.caption;
-    screen->Open(opening);
+    auto screen = factory->second(run_, opening);
     Screen& opened = *screen;
-    shown_.push_back({std::move(screen), placement});
+    shown_.push_back({std::move(screen), std::move(left)});
     if (shown_.size() == 1) // an error of the frame window ends the start
         opened.Activate();
     else
@@ -81,14 +68,14 @@ void Screens::Display(std::string_view name, const Opening& opening, Placement p
 
 void Screens::Return()
 {
-    const Placement placement = shown_.back().placement;
+    const auto left = shown_.back().left;
     left_.push_back(std::move(shown_.back().screen));
     shown_.pop_back();
     Screen* below = OnDisplay();
     if (below && !left_.back()->notice.get().empty()) // what was told on leaving is read where the preparer comes back
         below->notice = left_.back()->notice;
     if (below)
-        below->Do([&] { placement == Placement::Modal ? below->ModalClosed() : below->Activate(); });
+        below->Do([&] { left ? left() : below->Activate(); });
     changed();
 }
 
@@ -123,7 +110,7 @@ std::vector<Screen*> Screens::Displayed() const
     std::vector<Screen*> displayed;
     for (auto shown = shown_.rbegin(); shown != shown_.rend(); ++shown) {
         displayed.push_back(shown->screen.get());
-        if (shown->placement == Placement::Alone)
+        if (!shown->left)
             break;
     }
     std::reverse(displayed.begin(), displayed.end());

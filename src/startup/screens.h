@@ -1,8 +1,9 @@
 #pragma once
 
 #include "controls/form.h"
-#include "store/recordset.h"
+#include "startup/openings.h"
 
+#include <any>
 #include <functional>
 #include <map>
 #include <memory>
@@ -14,24 +15,7 @@ namespace pgbp {
 
 class Run;
 
-enum class Mode { Add, Edit };
-
-/// One of several things of a kind, for a screen that keeps the details of one of them.
-struct Subject {
-    int index = 0; ///< its place among them, from 0
-    std::string section = {};
-    std::string description = {};
-};
-
-/// What a detail screen is opened with.
-struct Opening {
-    std::string caption = {}; ///< of the screen; empty keeps its own
-    Mode mode = Mode::Add;
-    Record business = {}; ///< in Edit: the row of `business` that is to be changed
-    Subject subject = {};
-};
-
-/// A form of the module: it has the run.
+/// A form of the module: it has the run. Before its first display it is given its opening by `Open(const Opening&)`.
 class Screen : public Form {
   public:
     Screen(Run& itsRun, std::string name, std::string captionText);
@@ -46,44 +30,52 @@ class Screen : public Form {
     void TellSaved(const std::string& what);
 
     /// The button opens this screen: it is closed where this version has none.
-    void LeadsTo(Control& door, std::string_view screen) const;
+    template <typename Opening>
+    void LeadsTo(Control& door, ScreenName<Opening> screen) const;
     /// Disables what opens something that this version does not have, and says so in its tip.
     static void CloseDoor(Control& door);
 
-    /// Comes before the first display.
-    virtual void Open(const Opening&) {}
-    /// A modal screen that lay over this one was left.
-    virtual void ModalClosed() { Activate(); }
     /// Left by the cross: nothing is saved, and the screen it was opened from comes back.
     void Close() override;
 
   protected:
     void Guard(const std::function<void()>& action) override;
+
+  private:
+    bool IsThere(std::string_view screen) const;
 };
 
-/// The screens of a run: which there are, which is on display, which lie hidden below it. A screen names another one,
-/// never its class, so that no folder of screens knows the insides of another. Screens are made when first shown and
-/// unmade when left: every opening starts fresh.
+/// The screens of a run: which there are, which is on display, which lie hidden below it. Screens are made when first
+/// shown and unmade when left: every opening starts fresh.
 class Screens {
   public:
-    using Factory = std::function<std::unique_ptr<Screen>(Run&)>;
+    template <typename Opening>
+    using Factory = std::function<std::unique_ptr<Screen>(Run&, const Opening&)>;
 
     explicit Screens(Run& run) : run_(run) {}
 
     Event<> changed; ///< another screen is on display, or the run has ended
 
-    void Register(std::string name, Factory factory);
+    /// Makes a screen and opens it, whenever it is to be shown.
+    template <typename Opening>
+    void Register(ScreenName<Opening> name, Factory<Opening> factory);
+    template <typename Made, typename Opening>
+    void Register(ScreenName<Opening> name);
     /// The screens that there are.
     std::vector<std::string> Names() const;
 
     bool Has(std::string_view name) const { return factories_.find(name) != factories_.end(); }
 
-    /// Hides the screen on display and shows this one. A message tells when this version has no such screen.
-    void Show(std::string_view name, const Opening& opening = {});
-    /// Shows the screen over the one on display, which waits.
-    void ShowModal(std::string_view name, const Opening& opening = {});
-    /// Leaves the screen on display for the one it was opened from: that becomes active, or is told that the modal
-    /// screen over it is closed.
+    /// Hides the screen on display and shows this one, whose return makes that one active again. A message tells when
+    /// this version has no such screen.
+    template <typename Opening>
+    void Show(ScreenName<Opening> name, const std::type_identity_t<Opening>& opening = {});
+    /// Shows the screen over the one on display, which waits; `left` runs when it was left.
+    template <typename Opening>
+    void ShowModal(
+        ScreenName<Opening> name, const std::type_identity_t<Opening>& opening = {},
+        std::function<void()> left = [] {});
+    /// Leaves the screen on display for the one it was opened from.
     void Return();
     /// Ends the run.
     void End();
@@ -103,19 +95,57 @@ class Screens {
     void Sweep() { left_.clear(); }
 
   private:
-    enum class Placement { Alone, Modal };
     struct Shown {
         std::unique_ptr<Screen> screen;
-        Placement placement;
+        std::function<void()> left; ///< of a modal screen; none for one that stands alone
     };
 
-    void Display(std::string_view name, const Opening& opening, Placement placement);
+    void Display(std::string_view name, const std::any& opening, std::function<void()> left);
 
     Run& run_;
-    std::map<std::string, Factory, std::less<>> factories_;
+    std::map<std::string, Factory<std::any>, std::less<>> factories_;
     std::vector<Shown> shown_;
     std::vector<std::unique_ptr<Screen>> left_;
     bool ended_ = false;
 };
+
+template <typename Opening>
+void Screen::LeadsTo(Control& door, ScreenName<Opening> screen) const
+{
+    if (!IsThere(screen.text))
+        CloseDoor(door);
+}
+
+template <typename Opening>
+void Screens::Register(ScreenName<Opening> name, Factory<Opening> factory)
+{
+    factories_[std::string(name.text)] = [factory](Run& run, const std::any& opening) {
+        return factory(run, opening.has_value() ? std::any_cast<const Opening&>(opening) : Opening{});
+    };
+}
+
+template <typename Made, typename Opening>
+void Screens::Register(ScreenName<Opening> name)
+{
+    Register<Opening>(name, [](Run& run, [[maybe_unused]] const Opening& opening) {
+        auto made = std::make_unique<Made>(run);
+        if constexpr (requires { made->Open(opening); })
+            made->Open(opening);
+        return made;
+    });
+}
+
+template <typename Opening>
+void Screens::Show(ScreenName<Opening> name, const std::type_identity_t<Opening>& opening)
+{
+    Display(name.text, opening, nullptr);
+}
+
+template <typename Opening>
+void Screens::ShowModal(ScreenName<Opening> name, const std::type_identity_t<Opening>& opening,
+                        std::function<void()> left)
+{
+    Display(name.text, opening, std::move(left));
+}
 
 } // namespace pgbp

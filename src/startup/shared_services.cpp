@@ -36,15 +36,15 @@ std::string ReadEmptyHandOver(const Run& run)
     return content.str();
 }
 
-/// Puts a hand-over file with this run's record in the place of the old one. The new file is made whole beside it
+/// Puts a hand-over file with this record in the place of the old one. The new file is made whole beside it
 /// first, so that a failure leaves the old one.
-void WriteHandOverFile(const Run& run)
+void WriteHandOverFile(const Run& run, const HandOver& record)
 {
     DataFile file = HandOverFile(run);
     FreshFile fresh(file.path);
     fresh.Write(ReadEmptyHandOver(run));
     file.path = fresh.path();
-    WriteHandOver(OpenFile(file), run);
+    WriteHandOver(OpenFile(file), record);
     fresh.TakePlace();
 }
 
@@ -81,17 +81,11 @@ std::string PreviousYearCode(const Run& run)
         .Text();
 }
 
-void HandOverTo(const Run& run, const std::string& program)
+void HandOverTo(const Run& run, const HandOver& record, const std::string& program)
 {
-    WriteHandOverFile(run);
+    WriteHandOverFile(run, record);
     const Hourglass hourglass(run.host);
     run.host.processes.RunAndWait(run.host.programFolder / program);
-}
-
-void ShowHelp(Run& run, const std::string& topic)
-{
-    run.GlHelpTopic = topic;
-    run.screens.ShowModal("FrmHelp");
 }
 
 } // namespace pgbp

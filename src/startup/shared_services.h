@@ -14,10 +14,8 @@ void CheckPAN(Screen& screen, const std::string& pan);
 /// `code` of the same assessee in the assessment year before this one in the suite's list; empty when there is none.
 std::string PreviousYearCode(const Run& run);
 
-/// Writes the hand-over record back, starts the sibling program of the program folder and blocks until it ends.
-void HandOverTo(const Run& run, const std::string& program);
-
-/// Shows the help text of a topic over the screen on display.
-void ShowHelp(Run& run, const std::string& topic);
+/// Writes the record to the hand-over file, starts the sibling program of the program folder and blocks until it ends.
+/// The record is the run's own, but for what that program is to see of it differently.
+void HandOverTo(const Run& run, const HandOver& record, const std::string& program);
 
 } // namespace pgbp

@@ -131,7 +131,7 @@ try {
     OpenRights(run);
     run.GLrep.clear(); // from here on the summary's marker: its first display refreshes the remuneration
     run.assesseeYear = NameLock(std::filesystem::path(run.GlServer) / "pgbp.lock", run.Code());
-    run.screens.Show("frmmdi");
+    run.screens.Show(screens::frmmdi);
     if (run.assesseeYear.IsTaken())
         run.screens.OnDisplay()->notice = "This assessee-year is open in another window too: what is saved last stays.";
     if (!notice.empty()) // where nothing is stored the other window does not matter

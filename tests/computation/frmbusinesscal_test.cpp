@@ -403,8 +403,7 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
 {
     FullLine();
     Start();
-    run->screens.Register("frmfassetsNew",
-                          [](pgbp::Run& its) { return std::make_unique<Screen>(its, "frmfassetsNew", ""); });
+    RegisterEmpty(screens::frmfassetsNew);
     frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.CmdDep);
     EXPECT_EQ(run->GLwhere, 111);
@@ -426,8 +425,8 @@ TEST_F(Computation, AnotherScreenAfterTheAnnexureKeepsItsTotal)
 {
     FullLine();
     Start();
-    for (const char* name : {"frmfassetsNew", "FrmbspnlPGBP"})
-        run->screens.Register(name, [name](pgbp::Run& its) { return std::make_unique<Screen>(its, name, ""); });
+    RegisterEmpty(screens::frmfassetsNew);
+    RegisterEmpty(screens::FrmbspnlPGBP);
     frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.CmdDep);
     Balance().Execute("update {fassets} set F_Dep = 100 where sno = 90000");
@@ -463,16 +462,20 @@ TEST_F(Computation, StatementIsOpenedForTheLine)
 {
     FullLine();
     for (const bool indAs : {false, true}) {
-        const std::string statement = indAs ? "FrmbspnlINDAS" : "FrmbspnlPGBP";
+        const auto statement = indAs ? screens::FrmbspnlINDAS : screens::FrmbspnlPGBP;
+        StatementOpening given;
         Start();
         run->FormCheckDone = indAs;
-        run->screens.Register(statement, [&](pgbp::Run& its) { return std::make_unique<Screen>(its, statement, ""); });
+        run->screens.Register<StatementOpening>(statement, [&](pgbp::Run& its, const StatementOpening& opening) {
+            given = opening;
+            return std::make_unique<Screen>(its, std::string(statement.text), "");
+        });
         frmbusinesscal& screen = OpenScreen();
         screen.Click(screen.header.CmdPNL);
-        EXPECT_EQ(run->screens.OnDisplay()->name(), statement);
+        EXPECT_EQ(run->screens.OnDisplay()->name(), statement.text);
         EXPECT_EQ(run->GLrep, indAs ? "NEWPNL" : "PNL");
-        EXPECT_EQ(run->GlLineSno, kSno);
-        EXPECT_EQ(run->GlLineDescr1 + '/' + run->GlLineDescr2, "Main works/second");
+        EXPECT_EQ(given.sno, kSno);
+        EXPECT_EQ(given.descr1 + '/' + given.descr2, "Main works/second");
     }
 }
 

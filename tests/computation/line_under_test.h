@@ -51,14 +51,24 @@ class LineUnderTest : public EmptyPractice, public testing::Test {
         if (!run)
             Start();
         run->GlBusinessKind = kind;
-        Opening opening{.caption = caption};
+        LineOpening opening{.caption = caption};
         const Recordset stored = run->company.Query("select * from {business} where code = ?", handOver.Glcode);
-        if (!stored.Empty()) {
-            opening.mode = Mode::Edit;
+        if (!stored.Empty())
             opening.business = Record(stored.First());
-        }
-        run->screens.Show(kind == kNormal ? "frmbusinesscal" : ScreenName(kind), opening);
+        run->screens.Show(ScreenOf(kind), opening);
         return *static_cast<ComputationScreen*>(run->screens.OnDisplay());
+    }
+
+    /// A screen that shows nothing, in place of one that is not tested here.
+    template <typename Opening>
+    void RegisterEmpty(ScreenName<Opening> screen)
+    {
+        run->screens.Register<Opening>(screen, [screen](pgbp::Run& its, const Opening& opening) {
+            auto made = std::make_unique<Screen>(its, std::string(screen.text), "");
+            if constexpr (requires { opening.caption; })
+                made->caption = opening.caption;
+            return made;
+        });
     }
 
     /// First field of the first row of a statement on the stored files.
@@ -75,9 +85,9 @@ class LineUnderTest : public EmptyPractice, public testing::Test {
     }
 
   private:
-    static const char* ScreenName(BusinessKind kind)
+    static ScreenName<LineOpening> ScreenOf(BusinessKind kind)
     {
-        return kind == kSpeculation || kind == kSpecified ? "frmbusinesscal1" : "frmbusinesscal";
+        return kind == kSpeculation || kind == kSpecified ? screens::frmbusinesscal1 : screens::frmbusinesscal;
     }
 
     void Put(const Connection& file, const char* table, const char* type, std::initializer_list<Field> fixed,

@@ -18,7 +18,6 @@ class Owner : public Screen {
         framain.Lay({.columns = {LayoutColumn::Button}, .rows = {{{&cmdother}}}});
         cmdother.onClick = [this] { other.Open(); };
     }
-    void ModalClosed() override { other.ModalClosed(); }
 
     Frame framain{*this, "framain", "", FramePlace::Main};
     cmd cmdother{*this, "cmdother", "&Other"};
@@ -36,8 +35,9 @@ class Other : public testing::Test {
         practice.handOver.Glyear = year;
         practice.handOver.Glcode = std::string("A0001r") + year;
         auto& run = practice.Start();
-        run.screens.Register("owner", [](pgbp::Run& its) { return std::make_unique<Owner>(its); });
-        run.screens.Show("owner");
+        constexpr ScreenName<NoOpening> kOwner{"owner"};
+        run.screens.Register<Owner>(kOwner);
+        run.screens.Show(kOwner);
         auto& owner = static_cast<Owner&>(*run.screens.OnDisplay());
         owner.Click(owner.cmdother);
         return owner;

@@ -71,20 +71,24 @@ void ExpectTabOrderOfModel(const FormView& view)
 TEST_F(Windows, ShowEveryScreenAsItsModelIs)
 {
     Start();
-    for (const std::string& name : run->screens.Names()) {
-        if (name == "frmmdi")
-            continue;
-        SCOPED_TRACE(name);
-        if (!run->screens.Find(name))
-            run->screens.ShowModal(name);
+    std::size_t shown = 1; // frmmdi lies below
+    const auto look = [&](const auto& screen) {
+        if (!run->screens.Has(screen.text) || screen.text == screens::frmmdi.text)
+            return;
+        SCOPED_TRACE(screen.text);
+        if (!run->screens.Find(screen.text))
+            run->screens.ShowModal(screen);
+        ++shown;
         const FormView& view = Top();
         EXPECT_TRUE(view.isVisible());
         ExpectSameAsModel(view);
         ExpectTabOrderOfModel(view);
-        if (name != "frmbusiness")
+        if (screen.text != screens::frmbusiness.text)
             run->screens.Return();
         QApplication::processEvents();
-    }
+    };
+    std::apply([&](const auto&... screen) { (look(screen), ...); }, screens::kAll);
+    EXPECT_EQ(shown, run->screens.Names().size());
 }
 
 TEST_F(Windows, FollowTheScreensOfTheRun)
@@ -92,7 +96,7 @@ TEST_F(Windows, FollowTheScreensOfTheRun)
     Start();
     const Screen* summary = run->screens.OnDisplay();
     const FormView* page = &Top();
-    run->screens.ShowModal("frmReminder");
+    run->screens.ShowModal(screens::frmReminder);
     const FormView* reminder = &Top();
     EXPECT_NE(page, reminder);
     EXPECT_TRUE(page->isVisible());
@@ -109,7 +113,7 @@ TEST_F(Windows, LeaveTheKeyboardToTheScreenOnDisplay)
     Start();
     auto* hidden = dynamic_cast<Form*>(run->screens.OnDisplay());
     run->GlBusinessKind = kNormal;
-    run->screens.Show("frmbusinesscal", {.caption = "Normal Business"});
+    run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business"});
     const FormView& page = Top();
     const QWidget* field = page.Find(page.form.focused())->keyboard();
     EXPECT_EQ(window->focusWidget(), field);
@@ -122,7 +126,7 @@ TEST_F(Windows, DrawOnceForAKey)
 {
     Start();
     run->GlBusinessKind = kNormal;
-    run->screens.Show("frmbusinesscal", {.caption = "Normal Business"});
+    run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business"});
     Top();
     FormView& page = *window->Find(run->screens.OnDisplay());
     page.Act([&] { page.form.SetFocus(*page.form.Find("TxtOth")); });
@@ -150,9 +154,9 @@ TEST_F(Windows, DrawOnceForAKey)
 TEST_F(Windows, TakeDownScreensThatStandOverEachOther)
 {
     Start();
-    run->screens.ShowModal("frmReminder");
+    run->screens.ShowModal(screens::frmReminder);
     Top();
-    run->screens.ShowModal("FrmHelp");
+    run->screens.ShowModal(screens::FrmHelp);
     EXPECT_EQ(Top().window()->parentWidget(), window->Find(run->screens.Find("frmReminder"))->window());
     run->screens.End();
     QApplication::processEvents();
@@ -203,7 +207,7 @@ TEST_F(Windows, EndTheRunWithTheHeadOfIncomeWhenTheWindowIsClosed)
 {
     Start();
     run->GlBusinessKind = kNormal;
-    run->screens.Show("frmbusinesscal", {.caption = "Normal Business"});
+    run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business"});
     Top();
     window->close();
     EXPECT_FALSE(window->isHidden()) << "hidden by hand, it would leave the program running without a window";

@@ -54,8 +54,9 @@ class Driver : public testing::Test {
   protected:
     Driver()
     {
-        run.screens.Register("Board", [](pgbp::Run& its) { return std::make_unique<Board>(its); });
-        run.screens.Show("Board");
+        constexpr ScreenName<NoOpening> kBoard{"Board"};
+        run.screens.Register<Board>(kBoard);
+        run.screens.Show(kBoard);
     }
 
     /// What the script printed, or its error behind "error: ".

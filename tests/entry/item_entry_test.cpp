@@ -46,8 +46,9 @@ class Items : public testing::Test {
     Items()
     {
         pgbp::Run& run = practice.Start();
-        run.screens.Register("items", [](pgbp::Run& its) { return std::make_unique<ItemScreen>(its); });
-        run.screens.Show("items");
+        constexpr ScreenName<NoOpening> kItems{"items"};
+        run.screens.Register<ItemScreen>(kItems);
+        run.screens.Show(kItems);
         screen = static_cast<ItemScreen*>(run.screens.OnDisplay());
         screen->entry.Open({{"Rent", 10, "r"}, {"Fuel", 20}, {"Fees", 30}});
     }

@@ -129,7 +129,7 @@ class Telling {
     {
         story.stored(practice_);
         practice_.screensKnown = [this](pgbp::Run& run) {
-            run.screens.Register("frmbusiness", [this](pgbp::Run& its) {
+            run.screens.Register<NoOpening>(screens::frmbusiness, [this](pgbp::Run& its, const NoOpening&) {
                 LetFail(its, refusal);
                 return std::make_unique<frmbusiness>(its);
             });

@@ -43,8 +43,8 @@ TEST_F(ListOfLines, OpensTheChosenLine)
     const auto& [screen, opening] = practice.openings.front();
     EXPECT_EQ(screen, "frmbusinesscal");
     EXPECT_EQ(opening.caption, "Normal Business");
-    EXPECT_EQ(opening.mode, Mode::Edit);
-    EXPECT_EQ(opening.business["SNO"].Number(), 4);
+    ASSERT_TRUE(opening.business);
+    EXPECT_EQ((*opening.business)["SNO"].Number(), 4);
     EXPECT_FALSE(form.lines.fra1.visible);
 }
 
@@ -80,7 +80,7 @@ TEST_F(ListOfLines, AddsALineWhereItsKindAllows)
     ASSERT_EQ(practice.openings.size(), 1U);
     EXPECT_EQ(practice.openings[0].screen, "frmbusinesscal1");
     EXPECT_EQ(practice.openings[0].opening.caption, "Speculation Business");
-    EXPECT_EQ(practice.openings[0].opening.mode, Mode::Add);
+    EXPECT_FALSE(practice.openings[0].opening.business);
     practice.run->screens.Return();
 
     form.Click(form.CmdSp);

@@ -70,7 +70,7 @@ TEST(Navigation, ClosesTheDoorsToScreensThatAreNotThere)
         SummaryUnderTest practice;
         practice.handOver.GLminor = row.minor;
         if (!row.screensAreThere)
-            practice.detailScreens.clear();
+            practice.notesScreens = false;
         const auto& door = *practice.Begin(row.year, row.status).Find(row.button);
         const std::string what = std::string(row.button) + ' ' + std::to_string(row.year) + ' ' + row.status;
         EXPECT_EQ(door.enabled, row.open) << what;
@@ -116,10 +116,9 @@ TEST(Navigation, GivesTheCaptionOfTheLineAndItsRow)
             auto& form = practice.Begin(row.year, "01");
             form.Click(dynamic_cast<cmd&>(*form.Find(row.button)));
             ASSERT_EQ(practice.openings.size(), 1U);
-            const Opening& opening = practice.openings[0].opening;
+            const LineOpening& opening = practice.openings[0].opening;
             EXPECT_EQ(opening.caption, row.caption);
-            EXPECT_EQ(opening.mode, stored ? Mode::Edit : Mode::Add);
-            EXPECT_EQ(opening.business["name1"].Text(), stored ? "first" : "");
+            EXPECT_EQ(opening.business ? (*opening.business)["name1"].Text() : "", stored ? "first" : "");
             EXPECT_EQ(practice.run->GlBusinessKind, row.kind);
             EXPECT_EQ(practice.run->GLrep, "ASDF");
         }

@@ -159,7 +159,7 @@ TEST(Help, ShowsTheTextOfATopic)
          "The Government has extended the due date of IT Return filing for AY 2021-22"},
     };
     for (const auto& row : rows) {
-        ShowHelp(*practice.run, row.topic);
+        practice.run->screens.ShowModal(screens::FrmHelp, {row.topic});
         auto* help = dynamic_cast<FrmHelp*>(practice.run->screens.OnDisplay());
         ASSERT_NE(help, nullptr);
         EXPECT_EQ(help->LblCaption.text(), std::string(row.topic) + " ?");

@@ -10,7 +10,7 @@ class SummaryUnderTest : public EmptyPractice {
   public:
     struct NotedOpening {
         std::string screen;
-        Opening opening;
+        LineOpening opening; ///< empty for a screen that is not opened with a line
     };
 
     /// Starts the run. `year` is the first year of the assessment year.
@@ -21,9 +21,9 @@ class SummaryUnderTest : public EmptyPractice {
         handOver.Glstatus = status;
         const auto more = screensKnown;
         screensKnown = [this, more](Run& its) {
-            for (const std::string& name : detailScreens)
-                its.screens.Register(name,
-                                     [this, name](Run& made) { return std::make_unique<Noted>(made, name, openings); });
+            if (notesScreens)
+                NoteAll(its, screens::frmbusinesscal, screens::frmbusinesscal1, screens::FrmFirm, screens::Frm44AENew,
+                        screens::FrmGST);
             if (more)
                 more(its);
         };
@@ -46,21 +46,25 @@ class SummaryUnderTest : public EmptyPractice {
         Company().Insert("business1", fields);
     }
 
-    std::vector<std::string> detailScreens{"frmbusinesscal", "frmbusinesscal1", "FrmFirm", "Frm44AENew", "FrmGST"};
     std::vector<NotedOpening> openings;
+    bool notesScreens = true; ///< the detail screens are there
 
   private:
-    class Noted : public Screen {
-      public:
-        Noted(Run& itsRun, const std::string& name, std::vector<NotedOpening>& itsOpenings)
-            : Screen(itsRun, name, name), openings_(itsOpenings)
-        {
-        }
-        void Open(const Opening& opening) override { openings_.push_back({name(), opening}); }
-
-      private:
-        std::vector<NotedOpening>& openings_;
-    };
+    template <typename... Openings>
+    void NoteAll(Run& its, ScreenName<Openings>... screen)
+    {
+        (Note(its, screen), ...);
+    }
+    template <typename Opening>
+    void Note(Run& its, ScreenName<Opening> screen)
+    {
+        its.screens.Register<Opening>(screen, [this, screen](Run& made, const Opening& opening) {
+            openings.push_back({std::string(screen.text), {}});
+            if constexpr (std::is_same_v<Opening, LineOpening>)
+                openings.back().opening = opening;
+            return std::make_unique<Screen>(made, std::string(screen.text), "");
+        });
+    }
 };
 
 } // namespace pgbp

@@ -24,6 +24,8 @@ class Writing : public Screen {
     }
 };
 
+constexpr ScreenName<NoOpening> kWritingScreen{"writing"};
+
 class Faults : public testing::Test, public EmptyPractice {
   protected:
     std::string Log() const { return folder.Read("client/pgbp-errors.log"); }
@@ -32,14 +34,14 @@ class Faults : public testing::Test, public EmptyPractice {
 TEST_F(Faults, ALockedFileCostsOneWaitAndOneBoxAnAction)
 {
     Start();
-    run->screens.Register("writing", [](pgbp::Run& its) { return std::make_unique<Writing>(its); });
+    run->screens.Register<Writing>(kWritingScreen);
     Screen& summary = *run->screens.OnDisplay();
     const Connection other = Company();
     const auto begin = std::chrono::steady_clock::now();
     {
         const Transaction lock({other});
         summary.Do([&] {
-            run->screens.Show("writing");
+            run->screens.Show(kWritingScreen);
             static_cast<Writing*>(run->screens.OnDisplay())->Write();
         });
     }

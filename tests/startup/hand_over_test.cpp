@@ -72,7 +72,7 @@ TEST(HandOverRecord, GoesToTheSiblingInAFreshFile)
         EXPECT_EQ(seen.GLrep, "PGBP");
         EXPECT_EQ(seen.Glcode, run.Glcode);
     };
-    HandOverTo(run, "VornRep.exe");
+    HandOverTo(run, run, "VornRep.exe");
     EXPECT_EQ(practice.processes.started, std::vector<std::string>{"VornRep.exe"});
 }
 
@@ -81,7 +81,7 @@ TEST(HandOverRecord, StaysWhenTheTemplateIsMissing)
     EmptyPractice practice;
     pgbp::Run& run = practice.Start();
     std::filesystem::remove(practice.folder.path() / "VornTemp.mdb");
-    EXPECT_THROW(HandOverTo(run, "VornRep.exe"), std::exception);
+    EXPECT_THROW(HandOverTo(run, run, "VornRep.exe"), std::exception);
     HandOver kept;
     EXPECT_TRUE(ReadHandOver(practice.File("handover/VornTemp.mdb"), kept));
     EXPECT_EQ(kept.Glcode, run.Glcode);

@@ -17,12 +17,8 @@ class Traced : public Screen {
         cmdback.onClick = [this] { run.screens.Return(); };
     }
     ~Traced() override { trace += "-" + name() + " "; }
-    void Open(const Opening& opening) override
-    {
-        trace += "open " + name() + (opening.mode == Mode::Edit ? "! " : " ");
-    }
+    void Open(const HelpOpening& opening) const { trace += "open " + name() + opening.topic + " "; }
     void Activate() override { trace += "active " + name() + " "; }
-    void ModalClosed() override { trace += "closed over " + name() + " "; }
     void Close() override
     {
         if (refuses)
@@ -35,6 +31,20 @@ class Traced : public Screen {
     std::string& trace;
 };
 
+constexpr ScreenName<HelpOpening> kHub{"hub"};
+constexpr ScreenName<HelpOpening> kDetail{"detail"};
+constexpr ScreenName<HelpOpening> kNote{"note"};
+
+void RegisterTraced(pgbp::Run& run, std::string& trace)
+{
+    for (const auto& screen : {kHub, kDetail, kNote})
+        run.screens.Register<HelpOpening>(screen, [&trace, screen](pgbp::Run& its, const HelpOpening& opening) {
+            auto made = std::make_unique<Traced>(its, screen.text.data(), trace);
+            made->Open(opening);
+            return made;
+        });
+}
+
 } // namespace
 
 TEST(ScreensOfARun, HideShowAndReturn)
@@ -42,14 +52,11 @@ TEST(ScreensOfARun, HideShowAndReturn)
     EmptyPractice practice;
     std::string trace; // outlives the screens, which write to it until the end
     pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
-    for (const char* name : {"hub", "detail", "note"})
-        run.screens.Register(name,
-                             [&trace, name](pgbp::Run& its) { return std::make_unique<Traced>(its, name, trace); });
+    RegisterTraced(run, trace);
 
-    run.screens.Show("hub");
-    run.screens.Show("detail", {.caption = "Normal Business", .mode = Mode::Edit});
-    EXPECT_EQ(run.screens.OnDisplay()->caption.get(), "Normal Business");
-    run.screens.ShowModal("note");
+    run.screens.Show(kHub);
+    run.screens.Show(kDetail, {"!"});
+    run.screens.ShowModal(kNote, {}, [&] { trace += "closed over detail "; });
     EXPECT_EQ(run.screens.Displayed().size(), 2U) << "the modal screen lies over the one that waits";
     auto* note = run.screens.Find("note");
     note->Click(static_cast<Traced*>(note)->cmdback); // a screen may leave from its own handler
@@ -69,12 +76,10 @@ TEST(ScreensOfARun, AreClosedByTheCrossFromTheTopDownUntilOneRefuses)
     EmptyPractice practice;
     std::string trace;
     pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
-    for (const char* name : {"hub", "detail", "note"})
-        run.screens.Register(name,
-                             [&trace, name](pgbp::Run& its) { return std::make_unique<Traced>(its, name, trace); });
-    run.screens.Show("hub");
-    run.screens.Show("detail");
-    run.screens.ShowModal("note");
+    RegisterTraced(run, trace);
+    run.screens.Show(kHub);
+    run.screens.Show(kDetail);
+    run.screens.ShowModal(kNote);
     auto* detail = static_cast<Traced*>(run.screens.Find("detail"));
     detail->refuses = true;
     run.screens.PressCross();
@@ -92,6 +97,6 @@ TEST(ScreensOfARun, TellWhenAScreenIsNotThereYet)
 {
     EmptyPractice practice;
     pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
-    run.screens.Show("FrmGST");
+    run.screens.Show(screens::FrmGST);
     EXPECT_EQ(practice.boxes.Take().text, "Not part of this version yet");
 }
