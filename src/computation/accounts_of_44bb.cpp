@@ -1,5 +1,6 @@
 #include "computation/accounts_of_44bb.h"
 
+#include "records/rows_of_type.h"
 #include "services/format.h"
 
 #include <algorithm>
@@ -27,34 +28,29 @@ AccountsOf44BB::AccountsOf44BB(Screen& form)
 
 void AccountsOf44BB::Fill()
 {
-    for (const Row row :
-         run_.balance.Query("select amt1, name8 from {qelgeneral} where code = ? and [Type] = 'NEWPLA'", run_.Glcode))
+    for (const Row row : ScheduleCells(run_, "NEWPLA").Read("amt1, name8"))
         for (const Cell& cell : cells_)
             if (row["amt1"].Number() == cell.number)
                 cell.field.Set(Amount(ParseAmount(row["name8"].Text())));
     stored_.Remember(Frame1);
 }
 
-void AccountsOf44BB::Store(const Transaction&)
+void AccountsOf44BB::Store(const Transaction& proof)
 {
-    run_.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'NEWPLA'", run_.Code());
+    ScheduleCells(run_, "NEWPLA").Delete(proof);
     if (std::any_of(cells_.begin(), cells_.end(), [](const Cell& cell) { return Val(cell.field) != 0; })) {
         for (const Cell& cell : cells_)
-            AddCell(cell.number, cell.field);
+            AddCell(cell.number, cell.field, proof);
         constexpr int kNetProfitFrom2017 = 1167;
         if (run_.Year() >= 2017)
-            AddCell(kNetProfitFrom2017, txtn5);
+            AddCell(kNetProfitFrom2017, txtn5, proof);
     }
     stored_.Remember(Frame1);
 }
 
-void AccountsOf44BB::AddCell(int number, const txtn& field) const
+void AccountsOf44BB::AddCell(int number, const txtn& field, const Transaction& proof) const
 {
-    run_.balance.Insert("qelgeneral", {{"code", run_.Code()},
-                                       {"Type", "NEWPLA"},
-                                       {"name9", "ASdf"},
-                                       {"name8", Rupees(Val(field))},
-                                       {"amt1", number}});
+    ScheduleCells(run_, "NEWPLA").Add({{"name9", "ASdf"}, {"name8", Rupees(Val(field))}, {"amt1", number}}, proof);
 }
 
 void AccountsOf44BB::Open()

@@ -41,7 +41,7 @@ class AccountsOf44BB {
         int number; ///< of the return's schedule
         txtn& field;
     };
-    void AddCell(int number, const txtn& field) const;
+    void AddCell(int number, const txtn& field, const Transaction& proof) const;
     void Open();
 
     Run& run_;

@@ -5,6 +5,7 @@
 #include "law/remuneration_limit.h"
 #include "records/keys.h"
 #include "records/limits.h"
+#include "records/rows_of_type.h"
 #include "records/working_copies.h"
 #include "services/format.h"
 #include "services/text.h"
@@ -221,15 +222,8 @@ void frmbusinesscal::BusinessFill()
     other.section10abc.chk10abc1 = header.Stored("q10abc1").Flag();
     other.section10abc.chk10abc2 = header.Stored("q10abc2").Flag();
     presumptive.Fill(header);
-    TxtOth = Amount(run.company
-                        .Scalar("select amt1 from {misc_items} where code = ? and [Type] = 'BusOth' and sno = ?",
-                                run.Glcode, header.Sno())
-                        .Number());
-    partners.ChkChange =
-        !run.company
-             .Query("select code from {business1} where code = ? and sno = ? and [Type] = 'PARTCHANGE'", run.Glcode,
-                    header.Sno())
-             .Empty();
+    TxtOth = Amount(FirstField(MiscItems(run, "BusOth", header.Sno()).Read("amt1")).Number());
+    partners.ChkChange = !LineDetails(run, "PARTCHANGE", header.Sno()).Read("code").Empty();
     CopyLineToWork(run, header.Sno(), DetailRows::All);
     accounts.Fill();
 }
@@ -377,10 +371,10 @@ bool frmbusinesscal::Store()
     Transaction transaction({run.company, run.balance});
     if (!annexure_.IsMine())
         return false;
-    const double sno = header.WriteRow(TypeOf(Kind()), BusinessColumns());
-    StoreOther(sno);
+    const double sno = header.WriteRow(TypeOf(Kind()), BusinessColumns(), transaction);
+    StoreOther(sno, transaction);
     if (partners.ChkChange.value)
-        run.company.Insert("business1", {{"code", run.Code()}, {"SNO", sno}, {"Type", "PARTCHANGE"}, {"amt1", 1}});
+        LineDetails(run, "PARTCHANGE", sno).Add({{"amt1", 1}}, transaction);
     const bool claimed = other.section10abc.IsClaimed();
     CopyWorkToLine(
         run, sno, [&](std::string_view type) { return claimed || type != "10abc"; }, Apostrophes::Blank);
@@ -417,12 +411,12 @@ std::vector<Field> frmbusinesscal::BusinessColumns() const
             {"net44", Val(presumptive.lbl44adfinal)}};
 }
 
-void frmbusinesscal::StoreOther(double sno) const
+void frmbusinesscal::StoreOther(double sno, const Transaction& proof) const
 {
-    run.company.Delete("from {misc_items} where code = ? and sno = ? and [Type] = 'BusOth'", run.Code(), sno);
+    const RowsOfType stored = MiscItems(run, "BusOth", sno);
+    stored.Delete(proof);
     if (Val(TxtOth) != 0)
-        run.company.Insert("misc_items",
-                           {{"code", run.Code()}, {"Type", "BusOth"}, {"sno", sno}, {"amt1", Val(TxtOth)}});
+        stored.Add({{"amt1", Val(TxtOth)}}, proof);
 }
 
 void frmbusinesscal::Delete()

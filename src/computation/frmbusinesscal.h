@@ -112,7 +112,7 @@ class frmbusinesscal : public Screen {
     bool Store();
     void ReadAnnexureAnew();
     std::vector<Field> BusinessColumns() const;
-    void StoreOther(double sno) const;
+    void StoreOther(double sno, const Transaction& proof) const;
     void Delete();
     void Back();
     void Leave();

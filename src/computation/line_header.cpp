@@ -134,7 +134,7 @@ std::optional<double> LineHeader::StoredNumber() const
     return stands ? std::optional(attempted_) : std::nullopt;
 }
 
-double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Field> row)
+double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Field> row, const Transaction& proof)
 {
     row.insert(row.end(), {{"name1", txtdescr1.text()}, {"name2", txtdescr2.text()}});
     if (type)
@@ -144,7 +144,7 @@ double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Fi
     const std::optional<double> stored = StoredNumber();
     double sno = stored.value_or(0);
     if (!stored || !Update(sno, row)) {
-        sno = attempted_ = NextSno(run_);
+        sno = attempted_ = NextSno(run_, proof);
         row.insert(row.end(), {{"code", run_.Code()}, {"SNO", sno}});
         run_.company.Insert("business", row);
     }

@@ -42,7 +42,7 @@ class LineHeader {
 
     /// Writes the row of `business`, a new one under a new number, and empties the line's detail rows. `type` is the
     /// kind as it is stored; nothing leaves it as it is. Gives the line's number. Inside a transaction of the caller.
-    double WriteRow(std::optional<std::string_view> type, std::vector<Field> fields);
+    double WriteRow(std::optional<std::string_view> type, std::vector<Field> fields, const Transaction& proof);
 
     /// Asks, and deletes the line with all that hangs on it. True when it is gone.
     bool Delete();

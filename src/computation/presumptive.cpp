@@ -2,6 +2,7 @@
 
 #include "computation/line_header.h"
 #include "computation/list_totals.h"
+#include "records/rows_of_type.h"
 #include "services/format.h"
 #include "startup/status.h"
 
@@ -90,9 +91,7 @@ void PresumptiveFrame::Fill(const LineHeader& line)
 
 void PresumptiveFrame::FillReceipts(std::string_view type)
 {
-    const Recordset stored = run_.company.Query("select Am3, am4, amt1, amt2, intt, tds, sur, cess, penal from "
-                                                "{misc_items} where code = ? and [Type] = ?",
-                                                run_.Glcode, type);
+    const Recordset stored = MiscItems(run_, type).Read("Am3, am4, amt1, amt2, intt, tds, sur, cess, penal");
     if (stored.Empty() || stored.First()["amt2"].Number() == 0)
         return;
     const Row row = stored.First();
@@ -110,8 +109,7 @@ void PresumptiveFrame::FillReceipts(std::string_view type)
 
 void PresumptiveFrame::FillRate(double sno)
 {
-    const Value rate = run_.company.Scalar("select amt1 from {misc_items} where code = ? and [Type] = ? and sno = ?",
-                                           run_.Glcode, "PGBP" + std::string(TypeOf(Kind())), sno);
+    const Value rate = FirstField(MiscItems(run_, "PGBP" + std::string(TypeOf(Kind())), sno).Read("amt1"));
     if (!rate.IsNull())
         TxtPer = Amount(rate.Number());
 }
@@ -119,8 +117,7 @@ void PresumptiveFrame::FillRate(double sno)
 void PresumptiveFrame::FillAccounts(double sno)
 {
     constexpr int kFirstCells[] = {269, 1163}; // of a business, of a profession; the others follow
-    for (const Row row : run_.balance.Query(
-             "select amt1, name8 from {qelgeneral} where code = ? and [Type] = 'NEWPL' and amt2 = ?", run_.Glcode, sno))
+    for (const Row row : ScheduleCells(run_, "NEWPL", sno).Read("amt1, name8"))
         for (const int first : kFirstCells)
             for (int i = 0; i < 4; ++i)
                 if (row["amt1"].Number() == first + i)

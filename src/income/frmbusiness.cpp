@@ -1,6 +1,7 @@
 #include "income/frmbusiness.h"
 
 #include "records/limits.h"
+#include "records/rows_of_type.h"
 #include "services/fault.h"
 #include "services/format.h"
 #include "services/text.h"
@@ -202,13 +203,12 @@ void frmbusiness::OpenAop()
 void frmbusiness::StoreIncomeUnderSection11()
 {
     const double income = Val(TxtSec11);
-    const Recordset stored =
-        run.balance.Query("select amt1 from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
+    const RowsOfType rows = ScheduleCells(run, "SEC(11)4");
+    const Recordset stored = rows.Read("amt1");
     if (stored.Size() == 1 && stored.First().At(0).Number() == income)
         return;
     Transaction transaction({run.balance});
-    run.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'SEC(11)4'", run.Glcode);
-    run.balance.Insert("qelgeneral", {{"code", run.Code()}, {"Type", "SEC(11)4"}, {"amt1", income}});
+    rows.Replace({{"amt1", income}}, transaction);
     transaction.Commit();
     if (!stored.Empty() || income != 0)
         TellSaved("Business Income as shown u/s 11(4)", income);
@@ -256,25 +256,23 @@ void frmbusiness::Close()
 /// The head of income as the suite's computation and return programs read it.
 void frmbusiness::StoreHeadOfIncome() const
 {
-    const std::string code = run.Code();
     Transaction transaction({run.balance});
-    run.balance.Delete("from {qelgeneral} where code = ? and [Type] = 'BUSI'", code);
-    run.balance.Insert("qelgeneral", {{"Type", "BUSI"},
-                                      {"code", code},
-                                      {"amt1", Val(lbl1)},
-                                      {"amt2", Val(lbl2)},
-                                      {"amt3", Val(lbl3)},
-                                      {"amt4", Val(lbl4)},
-                                      {"amt5", Val(lbl5)},
-                                      {"amt6", Val(Txt6)},
-                                      {"amt7", Val(Txt7)},
-                                      {"amt8", Val(lbllic)},
-                                      {"amt9", Val(lbltotal)},
-                                      {"Amt10", Val(partners.txtlesspart1)},
-                                      {"amt11", Val(partners.txtlesspart2)},
-                                      {"amt12", Val(lblinc)},
-                                      {"amt13", Val(lblloss)},
-                                      {"amt14", Val(lbllast)}});
+    ScheduleCells(run, "BUSI")
+        .Replace({{"amt1", Val(lbl1)},
+                  {"amt2", Val(lbl2)},
+                  {"amt3", Val(lbl3)},
+                  {"amt4", Val(lbl4)},
+                  {"amt5", Val(lbl5)},
+                  {"amt6", Val(Txt6)},
+                  {"amt7", Val(Txt7)},
+                  {"amt8", Val(lbllic)},
+                  {"amt9", Val(lbltotal)},
+                  {"Amt10", Val(partners.txtlesspart1)},
+                  {"amt11", Val(partners.txtlesspart2)},
+                  {"amt12", Val(lblinc)},
+                  {"amt13", Val(lblloss)},
+                  {"amt14", Val(lbllast)}},
+                 transaction);
     transaction.Commit();
 }
 

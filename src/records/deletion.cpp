@@ -137,7 +137,7 @@ void BringBack(const Run& run, const DeletedLine& line)
 {
     Transaction transaction({run.company, run.balance});
     const bool isFree = run.company.Query("select sno from {business} where sno = ?", line.sno).Empty();
-    const double sno = isFree ? line.sno : NextSno(run);
+    const double sno = isFree ? line.sno : NextSno(run, transaction);
     for (const Taken& taken : line.taken) {
         if (taken.part.computed)
             Drop(run, taken.part, sno);

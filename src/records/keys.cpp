@@ -14,7 +14,7 @@ Recordset QueryOfMinor(const Run& run, std::string sql, std::vector<Value> value
 
 Value MinorOfRun(const Run& run) { return run.GLminor != 0 ? Value(run.GLminor) : Value(); }
 
-double NextSno(const Run& run)
+double NextSno(const Run& run, const Transaction&)
 {
     const double next = run.company.NextNumber("business", "SNO");
     return next == kUnsavedLine ? next + 1 : next;

@@ -21,6 +21,6 @@ Value MinorOfRun(const Run& run);
 
 /// The next free `sno` of the file: unique over all assessees, and never the number of the unsaved line. Within the
 /// transaction that stores its row: no other program gets the number meanwhile.
-double NextSno(const Run& run);
+double NextSno(const Run& run, const Transaction& proof);
 
 } // namespace pgbp

@@ -337,7 +337,7 @@ TEST_F(Computation, ANewLineWhoseCommitWasReportedAsFailedIsNotWrittenTwice)
     double numbers[2] = {};
     for (double& number : numbers) {
         Transaction transaction({run->company});
-        number = screen.header.WriteRow("1", {});
+        number = screen.header.WriteRow("1", {}, transaction);
         transaction.Commit(); // the store may report a failure here though all of it is written
     }
     EXPECT_EQ(numbers[0], numbers[1]);

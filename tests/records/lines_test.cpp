@@ -258,11 +258,12 @@ TEST_F(Lines, OrphanCellsGoAndThoseOfScreensStay)
 
 TEST_F(Lines, NumbersAreUniqueOverTheFileAndSkipTheUnsavedOne)
 {
-    EXPECT_EQ(NextSno(*practice.run), 7);
+    const Transaction transaction({practice.run->company});
+    EXPECT_EQ(NextSno(*practice.run, transaction), 7);
     practice.run->company.Insert("business", {{"code", "B"}, {"SNO", kUnsavedLine - 1}});
-    EXPECT_EQ(NextSno(*practice.run), kUnsavedLine + 1);
+    EXPECT_EQ(NextSno(*practice.run, transaction), kUnsavedLine + 1);
     practice.run->company.Delete("from {business}");
-    EXPECT_EQ(NextSno(*practice.run), 1);
+    EXPECT_EQ(NextSno(*practice.run, transaction), 1);
 }
 
 TEST(Limits, TakeTheLastRowUpToTheEndOfThePreviousYear)
