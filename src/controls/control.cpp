@@ -2,6 +2,7 @@
 
 #include "controls/form.h"
 #include "controls/frame.h"
+#include "controls/grid.h"
 
 namespace pgbp {
 
@@ -11,13 +12,16 @@ Control::Control(Form& form, std::string_view name) : form_(form), name_(name)
     changed.Add([&form] { form.changed(); });
 }
 
-bool Control::Shown() const { return visible && (!container || container->Shown()); }
+/// What it is hidden and disabled with.
+const Control* Control::Around() const { return host ? static_cast<const Control*>(host) : container; }
+
+bool Control::Shown() const { return visible && (!Around() || Around()->Shown()); }
 
 bool Control::InFront() const
 {
     const Control* top = this;
-    while (top->container)
-        top = top->container;
+    while (top->Around())
+        top = top->Around();
     const auto* outermost = dynamic_cast<const Frame*>(top);
     return !outermost || outermost == form_.Front();
 }
@@ -25,7 +29,7 @@ bool Control::InFront() const
 bool Control::Reachable() const
 {
     const auto usable = [](const Control& control) { return control.visible && control.enabled; };
-    for (const Control* control = this; control; control = control->container)
+    for (const Control* control = this; control; control = control->Around())
         if (!usable(*control))
             return false;
     return InFront();

@@ -10,6 +10,7 @@ namespace pgbp {
 
 class Form;
 class Frame;
+class Grid;
 
 /// A key that is no character.
 enum class Key {
@@ -29,7 +30,8 @@ enum class Key {
     PageDown,
     F1,
     ControlDown, ///< to the grid of the frame
-    Undo         ///< Ctrl+Z
+    Undo,        ///< Ctrl+Z
+    Find         ///< Ctrl+F
 };
 
 /// What a form consists of: a named thing that can be shown, enabled and reached by the keyboard. Knows no toolkit;
@@ -50,6 +52,7 @@ class Control {
     Property<bool> visible{changed, true};
     Property<std::string> toolTip{changed, ""};
     Frame* container = nullptr; ///< the frame it is laid out in; none for a control of the form itself
+    Grid* host = nullptr;       ///< the grid over whose cells it is placed: the walk goes on from the grid
 
     std::function<void()> onGotFocus;
     std::function<void()> onLostFocus;
@@ -74,6 +77,8 @@ class Control {
     virtual bool Type(char32_t) { return false; }
 
   private:
+    const Control* Around() const;
+
     Form& form_;
     std::string name_;
 };

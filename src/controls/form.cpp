@@ -3,6 +3,7 @@
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/grid.h"
+#include "controls/text_controls.h"
 #include "services/fault.h"
 
 #include <algorithm>
@@ -58,9 +59,11 @@ bool IsKeyedInto(const Frame& in, const LayoutRow& row, std::size_t column)
 }
 
 /// Enter walks through the fields. Of the buttons it stops at the main one, and at the one behind fields (Add); the
-/// others wait for their letter, Tab or an arrow.
+/// others wait for their letter, Tab or an arrow, and so do links.
 bool StopsEnter(const Control& stop)
 {
+    if (dynamic_cast<const Label*>(&stop))
+        return false;
     const auto* button = dynamic_cast<const cmd*>(&stop);
     if (!button || button->isDefault)
         return true;
@@ -105,7 +108,7 @@ Control* Form::Find(std::string_view controlName) const
 void Form::Raise(Frame& card, Control& first)
 {
     if (std::find(cards_.begin(), cards_.end(), &card) == cards_.end()) {
-        card.cameFrom_ = focused_;
+        card.cameFrom_ = FocusedStop();
         cards_.push_back(&card);
     }
     card.visible = true;
@@ -185,12 +188,15 @@ bool Form::LeaveFocused()
     return focused_->Leave();
 }
 
+/// Where the walk stands: an editor over a cell stands where its grid does.
+Control* Form::FocusedStop() const { return focused_ && focused_->host ? focused_->host : focused_; }
+
 void Form::FocusNext() { Step(1); }
 
 void Form::FocusNextField()
 {
     auto stops = Stops();
-    std::erase_if(stops, [this](const Control* stop) { return stop != focused_ && !StopsEnter(*stop); });
+    std::erase_if(stops, [at = FocusedStop()](const Control* stop) { return stop != at && !StopsEnter(*stop); });
     StepAmong(stops, 1);
 }
 
@@ -202,7 +208,7 @@ void Form::StepAmong(const std::vector<Control*>& stops, int direction)
 {
     if (stops.empty())
         return;
-    const auto at = std::find(stops.begin(), stops.end(), focused_);
+    const auto at = std::find(stops.begin(), stops.end(), FocusedStop());
     const auto count = static_cast<int>(stops.size());
     const int from = at == stops.end() ? (direction > 0 ? -1 : 0) : static_cast<int>(at - stops.begin());
     SetFocus(*stops[static_cast<std::size_t>((from + direction + count) % count)]);
@@ -296,11 +302,21 @@ void Form::Type(char32_t character)
 
 void Form::Click(PushControl& control)
 {
+    ClickOn(control, [&] { control.Click(); });
+}
+
+void Form::Click(Label& link)
+{
+    ClickOn(link, [&] { link.Click(); });
+}
+
+void Form::ClickOn(Control& control, const std::function<void()>& click)
+{
     Do([&] {
         const auto stops = Stops();
         const bool isStop = std::find(stops.begin(), stops.end(), &control) != stops.end();
         if (control.Reachable() && (isStop ? SetFocus(control) : LeaveFocused()))
-            control.Click();
+            click();
     });
 }
 

@@ -11,6 +11,7 @@
 namespace pgbp {
 
 class Frame;
+class Label;
 class PushControl;
 
 /// A screen: its controls by name, the focus, and the boundary at which errors of its handlers are caught. Knows no
@@ -72,7 +73,8 @@ class Form {
     void Press(Key key);
     void Type(char32_t character);
     void Click(PushControl& control); ///< the focus goes there first, where the field it is in lets go
-    void PressCross();                ///< closes the form, where the field that has the focus lets go
+    void Click(Label& link);
+    void PressCross(); ///< closes the form, where the field that has the focus lets go
     /// Presses the button whose caption has this mnemonic. False when there is none.
     bool Mnemonic(char32_t letter);
     /// The letters of the buttons in front: marked by "&" in the caption, else the first letter that no other one has.
@@ -84,6 +86,8 @@ class Form {
 
   private:
     friend class Control;
+    Control* FocusedStop() const;
+    void ClickOn(Control& control, const std::function<void()>& click);
     bool LeaveFocused();
     Frame* Front() const;
     void KeepFocusReachable();

@@ -1,6 +1,7 @@
 #include "controls/lists.h"
 
 #include "controls/form.h"
+#include "controls/grid.h"
 
 #include <algorithm>
 
@@ -27,7 +28,7 @@ int combo::Chosen() const
 
 bool combo::KeyDown(Key key)
 {
-    if (OfferKey(key))
+    if (OfferKey(key) || (host && host->EditorKey(key)))
         return true;
     const int last = static_cast<int>(items_.size()) - 1;
     if ((key == Key::Down || key == Key::Up) && last >= 0) {

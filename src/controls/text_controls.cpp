@@ -1,6 +1,7 @@
 #include "controls/text_controls.h"
 
 #include "controls/form.h"
+#include "controls/grid.h"
 #include "services/amount_text.h"
 #include "services/format.h"
 #include "services/text.h"
@@ -28,6 +29,26 @@ Label::Label(Form& form, std::string_view name, std::string text, LabelLook labe
     : TextControl(form, name), look(labelLook)
 {
     Set(std::move(text));
+}
+
+void Label::Click()
+{
+    if (onClick)
+        onClick();
+}
+
+bool Label::KeyDown(Key key)
+{
+    if (key == Key::Enter)
+        Click();
+    return key == Key::Enter;
+}
+
+bool Label::Type(char32_t character)
+{
+    if (character == U' ')
+        Click();
+    return character == U' ';
 }
 
 TextBox::TextBox(Form& form, std::string_view name, Walks walks) : TextControl(form, name), walks_(walks) {}
@@ -137,7 +158,7 @@ std::string TextBox::WithSelection(std::string_view replaced) const
 
 void TextBox::Paste(std::string_view utf8)
 {
-    if (locked)
+    if (locked || (host && host->PasteLines(utf8)))
         return;
     const auto pasted = Pasted(utf8);
     if (!pasted)
@@ -176,7 +197,7 @@ void TextBox::Hint(std::string hint)
 
 bool TextBox::KeyDown(Key key)
 {
-    if (OfferKey(key))
+    if (OfferKey(key) || (host && host->EditorKey(key)))
         return true;
     if (multiLine && key == Key::Enter)
         return Type(U'\n');
@@ -400,7 +421,7 @@ bool NumberBox::DigitsAreFull() const { return selLength() == 0 && DigitCount(te
 
 bool Txtn1::KeyDown(Key key)
 {
-    if (key == Key::Enter && !sum())
+    if (key == Key::Enter && !sum() && !host)
         return true;
     return NumberBox::KeyDown(key);
 }
