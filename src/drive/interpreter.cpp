@@ -81,6 +81,20 @@ std::string EntryOf(const List& titles, int entry)
     return OnOneLine(titles.items()[static_cast<std::size_t>(entry - 1)]);
 }
 
+std::string LookOf(const Grid& cells, int row, int column)
+{
+    if (cells.IsHidden(row) || !cells.columns()[static_cast<std::size_t>(column)].IsShown())
+        return "hidden";
+    switch (row == 0 ? CellLook::Plain : cells.Look(row, column)) {
+    case CellLook::Computed:
+        return "computed";
+    case CellLook::Own:
+        return "own";
+    default:
+        return "plain";
+    }
+}
+
 bool IsBlankOrComment(const std::string& line)
 {
     const std::string text = Trim(line);
@@ -149,10 +163,10 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
          "keys F.C text{ENTER}         focus, then type; {SELECTALL} {ENTER} {TAB} {BACKTAB} {UP} {DOWN} {LEFT} "
          "{RIGHT} {HOME}\n"
          "                             {END} {PGUP} {PGDN} {BACKSPACE} {DELETE} {ESC} {F1} {CTRL+DOWN} {CTRL+Z} "
-         "{ALT+x};\n"
+         "{CTRL+F} {ALT+x};\n"
          "                             {{ is a brace; keys F ... types\n"
          "                             where the focus is"},
-        {"click", &Interpreter::Click, "click F.C                    press a button, image, check box or option"},
+        {"click", &Interpreter::Click, "click F.C                    press a button, image, check box, option or link"},
         {"cross", &Interpreter::Cross, "cross                        closes the window by its cross"},
         {"select", &Interpreter::Select,
          "select F.C \"text\"            choose an entry of a drop-down field or a list"},
@@ -161,8 +175,13 @@ const std::vector<Interpreter::Command>& Interpreter::Commands()
          "cell F.L "
          "entry"},
         {"rows", &Interpreter::Rows,
-         "rows F.G                     number of rows below the heading, or of the entries of a list"},
-        {"enter", &Interpreter::Enter, "enter F.G row column         go to a grid cell"},
+         "rows F.G                     number of rows below the heading that are not hidden, or of the entries of a "
+         "list"},
+        {"look", &Interpreter::Look,
+         "look F.G row column          how a grid cell is shown: hidden, plain, computed or own (the preparer's "
+         "words)"},
+        {"enter", &Interpreter::Enter,
+         "enter F.G row column         click a grid cell; where a field comes to stand over it, set and keys go there"},
         {"dblclick", &Interpreter::DoubleClick,
          "dblclick F.G row             double click on a grid row, a list entry (0: the empty spot) or a date field"},
         {"answer", &Interpreter::AnswerNext,
@@ -375,7 +394,10 @@ void Interpreter::Keys(const std::string& arguments)
 void Interpreter::Click(const std::string& path)
 {
     const Target target = ResolveForAction(path);
-    target.form->Click(As<PushControl>(target, "button"));
+    if (auto* link = dynamic_cast<Label*>(target.control); link && link->onClick)
+        target.form->Click(*link);
+    else
+        target.form->Click(As<PushControl>(target, "button"));
 }
 
 void Interpreter::Cross(const std::string&) { run_.screens.PressCross(); }
@@ -419,7 +441,17 @@ void Interpreter::Rows(const std::string& path)
     if (const auto* titles = dynamic_cast<List*>(target.control))
         out_ << titles->items().size() << '\n';
     else
-        out_ << As<Grid>(target, "grid or list").Rows() << '\n';
+        out_ << As<Grid>(target, "grid or list").ShownRows() << '\n';
+}
+
+void Interpreter::Look(const std::string& arguments)
+{
+    const auto [path, numbers] = FirstWord(arguments);
+    const auto [row, column] = FirstWord(numbers);
+    const Target target = Resolve(path);
+    const auto& cells = As<Grid>(target, "grid");
+    cells.Cell(Number(row), Number(column));
+    out_ << LookOf(cells, Number(row), Number(column)) << '\n';
 }
 
 void Interpreter::Enter(const std::string& arguments)
@@ -429,9 +461,11 @@ void Interpreter::Enter(const std::string& arguments)
     const Target target = ResolveForAction(path);
     auto& cells = As<Grid>(target, "grid");
     cells.Cell(Number(row), Number(column)); // a cell that is not there is an error of the script
+    if (LookOf(cells, Number(row), Number(column)) == "hidden")
+        throw DriveError("the cell " + numbers + " of " + path + " is hidden");
     Act(*target.form, [&, at = std::pair(Number(row), Number(column))] {
         target.form->SetFocus(cells);
-        cells.EnterCell(at.first, at.second);
+        cells.ClickCell(at.first, at.second);
     });
 }
 

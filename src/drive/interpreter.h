@@ -63,6 +63,7 @@ class Interpreter {
     void Select(const std::string& arguments);
     void Cell(const std::string& arguments);
     void Rows(const std::string& path);
+    void Look(const std::string& arguments);
     void Enter(const std::string& arguments);
     void DoubleClick(const std::string& arguments);
     void AnswerNext(const std::string& word);

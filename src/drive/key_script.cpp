@@ -28,6 +28,7 @@ constexpr std::pair<std::string_view, Key> kKeys[] = {
     {"F1", Key::F1},
     {"CTRL+DOWN", Key::ControlDown},
     {"CTRL+Z", Key::Undo},
+    {"CTRL+F", Key::Find},
 };
 
 KeyStroke Named(const std::string& name)

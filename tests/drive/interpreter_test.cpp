@@ -19,8 +19,10 @@ class Board : public Screen {
   public:
     explicit Board(Run& itsRun) : Screen(itsRun, "Board", "A & B")
     {
-        framain.Lay({.columns = {LayoutColumn::Field},
-                     .rows = {{{&txtname}}, {{&amount}}, {{&sold}}, {{&status}}, {{&titles}}, {{&lines}}, {{&ask}}}});
+        framain.Lay(
+            {.columns = {LayoutColumn::Field},
+             .rows = {
+                 {{&txtname}}, {{&amount}}, {{&sold}}, {{&status}}, {{&titles}}, {{&lines}}, {{&ask}}, {{&link}}}});
         status.SetItems({"Individual", "Firm"});
         titles.SetItems({"one", "two"});
         lines.SetRows({{"a", "1.00"}, {"b", "2.00"}});
@@ -33,6 +35,13 @@ class Board : public Screen {
         };
         lines.onDoubleClick = [this](int row) { sum = lines.Cell(row, 0); };
         titles.onDoubleClick = [this](int entry) { sum = "entry " + std::to_string(entry); };
+        lines.SetEditors({&cell});
+        lines.onEnterCell = [this](int row, int column) {
+            if (column == 1)
+                lines.PlaceEditor(cell, row, column);
+        };
+        cell.onChange = [this] { lines.SetCell(lines.currentRow(), 1, cell.text()); };
+        link.onClick = [this] { sum = "followed"; };
         secret.visible = false;
         frozen.enabled = false;
     }
@@ -43,7 +52,9 @@ class Board : public Screen {
     combo status{*this, "status"};
     List titles{*this, "titles"};
     Grid lines{*this, "lines", {{"Name", GridColumnKind::Text}, {"Amount", GridColumnKind::Amount}}};
+    txtn cell{*this, "cell"};
     cmd ask{*this, "ask", "&Ask"};
+    Label link{*this, "link", "Details"};
     Label sum{*this, "sum"};
     cmd secret{*this, "secret", "Secret"};
     cmd frozen{*this, "frozen", "Frozen"};
@@ -110,6 +121,31 @@ TEST_F(Driver, DoesWhatAPersonDoes)
                    "get Board.sum\n"),
               "Board A & B\nA & B\nO'Brien & Sons, 100%; \"best\"\n125.67\n-7\nsmall\n\n31-03-2024\nFirm\nentry "
               "0\n2\ntwo\n2\nAmount\n2.00\n2 lines\t3.00\nb\n");
+}
+
+TEST_F(Driver, EntersCells)
+{
+    auto& lines = dynamic_cast<Board&>(*run.screens.Find("Board")).lines;
+    lines.SetRows({{"a", "1.00"}, {"b", "2.00"}, {"c", "3.00"}});
+    lines.HideRow(2);
+    lines.SetRowLook(3, CellLook::Computed);
+    EXPECT_EQ(Play("rows Board.lines\n"
+                   "look Board.lines 1 0\n"
+                   "look Board.lines 2 0\n"
+                   "look Board.lines 3 1\n"
+                   "enter Board.lines 1 1\n"
+                   "keys Board 250{DOWN}12{ESC}\n"
+                   "get Board.cell.visible\n"
+                   "enter Board.lines 3 1\n"
+                   "enter Board.lines 3 1\n"
+                   "set Board.cell 40\n"
+                   "get Board.lines\n"
+                   "click Board.link\n"
+                   "get Board.sum\n"
+                   "set Board.cell 5\n"),
+              "2\nplain\nhidden\ncomputed\nfalse\na\t250\\nc\t40\nfollowed\nerror: line 14: Board.cell is hidden");
+    EXPECT_EQ(Play("enter Board.lines 2 1\n"), "error: line 1: the cell 2 1 of Board.lines is hidden");
+    EXPECT_EQ(Play("click Board.sum\n"), "error: line 1: sum is no button");
 }
 
 TEST_F(Driver, KeepsTheBlanksOfAQuotedText)
