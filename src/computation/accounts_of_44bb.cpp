@@ -1,5 +1,6 @@
 #include "computation/accounts_of_44bb.h"
 
+#include "computation/line_rules.h"
 #include "records/rows_of_type.h"
 #include "services/format.h"
 
@@ -42,7 +43,7 @@ void AccountsOf44BB::Store(const Transaction& proof)
         for (const Cell& cell : cells_)
             AddCell(cell.number, cell.field, proof);
         constexpr int kNetProfitFrom2017 = 1167;
-        if (run_.Year() >= 2017)
+        if (RulesOf(run_).AddsProfessionWithoutBooks())
             AddCell(kNetProfitFrom2017, txtn5, proof);
     }
     stored_.Remember(Frame1);

@@ -20,12 +20,6 @@ namespace {
 
 constexpr double kAnnexureOfComputation = 111; ///< `GLwhere` while the annexure of this screen is open
 
-/// Business lines whose income is deemed; a profession's is not one of them.
-bool IsDeemedByReceipts(BusinessKind kind)
-{
-    return kind == kPresumptive44AD || kind == kTransport44AE || kind == kRetail44AF;
-}
-
 /// The heads of income to which an adjustment may belong.
 std::vector<std::string> OtherHeads(const Run& run)
 {
@@ -39,7 +33,7 @@ std::vector<std::string> OtherHeads(const Run& run)
 std::vector<std::string> HeadsOfDeductions(const Run& run)
 {
     auto heads = OtherHeads(run);
-    if (run.Year() >= 2023) // virtual digital assets, section 115BBH
+    if (RulesOf(run).DeductsOtherHeadsOfVDA())
         heads.emplace_back("VDA");
     return heads;
 }
@@ -51,12 +45,6 @@ std::vector<std::string> HeadsOfAdditions(const Run& run)
     return heads;
 }
 
-/// The schedule of exempt income asks who paid a share of profit.
-bool AsksForExemption(const Run& run)
-{
-    return (!IsIndividual(run.Glstatus) && run.Year() >= 2021) || (IsCompany(run.Glstatus) && run.Year() >= 2013);
-}
-
 } // namespace
 
 frmbusinesscal::frmbusinesscal(Run& itsRun)
@@ -65,8 +53,8 @@ frmbusinesscal::frmbusinesscal(Run& itsRun)
             {.openList = [this](std::string_view type) { OpenList(type); }, .balance = [this] { RefreshTotals(); }}),
       partners(*this, {.bookProfit = [this](double interest,
                                             double remuneration) { return BookProfit(interest, remuneration); },
-                       .takesNothing = [this] { return IsDeemedByReceipts(Kind()) && presumptive.DeductsNothing(); },
-                       .refusesPay = [this] { return Kind() == kPresumptive44AD || Kind() == kProfession44ADA; },
+                       .takesNothing = [this] { return Kind(Line()).isDeemed && presumptive.DeductsNothing(); },
+                       .refusesPay = [this] { return Kind(Line()).refusesPay; },
                        .saved = [this] { RefreshTotals(); }}),
       lists_(MakeLists())
 {
@@ -81,7 +69,11 @@ std::vector<AdjustmentList> frmbusinesscal::MakeLists()
     const auto limit = [this] { return Amount(RemunerationLimit(BookProfit(0, 0), run.Year(), run.Glstatus)); };
     return {
         {.type = "511", .button = cmd511, .caption = lbl511c, .keptIn = fra1},
-        {.type = "544", .button = cmd17, .caption = lbl17c, .keptIn = fra1, .asksForExemption = AsksForExemption(run)},
+        {.type = "544",
+         .button = cmd17,
+         .caption = lbl17c,
+         .keptIn = fra1,
+         .asksForExemption = RulesOf(run).AsksForExemption()},
         {.type = "less", .button = cmdless, .caption = lbllessc, .keptIn = fra1, .offers = HeadsOfDeductions(run)},
         {.type = "intt",
          .button = presumptive.cmdintt,
@@ -159,7 +151,7 @@ void frmbusinesscal::Wire()
     partners.frapartner.onLowered = [this] { LeavePartners(); };
     cmdother.onClick = [this] { other.Open(); };
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
-    const auto depreciation = run.Year() <= 2006 ? screens::frmfassets : screens::frmfassetsNew;
+    const auto depreciation = RulesOf(run).HasOldAnnexure() ? screens::frmfassets : screens::frmfassetsNew;
     CmdDep.onClick = [this, depreciation] { OpenAnnexure(depreciation, "Depreciation Annexure"); };
     LeadsTo(CmdDep, depreciation);
     CmdF.onClick = [this] { OpenAnnexure(screens::frmfassetsNew, "Capital Gain Annexure"); };
@@ -198,7 +190,7 @@ void frmbusinesscal::OpenList(std::string_view type)
 
 void frmbusinesscal::LeavePartners()
 {
-    if (Kind() != kNormal && partners.DrawNothing())
+    if (!RulesOf(run).IsNormal() && partners.DrawNothing())
         presumptive.HideDeductions();
 }
 
@@ -230,18 +222,18 @@ void frmbusinesscal::BusinessFill()
 
 void frmbusinesscal::ApplyYearAndStatus()
 {
-    const int year = run.Year();
-    const bool isNormal = Kind() == kNormal;
+    const LineRules rules = RulesOf(run);
+    const bool isNormal = rules.IsNormal();
     framain.visible = header.CmdBack.visible = isNormal;
     presumptive.fra44ad.visible = !isNormal;
     if (isNormal)
         header.ShowWayToStatement();
-    lblOth.visible = TxtOth.visible = year > 2006;
-    CmdReDep.visible = year >= 2019 && header.IsEdit();
+    lblOth.visible = TxtOth.visible = rules.TakesOtherIncome();
+    CmdReDep.visible = rules.OffersStatementsDepreciation() && header.IsEdit();
     for (Control* ofPartners :
          std::initializer_list<Control*>{&CmdPartner, &cmdpartner1, &lblpart1, &lblpart2, &lbladdintt, &lbladdremu,
                                          &lbllesspart1, &lbllesspart2, &txtlesspart1, &txtlesspart2})
-        ofPartners->visible = HasPartners(run.Glstatus);
+        ofPartners->visible = rules.ShowsPartners();
     constexpr int kFormOfFirms = 5;
     Command1.visible = run.GlITR == kFormOfFirms;
     presumptive.ApplyStatus();
@@ -254,7 +246,7 @@ void frmbusinesscal::Activate()
     if (run.GLwhere == kAnnexureOfComputation)
         annexure_.TakeOver();
     const auto annexure = annexure_.Depreciation();
-    const bool takesStored = Kind() == kNormal && header.ProfitIsOfStatement() && header.IsEdit();
+    const bool takesStored = RulesOf(run).IsNormal() && header.ProfitIsOfStatement() && header.IsEdit();
     if (takesStored)
         ReadStatementFigures();
     if (run.GLwhere == kAnnexureOfComputation)
@@ -323,7 +315,7 @@ void frmbusinesscal::CalBalance()
 
 double frmbusinesscal::BookProfit(double interest, double remuneration) const
 {
-    if (Kind() != kNormal)
+    if (!RulesOf(run).IsNormal())
         return Val(presumptive.Lbl44AD) - Val(presumptive.TxtIntt);
     const double audit =
         run.company.Scalar("select sum(net) from {business} where code = ? and [Type] = '9'", run.Glcode).Number();
@@ -371,7 +363,7 @@ bool frmbusinesscal::Store()
     Transaction transaction({run.company, run.balance});
     if (!annexure_.IsMine())
         return false;
-    const double sno = header.WriteRow(TypeOf(Kind()), BusinessColumns(), transaction);
+    const double sno = header.WriteRow(TypeOf(Line()), BusinessColumns(), transaction);
     StoreOther(sno, transaction);
     if (partners.ChkChange.value)
         LineDetails(run, "PARTCHANGE", sno).Add({{"amt1", 1}}, transaction);
@@ -396,7 +388,7 @@ void frmbusinesscal::ReadAnnexureAnew()
 
 std::vector<Field> frmbusinesscal::BusinessColumns() const
 {
-    const bool isDeemed = IsDeemedByReceipts(Kind()) && !presumptive.chk44ad.value;
+    const bool isDeemed = Kind(Line()).isDeemed && !presumptive.chk44ad.value;
     const auto computed = [&](const TextControl& amount) { return isDeemed ? 0 : Val(amount); };
     const auto& claims = other.section10abc;
     return {{"PNL", computed(header.txtpnl)},
@@ -431,7 +423,7 @@ void frmbusinesscal::Back()
 {
     if (Frame* card = Card())
         return card->onEscape();
-    if (Kind() == kNormal || presumptive.fra44ad.visible)
+    if (RulesOf(run).IsNormal() || presumptive.fra44ad.visible)
         return Close();
     framain.visible = false;
     presumptive.fra44ad.visible = true;

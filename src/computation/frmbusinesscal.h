@@ -117,7 +117,7 @@ class frmbusinesscal : public Screen {
     void Back();
     void Leave();
 
-    BusinessKind Kind() const { return static_cast<BusinessKind>(run.GlBusinessKind); }
+    BusinessKind Line() const { return static_cast<BusinessKind>(run.GlBusinessKind); }
 
     ListTotals totals_;
     WorkAnnexure annexure_{run};

@@ -79,7 +79,8 @@ void frmbusinesscal1::Save()
     // A new specified line is stored without a kind, which the summary does not list; a stored one keeps its own.
     const auto type = run.GlBusinessKind == kSpecified ? std::nullopt : std::optional(TypeOf(kSpeculation));
     Transaction transaction({run.company});
-    const double sno = header.WriteRow(type, {{"PNL", Val(header.txtpnl)}, {"NET", Val(lblincome)}, {"dep1", 0}}, transaction);
+    const double sno =
+        header.WriteRow(type, {{"PNL", Val(header.txtpnl)}, {"NET", Val(lblincome)}, {"dep1", 0}}, transaction);
     CopyWorkToLine(
         run, sno, [](std::string_view) { return true; }, Apostrophes::Keep);
     transaction.Commit();

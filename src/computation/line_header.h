@@ -1,9 +1,9 @@
 #pragma once
 
+#include "computation/line_rules.h"
 #include "controls/buttons.h"
 #include "controls/text_controls.h"
 #include "entry/field_texts.h"
-#include "records/lines.h"
 #include "startup/run.h"
 
 #include <optional>
@@ -34,7 +34,7 @@ class LineHeader {
     bool Altered() const;
 
     /// From 2007 the net profit is that of the statement and can not be typed.
-    bool ProfitIsOfStatement() const { return run_.Year() >= 2007; }
+    bool ProfitIsOfStatement() const { return RulesOf(run_).ProfitIsOfStatement(); }
     void ShowWayToStatement();
 
     /// Tells what is missing and gives the focus there; true when the line can not be saved.

@@ -1,12 +1,8 @@
 #include "computation/other_adjustments.h"
 
+#include "computation/line_rules.h"
+
 namespace pgbp {
-namespace {
-
-/// Scientific research, and sections 10A to 10C by section, have frames of their own from this year on.
-constexpr int kFramesOfTheirOwn = 2007;
-
-} // namespace
 
 OtherAdjustments::OtherAdjustments(Screen& form, OtherAdjustmentsUse use)
     : fra3(form, "fra3", "Other Adustments"), cmd564(form, "cmd564", "&Deemed Income"),
@@ -22,7 +18,7 @@ OtherAdjustments::OtherAdjustments(Screen& form, OtherAdjustmentsUse use)
 {
     LayOut();
     Wire();
-    const bool hasSection35 = run_.Year() >= kFramesOfTheirOwn;
+    const bool hasSection35 = RulesOf(run_).HasSection35();
     Cmd35.visible = Lbl35c.visible = Lbl35.visible = hasSection35;
 }
 
@@ -56,7 +52,7 @@ void OtherAdjustments::Open() { form_.Raise(fra3, cmd564); }
 
 void OtherAdjustments::Open10abc()
 {
-    if (run_.Year() < kFramesOfTheirOwn)
+    if (!RulesOf(run_).ListsSections10())
         return use_.openList("10abc");
     section10abc.Open();
 }

@@ -79,13 +79,13 @@ void PresumptiveFrame::Fill(const LineHeader& line)
     txt44ad2 = line.Stored("name2").Text();
     chk44ad = line.Stored("books").Flag();
     txtrece = Amount(line.Stored("turnover").Number());
-    if (Kind() == kProfession44ADA || Kind() == kPresumptive44AD)
-        FillReceipts(Kind() == kProfession44ADA ? "PGBPA" : "PGBP3");
+    if (Line() == kProfession44ADA || Line() == kPresumptive44AD)
+        FillReceipts(Line() == kProfession44ADA ? "PGBPA" : "PGBP3");
     Lbl44AD = Amount(line.Stored("sec44").Number());
     lbl44adfinal = Amount(line.Stored("net44").Number());
-    if (Kind() == kPresumptive44AD || Kind() == kRetail44AF)
+    if (Line() == kPresumptive44AD || Line() == kRetail44AF)
         FillRate(line.Sno());
-    if (Kind() != kNormal)
+    if (!RulesOf(run_).IsNormal())
         FillAccounts(line.Sno());
 }
 
@@ -101,7 +101,7 @@ void PresumptiveFrame::FillReceipts(std::string_view type)
         *field = Amount(row[column].Number());
     TxtNetAd[0] = Rupees(row["tds"].Number());
     TxtNetAd[1] = Rupees(row["sur"].Number());
-    if (Kind() == kPresumptive44AD) {
+    if (Line() == kPresumptive44AD) {
         TxtNetAd[2] = Rupees(row["cess"].Number());
         TxtNetAd[3] = Rupees(row["penal"].Number());
     }
@@ -109,7 +109,7 @@ void PresumptiveFrame::FillReceipts(std::string_view type)
 
 void PresumptiveFrame::FillRate(double sno)
 {
-    const Value rate = FirstField(MiscItems(run_, "PGBP" + std::string(TypeOf(Kind())), sno).Read("amt1"));
+    const Value rate = FirstField(MiscItems(run_, "PGBP" + std::string(TypeOf(Line())), sno).Read("amt1"));
     if (!rate.IsNull())
         TxtPer = Amount(rate.Number());
 }
@@ -133,10 +133,10 @@ void PresumptiveFrame::CalBalance1(const ListTotals& totals)
 
 void PresumptiveFrame::ApplyStatus()
 {
-    if (!HasPartners(run_.Glstatus) || (Kind() != kRetail44AF && DeductsNothing()))
+    if (!RulesOf(run_).ShowsPartners() || (Line() != kRetail44AF && DeductsNothing()))
         HideDeductions();
-    CmdPart.visible = HasPartners(run_.Glstatus) && run_.Year() > 2006;
-    FraBooks.visible = run_.Year() > 2006 && run_.Year() < 2019;
+    CmdPart.visible = RulesOf(run_).PartnersOfDeemedIncome();
+    FraBooks.visible = RulesOf(run_).ShowsAccountOfReturn();
 }
 
 void PresumptiveFrame::HideDeductions()

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "computation/line_rules.h"
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/text_controls.h"
-#include "records/lines.h"
 #include "startup/run.h"
 
 namespace pgbp {
@@ -70,7 +70,7 @@ class PresumptiveFrame {
     void FillRate(double sno);
     void FillAccounts(double sno);
     void ReplaceList(std::string_view type, std::string_view name, const txtn& amount);
-    BusinessKind Kind() const { return static_cast<BusinessKind>(run_.GlBusinessKind); }
+    BusinessKind Line() const { return static_cast<BusinessKind>(run_.GlBusinessKind); }
 
     Run& run_;
 };

@@ -1,8 +1,8 @@
 #include "computation/statement_figures.h"
 
+#include "computation/line_rules.h"
 #include "services/format.h"
 #include "services/text.h"
-#include "startup/status.h"
 
 #include <algorithm>
 #include <optional>
@@ -62,8 +62,6 @@ class Cells {
     Recordset rows_;
 };
 
-bool MayReportUnderIndAs(const Run& run) { return run.Year() >= 2018 && IsCompany(run.Glstatus); }
-
 double NetProfit(const Run& run, const Cells& cells)
 {
     const auto net = cells.Find(run.FormCheckDone ? kIndAs : kPlain, kNetProfit);
@@ -71,7 +69,7 @@ double NetProfit(const Run& run, const Cells& cells)
         return *net;
     if (const auto noBooks = cells.Find(kPlain, kNoBooksProfit))
         return *noBooks;
-    return !net && MayReportUnderIndAs(run) ? cells.Find(kIndAs, kIndAsProfit).value_or(0) : 0;
+    return !net && RulesOf(run).MayReportUnderIndAS() ? cells.Find(kIndAs, kIndAsProfit).value_or(0) : 0;
 }
 
 } // namespace
@@ -82,7 +80,7 @@ StatementFigures ReadStatement(const Run& run, double sno)
     StatementFigures figures{.netProfit = NetProfit(run, cells),
                              .depreciation =
                                  cells.Sum(run.FormCheckDone ? kIndAs : kPlain, {kDepreciation, kIndAsDepreciation})};
-    if (run.Year() >= 2017)
+    if (RulesOf(run).AddsProfessionWithoutBooks())
         figures.netProfit += cells.Find(kPlain, kProfessionNoBooksProfit).value_or(0);
     return figures;
 }

@@ -62,7 +62,7 @@ std::vector<Part> PartsOf(const Run& run, BusinessKind kind)
     std::vector<Part> parts = {{company, "business", "sno = ?"},
                                {company, "business1", details},
                                {balance, "qelgeneral", "[Type] = 'NEWPL' and amt2 = ?"}};
-    if (kind == kSpeculation || kind == kSpecified)
+    if (Kind(kind).isShort)
         return parts;
     const std::string presumptive = company->dialect().Left("[Type]", 4) + " = 'PGBP' and sno = ?";
     parts.insert(parts.end(), {{balance, "fassets", "[Type] = 'P' and sno = ?"},

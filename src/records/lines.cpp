@@ -4,22 +4,30 @@
 
 #include <algorithm>
 #include <stdexcept>
-#include <utility>
 #include <vector>
 
 namespace pgbp {
 
-std::string_view TypeOf(BusinessKind kind)
+const KindOfBusiness& Kind(BusinessKind kind)
 {
-    constexpr std::pair<BusinessKind, std::string_view> kTypes[] = {
-        {kNormal, "1"},     {kSpeculation, "2"}, {kPresumptive44AD, "3"}, {kTransport44AE, "4"},   {kRetail44AF, "5"},
-        {kFirmIncome, "6"}, {kAopShare, "7"},    {kSpecified, "8"},       {kProfession44ADA, "A"},
+    static constexpr KindOfBusiness kKinds[] = {
+        {.kind = kNormal, .type = "1"},
+        {.kind = kSpeculation, .type = "2", .isShort = true},
+        {.kind = kPresumptive44AD, .type = "3", .isDeemed = true, .refusesPay = true},
+        {.kind = kTransport44AE, .type = "4", .isDeemed = true},
+        {.kind = kRetail44AF, .type = "5", .isDeemed = true},
+        {.kind = kFirmIncome, .type = "6"},
+        {.kind = kAopShare, .type = "7"},
+        {.kind = kSpecified, .type = "8", .isShort = true},
+        {.kind = kProfession44ADA, .type = "A", .refusesPay = true},
     };
-    for (const auto& [number, type] : kTypes)
-        if (number == kind)
-            return type;
-    throw std::out_of_range("no such kind of business");
+    const auto found = std::ranges::find(kKinds, kind, &KindOfBusiness::kind);
+    if (found == std::end(kKinds))
+        throw std::out_of_range("no such kind of business");
+    return *found;
 }
+
+std::string_view TypeOf(BusinessKind kind) { return Kind(kind).type; }
 
 void DeleteOrphanCells(const Run& run)
 {

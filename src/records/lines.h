@@ -17,6 +17,17 @@ enum BusinessKind {
     kProfession44ADA = 12
 };
 
+/// What tells a kind of business from the others.
+struct KindOfBusiness {
+    BusinessKind kind;
+    std::string_view type;   ///< of its rows in `business`
+    bool isDeemed = false;   ///< the income is deemed by the receipts; a profession's can be less
+    bool refusesPay = false; ///< allows its partners no interest and no remuneration, from 2017
+    bool isShort = false;    ///< computed without depreciation, partners and other adjustments
+};
+
+const KindOfBusiness& Kind(BusinessKind kind);
+
 /// `type` of a kind's rows in `business`.
 std::string_view TypeOf(BusinessKind kind);
 

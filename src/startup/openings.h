@@ -46,6 +46,11 @@ struct StatementOpening {
     std::function<void(const std::optional<Record>& business)> left{};
 };
 
+/// The list of bad debts above one lakh without a PAN, which a line of the account sums up.
+struct BadDebtsOpening {
+    std::function<void(double rupees)> saved{}; ///< the list was stored with this total
+};
+
 struct HelpOpening {
     std::string topic{};
 };
@@ -63,6 +68,7 @@ inline constexpr ScreenName<AnnexureOpening> frmfassets{"frmfassets"};
 inline constexpr ScreenName<AnnexureOpening> frmfassetsNew{"frmfassetsNew"};
 inline constexpr ScreenName<StatementOpening> FrmbspnlPGBP{"FrmbspnlPGBP"};
 inline constexpr ScreenName<StatementOpening> FrmbspnlINDAS{"FrmbspnlINDAS"};
+inline constexpr ScreenName<BadDebtsOpening> FrmQ47ii{"FrmQ47ii"};
 inline constexpr ScreenName<NoOpening> FrmGST{"FrmGST"};
 inline constexpr ScreenName<NoOpening> Frm44AENew{"Frm44AENew"};
 inline constexpr ScreenName<NoOpening> FrmFirm{"FrmFirm"};
