@@ -195,6 +195,8 @@ void Grid::SetEditors(std::vector<TextBox*> editors)
 void Grid::PlaceEditor(TextBox& editor, int row, int column)
 {
     Cell(row, column);
+    if (editor.host != this)
+        throw std::logic_error(editor.name() + " is no editor of " + name());
     if (!LeftEditor())
         return;
     editor.Set(TextFor(editor, Cell(row, column)), Notify::No);
@@ -226,7 +228,6 @@ void Grid::CloseEditor()
     closed.visible = false;
     if (form().focused() == &closed)
         form().SetFocus(*this);
-    moved();
 }
 
 void Grid::DoubleClick(int row)
@@ -332,7 +333,8 @@ void Grid::EnterHere()
 
 bool Grid::TakesFromEditor(Key key) const
 {
-    if (!editor_)
+    const auto* amount = dynamic_cast<const NumberBox*>(editor_);
+    if (!editor_ || (amount && amount->sum()))
         return false;
     const auto* choice = dynamic_cast<const combo*>(editor_);
     switch (key) {

@@ -27,6 +27,7 @@ struct GridColumn {
     /// How a cell's text is drawn, say a code in words; the text itself stays. None: an amount in groups, others as
     /// they are.
     std::function<std::string(const std::string& text)> drawn = {};
+    bool muted = false;  ///< figures to compare with, say of the previous year
     bool visible = true; ///< switched by `Grid::ShowColumn`
 
     std::string Drawn(const std::string& text) const;
@@ -44,11 +45,11 @@ enum class CellLook {
 /// Rows of texts under headings, with a row of totals below them where there is one. Row 0 is the heading row, the
 /// first row of data is row 1.
 ///
-/// With `onEnterCell` the cells are entered one by one, and the screen says what that means: it places one of its
-/// editors over the cell, or acts, or does nothing. An editor has the focus as long as it stands; what it changes in
-/// the cell is the screen's. Then Up and Down enter the cell above and below (in a drop-down field they choose), Enter
-/// the next cell that takes input, Page Up, Page Down, Home and End a row that does, and Escape hides the editor. In a
-/// text that is being typed Home and End move the caret.
+/// With `onEnterCell`, which is set before the grid is drawn, the cells are entered one by one, and the screen says
+/// what that means: it places one of its editors over the cell, or acts, or does nothing. An editor has the focus as
+/// long as it stands; what it changes in the cell is the screen's. Then Up and Down enter the cell above and below (in
+/// a drop-down field they choose), Enter the next cell that takes input, Page Up, Page Down, Home and End a row that
+/// does, and Escape hides the editor. In a text that is being typed Home and End move the caret.
 class Grid : public Control {
   public:
     Grid(Form& form, std::string_view name, std::vector<GridColumn> columns);
@@ -102,7 +103,8 @@ class Grid : public Control {
     void ClickCell(int row, int column);
     void DoubleClick(int row);
 
-    /// Controls of the form that can be placed over cells. They are hidden while they do not stand.
+    /// Controls of the form that can be placed over cells, told before the grid is drawn. They are laid out nowhere,
+    /// and hidden while they do not stand.
     void SetEditors(std::vector<TextBox*> editors);
     const std::vector<TextBox*>& editors() const { return editors_; }
     /// Puts one of them over a cell, with its text all selected and the focus. That raises no onChange. An amount

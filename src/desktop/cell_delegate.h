@@ -14,6 +14,8 @@ class CellDelegate : public QStyledItemDelegate {
 
     CellDelegate(QAbstractItemView& view, int firstColumn);
 
+    bool marksCell = false; ///< the keys go from cell to cell: the current one has a frame
+
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override;
 
   private:

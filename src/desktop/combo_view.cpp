@@ -44,8 +44,11 @@ class DropBox : public QComboBox {
 ComboView::ComboView(combo& itsCombo, FormView& itsForm, const Place& place)
     : ControlView(itsCombo, itsForm), combo_(itsCombo), box_(new DropBox(place.parent))
 {
-    box_->setFixedHeight(RowHeight());
-    box_->setMinimumWidth(30 * kUnit);
+    box_->setProperty("cell", place.inCell);
+    if (!place.inCell) {
+        box_->setFixedHeight(RowHeight());
+        box_->setMinimumWidth(30 * kUnit);
+    }
     box_->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed); // as wide as a field of text
     box_->setEditable(combo_.editable);
     box_->setMaxVisibleItems(kMostInSight);
@@ -75,6 +78,12 @@ void ComboView::FromModel()
         box_->setCurrentIndex(combo_.Chosen());
     if (typing_)
         typing_->FromModel();
+}
+
+void ComboView::Forget()
+{
+    if (typing_)
+        typing_->Forget();
 }
 
 void ComboView::ShowItems()

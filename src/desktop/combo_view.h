@@ -21,6 +21,7 @@ class ComboView : public ControlView {
     bool KeyPressed(const QKeyEvent& event) override;
     bool Noticed(QEvent& event) override;
     QWidget* keyboard() const override;
+    void Forget() override;
 
   private:
     void ShowItems();

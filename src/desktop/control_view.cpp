@@ -1,5 +1,6 @@
 #include "desktop/control_view.h"
 
+#include "controls/grid.h"
 #include "desktop/amount_view.h"
 #include "desktop/captions.h"
 #include "desktop/combo_view.h"
@@ -63,6 +64,8 @@ bool ControlView::IsEnabled() const { return control.enabled; }
 
 bool ControlView::Wants(Key key) const
 {
+    if (control.host && control.host->TakesFromEditor(key))
+        return true;
     switch (key) {
     case Key::Up:
     case Key::Down:
@@ -73,6 +76,7 @@ bool ControlView::Wants(Key key) const
     case Key::F1:
     case Key::ControlDown:
     case Key::Undo:
+    case Key::Find:
         return true;
     default:
         return false;

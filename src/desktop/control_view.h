@@ -21,7 +21,8 @@ struct Place {
     QWidget* parent = nullptr;
     LayoutColumn column = LayoutColumn::Button;
     RowStyle style = RowStyle::Plain;
-    bool inRow = true; ///< in a row of its frame; else in the row of buttons
+    bool inRow = true;   ///< in a row of its frame; else in the row of buttons
+    bool inCell = false; ///< over the cell of a grid, which gives it its place
 
     bool OfAmounts() const { return column == LayoutColumn::Amount || column == LayoutColumn::Previous; }
 };
@@ -50,6 +51,8 @@ class ControlView {
     virtual bool Noticed(QEvent&) { return false; }
     /// The press of the mouse that brings the focus only brings the focus.
     virtual bool KeepsFirstPress() const { return false; }
+    /// What was typed so far is no step of undo any more: it belongs to another cell.
+    virtual void Forget() {}
     /// What Ctrl+C copies while the mouse has marked the control; empty for one that can not be marked.
     virtual QString Copied() const { return {}; }
     virtual void ShowMarked(bool) {}

@@ -45,6 +45,16 @@ void ElidedLabel::SetMarked(bool marked)
     update();
 }
 
+void ElidedLabel::BecomeLink()
+{
+    QFont underlined = font();
+    underlined.setUnderline(true);
+    setFont(underlined);
+    SetMargin(kUnit); // for the ring of the focus
+    setFocusPolicy(Qt::TabFocus);
+    setCursor(Qt::PointingHandCursor);
+}
+
 int ElidedLabel::TextWidth() const
 {
     if (width_ < 0)
@@ -102,6 +112,10 @@ void ElidedLabel::paintEvent(QPaintEvent*)
         painter.setPen(Qt::NoPen);
         painter.setBrush(marked_ ? Theme().accent : background_);
         painter.drawRoundedRect(rect(), 3, 3);
+    }
+    if (hasFocus()) {
+        painter.setPen(QPen(Theme().accent, 2));
+        painter.drawRect(rect().adjusted(1, 1, -1, -1));
     }
     painter.setPen(marked_ ? Theme().panel : color_);
     const QRect inner = rect().adjusted(margin_, 0, -margin_, 0);

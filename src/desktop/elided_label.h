@@ -17,6 +17,8 @@ class ElidedLabel : public QLabel {
     void SetColor(const QColor& text);
     void SetBackground(const QColor& background) { background_ = background; }
     void SetMarked(bool marked);
+    /// Underlined, and can have the keyboard.
+    void BecomeLink();
     /// Lets the text be cut down to this width.
     void GiveWay(int least) { least_ = least; }
 

@@ -165,6 +165,8 @@ std::optional<Key> FormView::KeyOf(const QKeyEvent& event)
     };
     if (event.matches(QKeySequence::Undo))
         return Key::Undo;
+    if (event.matches(QKeySequence::Find))
+        return Key::Find;
     if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Down)
         return Key::ControlDown;
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))

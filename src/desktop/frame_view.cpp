@@ -38,7 +38,9 @@ Qt::Alignment SideOf(const Control& control, LayoutColumn column)
     if (column == LayoutColumn::Amount || column == LayoutColumn::Previous)
         return Qt::AlignRight | Qt::AlignVCenter;
     const auto* box = dynamic_cast<const TextBox*>(&control);
-    const bool isWide = box || dynamic_cast<const cmd*>(&control) || dynamic_cast<const Label*>(&control);
+    const auto* label = dynamic_cast<const Label*>(&control);
+    const bool isLink = label && label->onClick;
+    const bool isWide = box || dynamic_cast<const cmd*>(&control) || (label && !isLink);
     return isWide ? Qt::AlignVCenter : Qt::AlignLeft | Qt::AlignVCenter;
 }
 

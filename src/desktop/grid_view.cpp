@@ -4,10 +4,12 @@
 #include "desktop/cell_delegate.h"
 #include "desktop/form_view.h"
 #include "desktop/grid_foot.h"
+#include "desktop/text_sync.h"
 #include "desktop/theme.h"
 #include "desktop/window_memory.h"
 #include "services/amount_text.h"
 #include "services/format.h"
+#include "services/text.h"
 
 #include <QAbstractTableModel>
 #include <QClipboard>
@@ -15,6 +17,7 @@
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QKeyEvent>
+#include <QPainter>
 #include <QScrollBar>
 #include <QTableView>
 #include <QVBoxLayout>
@@ -70,9 +73,17 @@ class GridModel : public QAbstractTableModel {
         emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
     }
 
+    void Update(int row, int column)
+    {
+        if (row <= shownRows_)
+            emit dataChanged(index(row - 1, column), index(row - 1, column));
+    }
+
   private:
     QVariant CellData(int row, int column, int role) const
     {
+        static const QFont totals = FontOf(Type::Total);
+        const CellLook look = row == 0 ? CellLook::Plain : grid_.Look(row, column);
         const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
         switch (role) {
         case Qt::DisplayRole:
@@ -84,7 +95,15 @@ class GridModel : public QAbstractTableModel {
         case Qt::ForegroundRole:
             if (its.IsNumber() && Val(grid_.Cell(row, column)) < 0)
                 return Theme().negative;
-            return its.kind == GridColumnKind::Serial ? Theme().muted : Theme().text;
+            if (its.kind == GridColumnKind::Mark)
+                return Theme().accent;
+            return its.kind == GridColumnKind::Serial || its.muted ? Theme().muted : Theme().text;
+        case Qt::BackgroundRole:
+            if (look == CellLook::Plain)
+                return {};
+            return look == CellLook::Own ? Theme().mark : Theme().computed;
+        case Qt::FontRole:
+            return look == CellLook::Computed ? totals : QVariant();
         default:
             return {};
         }
@@ -92,6 +111,36 @@ class GridModel : public QAbstractTableModel {
 
     const Grid& grid_;
     int shownRows_ = 0;
+};
+
+/// A caption in up to three lines. A label that wraps would ask the page for the height that all rows of the grid want.
+class CaptionLine : public QWidget {
+  public:
+    using QWidget::QWidget;
+
+    void Show(const QString& caption)
+    {
+        if (accessibleName() == caption)
+            return;
+        setAccessibleName(caption);
+        update();
+    }
+
+    int HeightFor(const QString& caption, int width) const
+    {
+        const QRect room(0, 0, width - 2 * CellDelegate::kMargin, 3 * fontMetrics().lineSpacing());
+        const int height = fontMetrics().boundingRect(room, Qt::TextWordWrap, caption).height();
+        return std::min(height, room.height()) + 2 * kUnit;
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override
+    {
+        QPainter painter(this);
+        painter.setPen(Theme().muted);
+        const QRect inner = rect().adjusted(CellDelegate::kMargin, kUnit, -CellDelegate::kMargin, 0);
+        painter.drawText(inner, Qt::TextWordWrap, accessibleName());
+    }
 };
 
 namespace {
@@ -110,7 +159,7 @@ class Rows : public QTableView {
 
     QSize sizeHint() const override
     {
-        const int rows = model() ? model()->rowCount() * GridRowHeight() : 0;
+        const int rows = verticalHeader()->length();
         const int bar = horizontalScrollBar()->isVisibleTo(this) ? horizontalScrollBar()->sizeHint().height() : 0;
         const int height = horizontalHeader()->height() + rows + bar + 2 * kUnit;
         return {wantedWidth, std::max(height, LeastHeight())};
@@ -128,11 +177,17 @@ GridView::GridView(Grid& itsGrid, FormView& itsForm, const Place& place)
     below->setSpacing(0);
     below->addWidget(table_);
     changedListener_ = grid_.changed.Add([this] { stale_ = true; });
+    cellListener_ = grid_.cellChanged.Add([this](int row, int column) { cells_.emplace_back(row, column); });
+    movedListener_ = grid_.moved.Add([this] { moved_ = true; });
     const auto& columns = grid_.columns();
     first_ =
         static_cast<int>(std::find_if(columns.begin(), columns.end(),
                                       [](const GridColumn& column) { return column.kind != GridColumnKind::Hidden; }) -
                          columns.begin());
+    for (int i = 0; i < static_cast<int>(columns.size()); ++i)
+        if (IsText(i) && (caption_ < 0 || columns[static_cast<std::size_t>(i)].weight >
+                                              columns[static_cast<std::size_t>(caption_)].weight))
+            caption_ = i;
     table_->setModel(model_.get());
     Dress();
     chosen_.assign(columns.size(), 0);
@@ -149,13 +204,44 @@ GridView::GridView(Grid& itsGrid, FormView& itsForm, const Place& place)
                      });
     QObject::connect(table_, &QTableView::doubleClicked, &connections,
                      [this](const QModelIndex& index) { form.Act([&] { grid_.DoubleClick(index.row() + 1); }); });
+    if (grid_.onEnterCell)
+        MakeEntry();
     Shows(box_);
+}
+
+/// What is needed where cells are entered: a click enters, the editors lie over the rows, and a turn of the wheel or
+/// the scroll bar hides them.
+void GridView::MakeEntry()
+{
+    static_cast<CellDelegate*>(table_->itemDelegate())->marksCell = true;
+    QObject::connect(table_, &QTableView::clicked, &connections, [this](const QModelIndex& index) {
+        if (QGuiApplication::keyboardModifiers() == Qt::NoModifier) // else rows are selected
+            form.Act([&] { grid_.ClickCell(index.row() + 1, index.column()); });
+    });
+    for (TextBox* editor : grid_.editors())
+        form.Add(*editor, {.parent = table_->viewport(), .column = LayoutColumn::Field, .inCell = true});
+    for (const QScrollBar* bar : {table_->verticalScrollBar(), table_->horizontalScrollBar()}) {
+        QObject::connect(bar, &QScrollBar::actionTriggered, &connections, [this] {
+            if (grid_.editor())
+                form.Act([this] { grid_.HideEditor(); });
+        });
+        QObject::connect(bar, &QScrollBar::valueChanged, &connections, [this] { PlaceEditor(); });
+    }
+    if (caption_ < 0)
+        return;
+    whole_ = new CaptionLine(box_);
+    whole_->setObjectName("caption of " + Text(grid_.name()));
+    box_->layout()->addWidget(whole_);
 }
 
 /// The widget outlives this view for a moment and must not look for the rows any more.
 GridView::~GridView()
 {
     grid_.changed.Remove(changedListener_);
+    grid_.cellChanged.Remove(cellListener_);
+    grid_.moved.Remove(movedListener_);
+    for (const QScrollBar* bar : {table_->verticalScrollBar(), table_->horizontalScrollBar()})
+        bar->disconnect(&connections); // the editors' views may be gone
     table_->setModel(nullptr);
 }
 
@@ -180,9 +266,18 @@ void GridView::Dress()
     headings->setMinimumSectionSize(1);
     headings->setHighlightSections(false);
     headings->setFixedHeight(GridRowHeight() + kUnit);
+    HideAndShow();
+}
+
+void GridView::HideAndShow()
+{
     for (int column = 0; column < model_->columnCount(); ++column)
-        table_->setColumnHidden(column,
-                                grid_.columns()[static_cast<std::size_t>(column)].kind == GridColumnKind::Hidden);
+        if (const bool isShown = grid_.columns()[static_cast<std::size_t>(column)].IsShown();
+            table_->isColumnHidden(column) == isShown)
+            table_->setColumnHidden(column, !isShown);
+    for (int row = 0; row < model_->rowCount(); ++row)
+        if (const bool isHidden = grid_.IsHidden(row + 1); table_->isRowHidden(row) != isHidden)
+            table_->setRowHidden(row, isHidden);
 }
 
 QWidget* GridView::keyboard() const { return table_; }
@@ -191,24 +286,82 @@ void GridView::FromModel()
 {
     ControlView::FromModel();
     const bool wasStale = std::exchange(stale_, false);
+    const bool hasMoved = std::exchange(moved_, false);
+    const auto cells = std::exchange(cells_, {});
     if (wasStale) {
         sharing_ = true; // the header forgets its widths where the number of rows changes
         model_->Reload();
+        HideAndShow();
         table_->updateGeometry(); // for another number of rows
         Measure();
         ShowFoot();
         AskForWidth();
         ShareWidth();
+    } else {
+        UpdateCells(cells);
     }
-    FollowCurrentRow();
-    if (wasStale)
+    FollowCurrentCell();
+    if (wasStale || hasMoved)
         ShowCurrentRow();
+    if (hasMoved && grid_.editor())
+        form.Find(grid_.editor())->Forget();
+    PlaceEditor();
+    ShowWholeCaption();
+}
+
+/// A longer amount widens its column.
+void GridView::UpdateCells(const std::vector<std::pair<int, int>>& cells)
+{
+    bool isWider = false;
+    for (const auto& [row, column] : cells) {
+        model_->Update(row, column);
+        if (table_->isColumnHidden(column))
+            continue;
+        int& widest = widest_[static_cast<std::size_t>(column)];
+        const int width = WidthOf(DrawnText(grid_, row, column));
+        isWider = isWider || width > widest;
+        widest = std::max(widest, width);
+    }
+    if (isWider)
+        ShareWidth();
+}
+
+bool GridView::HasFocus() const
+{
+    const Control* focused = form.form.focused();
+    return focused == &grid_ || (focused && focused->host == &grid_);
+}
+
+void GridView::PlaceEditor()
+{
+    const TextBox* editor = grid_.editor();
+    if (!editor)
+        return;
+    const int row = grid_.currentRow();
+    const int column = grid_.currentColumn();
+    const ControlView& view = *form.Find(editor);
+    view.widget()->setGeometry(table_->visualRect(model_->index(row - 1, column)));
+    view.widget()->raise();
+    view.keyboard()->setAccessibleName(
+        Text((caption_ < 0 ? "" : Trim(grid_.Cell(row, caption_)) + ", ") + grid_.Cell(0, column)));
+}
+
+/// Has its place as long as any caption is cut, so that the rows stay where they are when the current one changes.
+void GridView::ShowWholeCaption()
+{
+    if (!whole_)
+        return;
+    const int row = grid_.currentRow();
+    const bool isCut = WidthOf(longestCaption_) - CellDelegate::kMargin > table_->columnWidth(caption_);
+    whole_->setVisible(isCut);
+    whole_->Show(row > 0 ? Text(Trim(grid_.Cell(row, caption_))) : QString());
+    whole_->setFixedHeight(whole_->HeightFor(longestCaption_.trimmed(), table_->width()));
 }
 
 void GridView::ShowCurrentRow()
 {
     table_->scrollTo(table_->currentIndex());
-    if (BeyondLeast() > 0 && form.form.focused() == &grid_)
+    if (BeyondLeast() > 0 && HasFocus())
         form.ShowFocused(*this);
 }
 
@@ -240,11 +393,13 @@ void GridView::ShowFoot()
     }
 }
 
-void GridView::FollowCurrentRow()
+void GridView::FollowCurrentCell()
 {
     const int row = grid_.currentRow() - 1;
-    if (table_->currentIndex().row() != row)
-        table_->setCurrentIndex(model_->index(row, first_));
+    const int column = grid_.onEnterCell ? grid_.currentColumn() : first_;
+    const QModelIndex current = table_->currentIndex();
+    if (current.row() != row || (grid_.onEnterCell && current.column() != column))
+        table_->setCurrentIndex(model_->index(row, column));
 }
 
 /// Room for all columns.
@@ -253,7 +408,7 @@ void GridView::AskForWidth()
     int wanted = 0;
     for (int column = 0; column < model_->columnCount(); ++column) {
         const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
-        wanted += its.kind == GridColumnKind::Text ? kWantedText * its.weight : FixedWidth(column, false);
+        wanted += IsText(column) ? kWantedText * its.weight : FixedWidth(column, false);
     }
     static_cast<Rows*>(table_)->wantedWidth = wanted;
 }
@@ -283,12 +438,13 @@ void GridView::ShareWidth()
     const bool isNarrow = WidthOfAll() > left;
     for (int i = 0; i < model_->columnCount(); ++i) {
         const auto at = static_cast<std::size_t>(i);
-        if (columns[at].kind == GridColumnKind::Text) {
+        if (IsText(i)) {
             texts.emplace(columns[at].weight, i);
             weights += columns[at].weight;
             continue;
         }
-        const int width = chosen_[at] > 0 ? chosen_[at] : FixedWidth(i, isNarrow);
+        const bool isChosen = columns[at].IsShown() && chosen_[at] > 0;
+        const int width = isChosen ? chosen_[at] : FixedWidth(i, isNarrow);
         table_->setColumnWidth(i, width);
         left -= width;
     }
@@ -307,19 +463,29 @@ int GridView::WidthOfAll() const
 {
     int width = 0;
     for (int i = 0; i < model_->columnCount(); ++i)
-        width += grid_.columns()[static_cast<std::size_t>(i)].kind == GridColumnKind::Text ? LeastOfText(i)
-                                                                                           : FixedWidth(i, false);
+        width += IsText(i) ? LeastOfText(i) : FixedWidth(i, false);
     return width;
+}
+
+bool GridView::IsText(int column) const
+{
+    const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
+    return its.kind == GridColumnKind::Text && its.IsShown();
 }
 
 int GridView::WidthOf(const QString& text) const
 {
-    return table_->fontMetrics().horizontalAdvance(text) + 3 * CellDelegate::kMargin;
+    static const QFontMetrics totals(FontOf(Type::Total));
+    const int width = hasTotals_ ? totals.horizontalAdvance(text) : table_->fontMetrics().horizontalAdvance(text);
+    return width + 3 * CellDelegate::kMargin;
 }
 
 void GridView::Measure()
 {
     widest_.assign(grid_.columns().size(), 0);
+    hasTotals_ = false;
+    for (int row = 1; row <= grid_.Rows() && !hasTotals_; ++row)
+        hasTotals_ = grid_.Look(row, std::max(caption_, 0)) == CellLook::Computed;
     for (int column = 0; column < model_->columnCount(); ++column) {
         if (table_->isColumnHidden(column) || grid_.Rows() == 0)
             continue;
@@ -327,7 +493,10 @@ void GridView::Measure()
         for (int row = 2; row <= grid_.Rows(); ++row)
             if (grid_.Cell(row, column).size() > grid_.Cell(longest, column).size())
                 longest = row;
-        widest_[static_cast<std::size_t>(column)] = WidthOf(DrawnText(grid_, longest, column));
+        const QString text = DrawnText(grid_, longest, column);
+        widest_[static_cast<std::size_t>(column)] = WidthOf(text);
+        if (column == caption_)
+            longestCaption_ = text;
     }
 }
 
@@ -344,6 +513,8 @@ int GridView::FixedWidth(int at, bool isNarrow) const
     const GridColumn& column = grid_.columns()[static_cast<std::size_t>(at)];
     const int total = foot_ && foot_->isVisibleTo(box_) ? foot_->WidthFor(at) : 0;
     const int least = std::max(WidthOf(Text(column.heading)), total);
+    if (!column.IsShown())
+        return 0;
     switch (column.kind) {
     case GridColumnKind::Amount:
         return std::max(
@@ -351,7 +522,9 @@ int GridView::FixedWidth(int at, bool isNarrow) const
     case GridColumnKind::Rate:
         return std::max(WidthOf("100.00"), least);
     case GridColumnKind::Serial:
-        return std::max(WidthOf("0000"), least);
+        return std::max({WidthOf("0000"), widest_[static_cast<std::size_t>(at)], least});
+    case GridColumnKind::Mark:
+        return std::max(widest_[static_cast<std::size_t>(at)], least);
     default:
         return 0;
     }
@@ -363,7 +536,15 @@ bool GridView::KeyPressed(const QKeyEvent& event)
         Copy();
         return true;
     }
-    return ControlView::KeyPressed(event);
+    if (event.matches(QKeySequence::Paste)) {
+        form.Act([this] { grid_.Paste(QGuiApplication::clipboard()->text().toStdString()); });
+        return true;
+    }
+    const bool takesText = grid_.onType || grid_.onEnterCell; // else the table looks for a row
+    const std::u32string typed = takesText ? TypedText(event) : std::u32string();
+    for (const char32_t character : typed)
+        form.Act([&] { form.form.Type(character); });
+    return !typed.empty() || ControlView::KeyPressed(event);
 }
 
 bool GridView::Noticed(QEvent& event)
@@ -371,11 +552,13 @@ bool GridView::Noticed(QEvent& event)
     if (event.type() == QEvent::Resize) {
         ShareWidth();
         table_->scrollTo(table_->currentIndex());
+        PlaceEditor();
+        ShowWholeCaption();
     }
     return false;
 }
 
-bool GridView::Wants(Key key) const { return key != Key::Left && key != Key::Right; }
+bool GridView::Wants(Key key) const { return grid_.onEnterCell || (key != Key::Left && key != Key::Right); }
 
 QString GridView::CopiedText(int row, int column) const
 {
@@ -388,7 +571,8 @@ void GridView::Copy() const
 {
     std::set<int> rows;
     for (const QModelIndex& index : table_->selectionModel()->selectedRows(first_))
-        rows.insert(index.row());
+        if (!table_->isRowHidden(index.row()))
+            rows.insert(index.row());
     QString copied;
     for (const int row : rows) {
         QStringList cells;

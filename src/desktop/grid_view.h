@@ -7,6 +7,7 @@ class QTableView;
 
 namespace pgbp {
 
+class CaptionLine;
 class GridFoot;
 class GridModel;
 
@@ -31,6 +32,7 @@ class GridView : public ControlView {
   private:
     void Dress();
     void ShareWidth();
+    bool IsText(int column) const;
     /// Of a column that is not a text, which shares what is left: 0 then.
     int FixedWidth(int column, bool isNarrow) const;
     int LeastOfText(int column) const;
@@ -41,8 +43,14 @@ class GridView : public ControlView {
     void Resized(int column, int width);
     QString NameInMemory() const;
     void ShowFoot();
-    void FollowCurrentRow();
+    void HideAndShow();
+    void UpdateCells(const std::vector<std::pair<int, int>>& cells);
+    void FollowCurrentCell();
     void ShowCurrentRow();
+    bool HasFocus() const;
+    void MakeEntry();
+    void PlaceEditor();
+    void ShowWholeCaption();
     QString CopiedText(int row, int column) const;
     void Copy() const;
 
@@ -50,12 +58,20 @@ class GridView : public ControlView {
     std::unique_ptr<GridModel> model_;
     QWidget* box_; ///< the rows with their totals below
     QTableView* table_;
-    GridFoot* foot_ = nullptr; ///< made when there is a total first
+    GridFoot* foot_ = nullptr;     ///< made when there is a total first
+    CaptionLine* whole_ = nullptr; ///< where cells are entered: the caption of the current row, which its cell may cut
     int changedListener_ = 0;
+    int cellListener_ = 0;
+    int movedListener_ = 0;
     std::vector<int> widest_; ///< of the texts in each column
     int first_ = 0;           ///< the first column that is seen
-    bool stale_ = true;       ///< the grid changed since it was last drawn
-    std::vector<int> chosen_; ///< widths that the preparer gave to columns; 0: none
+    int caption_ = -1;        ///< the column that tells what a row is: the widest text
+    QString longestCaption_;
+    bool hasTotals_ = false;                 ///< rows that are drawn with more weight
+    bool stale_ = true;                      ///< the grid changed since it was last drawn
+    bool moved_ = true;                      ///< and so did the current cell
+    std::vector<std::pair<int, int>> cells_; ///< else: the cells that changed
+    std::vector<int> chosen_;                ///< widths that the preparer gave to columns; 0: none
     bool sharing_ = false;
 };
 

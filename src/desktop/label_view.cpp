@@ -6,6 +6,9 @@
 #include "desktop/theme.h"
 #include "services/amount_text.h"
 
+#include <QKeyEvent>
+#include <QMouseEvent>
+
 namespace pgbp {
 namespace {
 
@@ -46,7 +49,9 @@ LabelView::LabelView(Label& itsLabel, FormView& itsForm, const Place& place)
     if (place.OfAmounts() && place.style == RowStyle::Heading)
         text_->Wrap(LeastAmount());
     Shows(text_);
-    if (label_.look == LabelLook::Amount)
+    if (label_.onClick)
+        text_->BecomeLink();
+    if (label_.onClick || label_.look == LabelLook::Amount)
         form.Watch(text_, *this);
 }
 
@@ -63,9 +68,28 @@ void LabelView::FromModel()
 QColor LabelView::Color() const
 {
     const bool isAmount = label_.look == LabelLook::Amount;
+    if (label_.onClick)
+        return label_.enabled ? Theme().accent : Theme().muted;
     if (isAmount && Val(label_) < 0)
         return Theme().negative;
     return isMuted_ || (isAmount && !IsNumber(label_.text())) ? Theme().muted : Theme().text;
+}
+
+bool LabelView::KeyPressed(const QKeyEvent& event)
+{
+    if (event.key() != Qt::Key_Space)
+        return ControlView::KeyPressed(event);
+    form.Act([this] { form.form.Type(U' '); });
+    return true;
+}
+
+bool LabelView::Noticed(QEvent& event)
+{
+    const bool isClick = label_.onClick && event.type() == QEvent::MouseButtonRelease &&
+                         text_->rect().contains(static_cast<QMouseEvent&>(event).position().toPoint());
+    if (isClick)
+        form.Act([this] { form.form.Click(label_); });
+    return isClick;
 }
 
 QString LabelView::Copied() const

@@ -15,6 +15,8 @@ class LabelView : public ControlView {
     LabelView(Label& itsLabel, FormView& itsForm, const Place& place);
 
     void FromModel() override;
+    bool KeyPressed(const QKeyEvent& event) override;
+    bool Noticed(QEvent& event) override;
     QString Copied() const override;
     void ShowMarked(bool marked) override;
     /// The label names this widget from now on.

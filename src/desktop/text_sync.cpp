@@ -42,6 +42,8 @@ class LineEditor : public Editor {
         line_.insert(with);
     }
 
+    void Begin(const QString& text) override { line_.setText(text); }
+
     Span Selection() const override
     {
         if (line_.hasSelectedText())
@@ -81,6 +83,8 @@ class PageEditor : public Editor {
         Select(span); // another cursor's change would leave the page's own one in its old column
         page_.insertPlainText(with);
     }
+
+    void Begin(const QString& text) override { page_.setPlainText(text); }
 
     Span Selection() const override
     {
@@ -187,6 +191,13 @@ void TextSync::FromModel()
     }
     following_ = false;
     ShowOffers();
+}
+
+void TextSync::Forget()
+{
+    following_ = true;
+    editor_->Begin(ModelText());
+    following_ = false;
 }
 
 void TextSync::ShowOffers()

@@ -37,6 +37,7 @@ class Editor {
     virtual QString Text() const = 0;
     /// As one step of undo while the widget has the keyboard.
     virtual void Replace(Span span, const QString& with) = 0;
+    virtual void Begin(const QString& text) = 0; ///< anew, with nothing to undo
     virtual Span Selection() const = 0;
     virtual void Select(Span span) = 0;
     virtual QWidget& Widget() const = 0;
@@ -58,6 +59,8 @@ class TextSync {
     TextSync(TextBox& box, FormView& form, std::unique_ptr<Editor> editor);
 
     void FromModel();
+    /// What was typed so far can not be undone any more.
+    void Forget();
     /// True for a character, which is then typed into the box.
     bool KeyPressed(const QKeyEvent& event);
     /// True for an event that brought a text from elsewhere.

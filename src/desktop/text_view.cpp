@@ -54,7 +54,9 @@ void TextView::MakeLine(const Place& place)
 {
     auto* line = new Line(place.parent);
     line_ = line;
-    line_->setFixedHeight(RowHeight());
+    line_->setProperty("cell", place.inCell);
+    if (!place.inCell)
+        line_->setFixedHeight(RowHeight());
     if (place.OfAmounts() || dynamic_cast<NumberBox*>(&box_)) {
         line_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
         line_->setProperty("figures", true);
@@ -101,6 +103,8 @@ void TextView::ShowSign()
 }
 
 bool TextView::KeyPressed(const QKeyEvent& event) { return sync_->KeyPressed(event) || ControlView::KeyPressed(event); }
+
+void TextView::Forget() { sync_->Forget(); }
 
 bool TextView::Noticed(QEvent& event) { return sync_->Noticed(event); }
 

@@ -14,6 +14,7 @@ class TextView : public ControlView {
     bool KeyPressed(const QKeyEvent& event) override;
     bool Noticed(QEvent& event) override;
     bool KeepsFirstPress() const override { return true; }
+    void Forget() override;
     bool TakesHeight() const override { return box_.multiLine; }
 
   protected:

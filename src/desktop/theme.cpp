@@ -118,6 +118,8 @@ QLineEdit:disabled, QLineEdit:read-only, QPlainTextEdit:disabled, QPlainTextEdit
 QLineEdit:read-only:focus, QPlainTextEdit:read-only:focus { border-color: @accent; }
 QLineEdit[negative="true"], QLineEdit[negative="true"]:disabled { color: @negative; }
 QLineEdit[marked="true"], QLineEdit[marked="true"]:disabled { background: @accent; color: @panel; }
+QLineEdit[cell="true"], QLineEdit[cell="true"]:focus, QComboBox[cell="true"], QComboBox[cell="true"]:focus {
+    background: @accent-soft; border: 2px solid @accent; border-radius: 0; padding: 0 4px; }
 QComboBox { combobox-popup: 0; }
 QComboBox::drop-down { border: none; width: 20px; }
 QComboBox QAbstractItemView {

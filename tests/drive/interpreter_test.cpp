@@ -145,7 +145,6 @@ TEST_F(Driver, EntersCells)
                    "set Board.cell 5\n"),
               "2\nplain\nhidden\ncomputed\nfalse\na\t250\\nc\t40\nfollowed\nerror: line 14: Board.cell is hidden");
     EXPECT_EQ(Play("enter Board.lines 2 1\n"), "error: line 1: the cell 2 1 of Board.lines is hidden");
-    EXPECT_EQ(Play("click Board.sum\n"), "error: line 1: sum is no button");
 }
 
 TEST_F(Driver, KeepsTheBlanksOfAQuotedText)
