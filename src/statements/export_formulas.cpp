@@ -1,7 +1,7 @@
 #include "statements/export_formulas.h"
 
 #include "statements/form_predicates.h"
-#include "statements/workbook/formula.h"
+#include "workbook/formula.h"
 
 #include <algorithm>
 #include <cstddef>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "statements/statement_form.h"
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 #include <map>
 #include <string_view>

@@ -1,5 +1,5 @@
-#include "statements/workbook/compound_file.h"
-#include "statements/workbook/workbook.h"
+#include "workbook/compound_file.h"
+#include "workbook/workbook.h"
 
 #include <cstdlib>
 

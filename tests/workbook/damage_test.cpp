@@ -1,5 +1,5 @@
-#include "statements/workbook/compound_file.h"
-#include "statements/workbook/record_writer.h"
+#include "workbook/compound_file.h"
+#include "workbook/record_writer.h"
 #include "workbook/sample_workbooks.h"
 
 #include <gmock/gmock.h>

@@ -1,5 +1,5 @@
-#include "statements/workbook/calculation.h"
-#include "statements/workbook/formula.h"
+#include "workbook/calculation.h"
+#include "workbook/formula.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,7 +1,7 @@
-#include "statements/workbook/bytes.h"
-#include "statements/workbook/calculation.h"
-#include "statements/workbook/compound_file.h"
-#include "statements/workbook/records.h"
+#include "workbook/bytes.h"
+#include "workbook/calculation.h"
+#include "workbook/compound_file.h"
+#include "workbook/records.h"
 #include "workbook/sample_workbooks.h"
 
 #include <gtest/gtest.h>

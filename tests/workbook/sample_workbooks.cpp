@@ -1,6 +1,6 @@
 #include "workbook/sample_workbooks.h"
 
-#include "statements/workbook/calculation.h"
+#include "workbook/calculation.h"
 
 #include <cstdlib>
 #include <fstream>

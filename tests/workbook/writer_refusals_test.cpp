@@ -1,4 +1,4 @@
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,6 +1,6 @@
-#include "statements/workbook/styles.h"
+#include "workbook/styles.h"
 
-#include "statements/workbook/record_writer.h"
+#include "workbook/record_writer.h"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 #pragma once
 
-#include "statements/workbook/bytes.h"
-#include "statements/workbook/records.h"
+#include "workbook/bytes.h"
+#include "workbook/records.h"
 
 #include <concepts>
 #include <string>

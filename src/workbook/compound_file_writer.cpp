@@ -1,5 +1,5 @@
-#include "statements/workbook/bytes.h"
-#include "statements/workbook/compound_file.h"
+#include "workbook/bytes.h"
+#include "workbook/compound_file.h"
 
 namespace pgbp::xls {
 namespace {

@@ -1,4 +1,4 @@
-#include "statements/workbook/unicode.h"
+#include "workbook/unicode.h"
 
 #include <bit>
 

@@ -1,4 +1,4 @@
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 #include <fstream>
 #include <random>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 #include <map>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "statements/workbook/position.h"
+#include "workbook/position.h"
 
 #include <compare>
 #include <cstdint>

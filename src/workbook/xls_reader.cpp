@@ -1,6 +1,6 @@
-#include "statements/workbook/compound_file.h"
-#include "statements/workbook/record_reader.h"
-#include "statements/workbook/workbook.h"
+#include "workbook/compound_file.h"
+#include "workbook/record_reader.h"
+#include "workbook/workbook.h"
 
 #include <bit>
 #include <cmath>

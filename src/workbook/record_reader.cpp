@@ -1,7 +1,7 @@
-#include "statements/workbook/record_reader.h"
+#include "workbook/record_reader.h"
 
-#include "statements/workbook/unicode.h"
-#include "statements/workbook/workbook.h"
+#include "workbook/unicode.h"
+#include "workbook/workbook.h"
 
 #include <algorithm>
 

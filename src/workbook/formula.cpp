@@ -1,6 +1,6 @@
-#include "statements/workbook/formula.h"
+#include "workbook/formula.h"
 
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
-#include "statements/workbook/bytes.h"
-#include "statements/workbook/formula.h"
+#include "workbook/bytes.h"
+#include "workbook/formula.h"
 
 namespace pgbp::xls {
 namespace {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "statements/workbook/record_writer.h"
+#include "workbook/record_writer.h"
 
 #include <string>
 #include <unordered_map>

@@ -1,6 +1,6 @@
-#include "statements/workbook/calculation.h"
+#include "workbook/calculation.h"
 
-#include "statements/workbook/formula.h"
+#include "workbook/formula.h"
 
 #include <algorithm>
 #include <charconv>

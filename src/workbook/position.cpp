@@ -1,6 +1,6 @@
-#include "statements/workbook/position.h"
+#include "workbook/position.h"
 
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 #include <charconv>
 

@@ -1,6 +1,6 @@
-#include "statements/workbook/bytes.h"
-#include "statements/workbook/compound_file.h"
-#include "statements/workbook/workbook.h"
+#include "workbook/bytes.h"
+#include "workbook/compound_file.h"
+#include "workbook/workbook.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
-#include "statements/workbook/shared_strings.h"
+#include "workbook/shared_strings.h"
 
-#include "statements/workbook/workbook.h"
+#include "workbook/workbook.h"
 
 namespace pgbp::xls {
 

@@ -1,9 +1,9 @@
-#include "statements/workbook/calculation.h"
-#include "statements/workbook/compound_file.h"
-#include "statements/workbook/record_writer.h"
-#include "statements/workbook/shared_strings.h"
-#include "statements/workbook/styles.h"
-#include "statements/workbook/workbook.h"
+#include "workbook/calculation.h"
+#include "workbook/compound_file.h"
+#include "workbook/record_writer.h"
+#include "workbook/shared_strings.h"
+#include "workbook/styles.h"
+#include "workbook/workbook.h"
 
 #include <algorithm>
 #include <cmath>
