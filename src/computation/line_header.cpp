@@ -35,8 +35,6 @@ void LineHeader::Open(const LineOpening& opening)
     openedFrames_.clear();
     attempted_ = 0;
     TakeStored(opening.business);
-    txtdescr1 = Stored("name1").Text();
-    txtdescr2 = Stored("name2").Text();
     txtpnl = Amount(Stored("PNL").Number());
     const UsedTexts used = TextsUsedInLines(run_);
     txtdescr1.SetOffers(used.name1);
@@ -90,6 +88,10 @@ void LineHeader::TakeStored(const std::optional<Record>& business)
     business_ = business.value_or(Record());
     Text1 = isEdit_ ? "Edit" : "Add";
     CmdDel.enabled = isEdit_;
+    if (txtdescr1.text().empty() && txtdescr2.text().empty()) {
+        txtdescr1 = Stored("name1").Text();
+        txtdescr2 = Stored("name2").Text();
+    }
 }
 
 bool LineHeader::RefusesSave(bool nothingEntered)

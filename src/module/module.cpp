@@ -4,6 +4,7 @@
 #include "income/income.h"
 #include "services/options.h"
 #include "startup/frmmdi.h"
+#include "statements/statements.h"
 
 #include <cstdlib>
 
@@ -14,6 +15,7 @@ void RegisterScreens(Run& run)
     run.screens.Register<frmmdi>(screens::frmmdi);
     RegisterIncomeScreens(run.screens);
     RegisterComputationScreens(run.screens);
+    RegisterStatementScreens(run.screens);
 }
 
 std::filesystem::path TakeProgramFolder(std::vector<std::string>& words)

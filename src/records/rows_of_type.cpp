@@ -17,6 +17,13 @@ RowsOfType LineDetails(const Run& run, std::string_view type, double sno)
     return {run, {run.company, "business1", "sno"}, type, sno};
 }
 
+RowsOfType RowsOfType::OfCode(std::string code) const
+{
+    RowsOfType other = *this;
+    other.code_ = std::move(code);
+    return other;
+}
+
 Value FirstField(const Recordset& rows) { return rows.Empty() ? Value() : rows.First().At(0); }
 
 std::string RowsOfType::Condition() const

@@ -13,6 +13,8 @@ namespace pgbp {
 /// of business. Whoever changes them shows the transaction that the change is part of.
 class RowsOfType {
   public:
+    /// The same rows of another assessee-year.
+    RowsOfType OfCode(std::string code) const;
     Recordset Read(std::string_view columns = "*") const; ///< in order of insertion
     void Delete(const Transaction& proof) const;
     /// Adds a row with the code, the type and the line.

@@ -45,10 +45,12 @@ ProfitPlace PlaceOfNetProfit(TotalsOperation operation, const StatementForm& for
 } // namespace
 
 std::optional<std::string> NetProfitText(TotalsOperation operation, const StatementForm& form, bool booksNotKept,
-                                         std::span<const AmountCell> amounts)
+                                         std::span<const AmountCell> amounts, std::size_t netProfitLine)
 {
     const ProfitPlace place = booksNotKept ? kLastRow : PlaceOfNetProfit(operation, form);
     const std::size_t row = place.row != 0 ? place.row : amounts.size() - std::min(place.fromEnd, amounts.size());
+    if (!booksNotKept && netProfitLine != 0 && row != netProfitLine)
+        return amounts[netProfitLine].text();
     if (row == 0 || row >= amounts.size())
         return std::nullopt;
     return place.row != 0 ? PlainFigure(amounts[row].figure()) : amounts[row].text();

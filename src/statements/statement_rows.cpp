@@ -1,0 +1,106 @@
+#include "statements/statement_rows.h"
+
+#include "services/format.h"
+#include "services/text.h"
+
+namespace pgbp {
+namespace {
+
+/// A balance sheet under Ind AS is the company's, not the line's: a second set stands under this number.
+constexpr double kOfTheCompany = 1;
+
+constexpr std::string_view kIntraday = "PLNew3_23";
+
+StoredLines LinesOf(const Recordset& rows)
+{
+    StoredLines lines;
+    for (const Row row : rows)
+        lines.try_emplace(static_cast<int>(row["amt1"].Number()),
+                          StoredLine{.amount = row["name8"].Text(),
+                                     .description = row["name1"].Text(),
+                                     .isOwn = row["name2"].Text() == kWrittenByPreparer,
+                                     .previousYear = row["name7"].Text(),
+                                     .booksNotKept = row["Amt10"].Number() == 1});
+    return lines;
+}
+
+constexpr std::string_view kColumns = "amt1, name1, name2, name7, name8, Amt10";
+
+} // namespace
+
+RowsOfType StatementRows::Values(double sno) const
+{
+    return ScheduleCells(run_, std::string(keeping_.values) + kind_, sno);
+}
+
+RowsOfType StatementRows::DetailsOf(double sno) const
+{
+    return ScheduleCells(run_, std::string(keeping_.details) + kind_, sno);
+}
+
+StoredLines StatementRows::Read(double sno) const
+{
+    StoredLines lines = LinesOf(Values(sno).Read(kColumns));
+    return lines.empty() && IsOfTheCompany() ? LinesOf(Values(kOfTheCompany).Read(kColumns)) : lines;
+}
+
+StoredLines StatementRows::ReadPreviousYear() const
+{
+    if (Trim(run_.GlPrCode).empty())
+        return {};
+    return LinesOf(ScheduleCells(run_, std::string(keeping_.values) + kind_).OfCode(run_.GlPrCode).Read(kColumns));
+}
+
+/// The suite's own programs build these texts into statements, so an apostrophe is a blank.
+Details StatementRows::ReadDetails(double sno) const
+{
+    Details details;
+    for (const Row row : DetailsOf(sno).Read("amt1, name9, name8"))
+        details[static_cast<int>(row["amt1"].Number())].push_back(
+            {pgbp::Replace(row["name9"].Text(), "'", " "), ParseAmount(row["name8"].Text())});
+    return details;
+}
+
+std::optional<Intraday> StatementRows::ReadIntraday(double sno) const
+{
+    const Recordset rows = MiscItems(run_, kIntraday, sno).Read("amt1, amt2");
+    if (rows.Empty())
+        return std::nullopt;
+    return Intraday{rows.First().At(0).Number(), rows.First().At(1).Number()};
+}
+
+bool StatementRows::IsOfTheCompany() const
+{
+    return keeping_.isIndAS && kind_ == KindWord(StatementKind::BalanceSheet);
+}
+
+void StatementRows::Delete(double sno, const Transaction& proof) const
+{
+    Values(sno).Delete(proof);
+    DetailsOf(sno).Delete(proof);
+}
+
+void StatementRows::Replace(double sno, const Content& content, const Transaction& proof) const
+{
+    Delete(sno, proof);
+    std::vector<RowsOfType> sets{Values(sno)};
+    if (IsOfTheCompany()) {
+        sets.push_back(Values(kOfTheCompany));
+        sets.back().Delete(proof);
+    }
+    for (const RowsOfType& values : sets)
+        for (const std::vector<Field>& line : content.lines)
+            values.Add(line, proof);
+    const RowsOfType details = DetailsOf(sno);
+    for (const auto& [slno, entries] : content.details)
+        for (const DetailEntry& entry : entries)
+            details.Add({{"amt1", slno}, {"name9", entry.description}, {"name8", Rupees(entry.amount)}}, proof);
+    if (!content.intraday)
+        return;
+    const RowsOfType intraday = MiscItems(run_, kIntraday, sno);
+    intraday.Delete(proof);
+    if (content.intraday->turnover != 0 && content.intraday->profit != 0)
+        intraday.Add({{"amt1", content.intraday->turnover}, {"amt2", content.intraday->profit}}, proof);
+}
+
+} // namespace pgbp

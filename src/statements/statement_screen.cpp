@@ -1,0 +1,713 @@
+#include "statements/statement_screen.h"
+
+#include "records/keys.h"
+#include "records/lines.h"
+#include "services/amount_text.h"
+#include "services/format.h"
+#include "services/ini_file.h"
+#include "services/text.h"
+#include "statements/net_profit_line.h"
+#include "statements/no_books.h"
+#include "statements/template_store.h"
+#include "store/schema.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <sstream>
+#include <utility>
+
+namespace pgbp {
+namespace {
+
+constexpr int kFormOfCompanies = 6;
+
+/// Lines that the line of business takes its figures from.
+constexpr int kNetProfit = 255;
+constexpr int kDepreciation = 254;
+constexpr int kIndNetProfit = 7149;
+constexpr int kIndDepreciation = 8015;
+
+std::vector<GridColumn> Columns()
+{
+    using enum GridColumnKind;
+    return {{"Serial", Serial},
+            {"Description", Text},
+            {"Amount", Amount},
+            {"Type", Hidden},
+            {"SLNO", Hidden},
+            {.heading = "Prev. Year", .kind = Amount, .muted = true, .visible = false},
+            {.heading = "Detail", .kind = Mark, .visible = false},
+            {"Blank Description", Hidden}};
+}
+
+/// A statement's form while its screen is open.
+StatementForm FormOf(const Run& run)
+{
+    return OpenStatementForm(run.Year(), static_cast<int>(run.GlITR), StatementKindOf(run.GLrep));
+}
+
+IndStatement IndStatementOf(StatementKind kind)
+{
+    return kind == StatementKind::BalanceSheet ? IndStatement::INDBS : IndStatement::INDPNL;
+}
+
+StatementLines LoadLines(const Run& run, const StatementKeeping& keeping, const StatementForm& form)
+{
+    const std::string_view dType = keeping.isIndAS ? IndTemplateName(IndStatementOf(form.kind)) : std::string_view();
+    const std::string name = keeping.isIndAS ? std::string(dType) : TemplateName(form);
+    if (!keeping.isIndAS && !run.readOnly)
+        RepairTemplate(run.tax, run.host.programFolder, name, form.year);
+    std::vector<StatementRow> rows = ToStatementRows(LoadTemplate(run.tax, keeping.templates, name));
+    if (!keeping.ownDescriptions)
+        for (StatementRow& row : rows)
+            row.cells[kBlankDescription].clear();
+    const auto rules = keeping.isIndAS ? IndTotalsRules(IndStatementOf(form.kind), rows.size())
+                                       : TotalsRules(OperationFor(form), form);
+    return {std::move(rows), rules};
+}
+
+/// Receipts that no account can hold as negative ones.
+bool IsReceipt(int slno)
+{
+    constexpr std::array kReceipts = {167, 269, 501, 502, 1150, 1163};
+    return std::ranges::find(kReceipts, slno) != kReceipts.end();
+}
+
+/// Where the net profit and the depreciation stand in forms without lines of that number, counted from the end.
+std::pair<std::size_t, std::size_t> DistancesFromEnd(const StatementForm& form)
+{
+    if (form.year >= 2017)
+        return {20, 21};
+    return form.GlITR <= 4 ? std::pair<std::size_t, std::size_t>{13, 14} : std::pair<std::size_t, std::size_t>{14, 15};
+}
+
+/// A pasted figure: digits with commas and blanks, a minus in front, no paise.
+std::optional<std::string> PastedFigure(const std::string& text)
+{
+    if (text.find_first_not_of("0123456789,. -") != std::string::npos)
+        return std::nullopt;
+    const std::string read = ReadAmount(text, 0).text;
+    return read.empty() ? std::nullopt : std::optional(read);
+}
+
+} // namespace
+
+StatementScreen::StatementScreen(Run& itsRun, ScreenName<StatementOpening> name, const StatementKeeping& keeping)
+    : Screen(itsRun, std::string(name.text), ""), MSH(*this, "MSH", Columns()), keeping_(keeping),
+      form_(FormOf(itsRun)), rows_(itsRun, keeping, form_.kind)
+{
+    const bool isBalanceSheet = form_.kind == StatementKind::BalanceSheet;
+    caption = isBalanceSheet ? "BALANCE SHEET" : "PROFIT AND LOSS ACCOUNT";
+    if (keeping.isIndAS)
+        lblTot1c = isBalanceSheet ? "Assets" : "Net Profit";
+    for (Control* ofBalance : std::initializer_list<Control*>{&lblTot2c, &LblTot2, &lblTot3c, &lblTot3})
+        ofBalance->visible = keeping.isIndAS && isBalanceSheet;
+    for (Control* ofIndAs : std::initializer_list<Control*>{&lblIndAs, &Command2, &CmdDel})
+        ofIndAs->visible = keeping.isIndAS;
+    TxtNum.deci = 0;
+    Txt1.maxLength = ColumnWidth("balance", "qelgeneral", "name1");
+    lblNoBoo1 = "As per the FAQ released by IT Department on feeding in case of No Books Case :-";
+    lblNoBoo2 =
+        "In case where regular books of accounts are not be maintaine, assessee can furnish the data in serial "
+        "number 53 of Part B of Profit && Loss Account (\"No Account Case\"). However, all the rows i.e. 53a to "
+        "53d needs to be filled in.";
+    lblNoBoo3 = "If negative amount derived in Net Profit at Serial numer 53d, assessee has to get his books audited.";
+    lblNoBoo4 = "In view of above guidelines, your entries can not be saved, Please check and fill again...";
+    Wire();
+    LayOut();
+}
+
+void StatementScreen::LayOut()
+{
+    MSH.SetEditors({&TxtNum, &CmbYN, &Txt1});
+    framain.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button, LayoutColumn::Button},
+                 .rows = {{{&lblfind, &TxtFind, &ChkPr, &ChkDet}},
+                          {{&MSH}},
+                          {{&lblTot1c, &LblTot1, &lblIndAs}, RowStyle::Final},
+                          {{&lblTot2c, &LblTot2}, RowStyle::Final},
+                          {{&lblTot3c, &lblTot3}, RowStyle::Final}},
+                 .buttonsLeft = {&Command1, &CmdNew3, &CmdMulEntry, &cmdexport, &cmdImport, &Command2},
+                 .buttonsRight = {&CmdSave, &CmdDel}});
+    FraBooks.Lay({.columns = {LayoutColumn::Button}, .rows = {{{&ChkBooks}}}, .buttonsRight = {&CmdBackFra}});
+    FrNoBoo.Lay({.columns = {LayoutColumn::Caption},
+                 .rows = {{{&lblNoBoo1}}, {{&lblNoBoo2}}, {{&lblNoBoo3}}, {{&lblNoBoo4}}, {{&Label10}}},
+                 .buttonsRight = {&Cdfd}});
+    FraNew3.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Amount},
+                 .rows = {{{&lblNew3_1, &TxtNew3_1}}, {{&lblNew3_2, &TxtNew3_2}}, {{&lblNew3}}},
+                 .buttonsRight = {&CmdNew3_Back}});
+    for (cmd* main : {&CmdSave, &CmdBackFra, &Cdfd, &CmdNew3_Back})
+        main->isDefault = true;
+    bar = {&CmdBack};
+}
+
+void StatementScreen::Wire()
+{
+    MSH.onEnterCell = [this](int row, int column) { EnterCell(row, column); };
+    MSH.onClickCell = [this](int row, int column) { ClickCell(row, column); };
+    MSH.canEnter = [this](int row, int column) { return CanEnter(row, column); };
+    MSH.onPaste = [this](int row, int column, const auto& lines) { return PasteLines(row, column, lines); };
+    MSH.onFind = [this] { SetFocus(TxtFind); };
+    MSH.onType = [this](char32_t letter) {
+        SetFocus(TxtFind);
+        TxtFind.SelectAll();
+        return TxtFind.Type(letter);
+    };
+    TxtFind.onChange = [this] { FindLine(); };
+    TxtFind.onEnter = [this] { MSH.EnterCell(std::max(MSH.currentRow(), 1), kAmount); };
+    TxtNum.onKeyPress = [this](char32_t key) {
+        DataAltered = DataAltered || (key >= U'.' && key <= U'8');
+        return key;
+    };
+    TxtNum.onChange = [this] { TypeAmount(); };
+    CmbYN.onClick = [this] { ChooseItem(); };
+    CmbYN.onEnter = [this] { MSH.HideEditor(); };
+    Txt1.onChange = [this] { TypeDescription(); };
+    framain.onUndo = [this] { TakeBack(); };
+    framain.onEscape = CmdBack.onClick = [this] { Close(); };
+    ChkPr.onClick = ChkDet.onClick = [this] { ShowColumns(); };
+    Command1.onClick = [this] { Raise(FraBooks, ChkBooks); };
+    FraBooks.onEscape = CmdBackFra.onClick = [this] { Proceed(); };
+    CmdNew3.onClick = [this] { Raise(FraNew3, TxtNew3_1); };
+    TxtNew3_2.onChange = [this] { RunTotals(); };
+    FraNew3.onEscape = CmdNew3_Back.onClick = [this] { Lower(FraNew3); };
+    FrNoBoo.onEscape = Cdfd.onClick = [this] { Lower(FrNoBoo); };
+    Label10.onClick = [this] {
+        SaveForced = true;
+        Lower(FrNoBoo);
+    };
+    CmdMulEntry.onClick = [this] { OpenDetails(); };
+    details.onAdd = [this] { DataAltered = true; };
+    details.onClose = [this](std::vector<DetailEntry> entries, double total) {
+        CloseDetails(std::move(entries), total);
+    };
+    CmdSave.onClick = [this] { Save(); };
+    CmdDel.onClick = [this] { Delete(); };
+}
+
+void StatementScreen::Open(const StatementOpening& opening)
+{
+    opening_ = opening;
+    sno_ = opening.sno;
+    formNumber_.emplace(run.GlITR, form_);
+    ChkPr.visible = !Trim(run.GlPrCode).empty();
+    Command1.visible = form_.GlITR != kFormOfCompanies;
+    entries_ = rows_.ReadDetails(sno_);
+    ChkDet.value = clsIniFile{run.host.programFolder / "Settings.ini"}.GetValue(keeping_.settings, "Flags") == "1";
+    Fill_MSH();
+    Fill_Cond();
+    ShowColumns();
+    ApplyLock();
+}
+
+void StatementScreen::Activate()
+{
+    if (std::exchange(asksBooks_, false)) {
+        Raise(FraBooks, ChkBooks);
+        return;
+    }
+    for (int row = 1; row <= MSH.Rows(); ++row)
+        if (!MSH.IsHidden(row) && CanEnter(row, kAmount))
+            return MSH.EnterCell(row, kAmount);
+}
+
+/// From 2023 an individual's return asks for intraday trading apart. A line whose figures are stored keeps them.
+void StatementScreen::OfferIntraday()
+{
+    constexpr int kAskedFrom = 2023;
+    const bool isAsked = form_.year >= kAskedFrom && run.GlBusinessKind == kNormal && run.Glstatus == "01" &&
+                         form_.kind == StatementKind::ProfitAndLoss && !keeping_.isIndAS;
+    const auto stored = isAsked ? rows_.ReadIntraday(sno_) : std::nullopt;
+    CmdNew3.visible = isAsked && !stored;
+    if (stored) {
+        TxtNew3_1 = Rupees(stored->turnover);
+        TxtNew3_2 = Rupees(stored->profit);
+    }
+}
+
+void StatementScreen::Fill_MSH()
+{
+    lines_ = LoadLines(run, keeping_, form_);
+    std::vector<std::vector<std::string>> cells;
+    for (std::size_t line = 1; line <= lines_.Count(); ++line)
+        cells.emplace_back(lines_.Row(line).cells.begin(), lines_.Row(line).cells.end());
+    MSH.SetRows(std::move(cells));
+    for (std::size_t line = 1; line <= lines_.Count(); ++line)
+        if (lines_.Row(line).isShaded)
+            MSH.SetRowLook(static_cast<int>(line), CellLook::Computed);
+
+    const StoredLines stored = sno_ == 0 ? StoredLines() : rows_.Read(sno_);
+    asksBooks_ = stored.empty() && form_.GlITR < kFormOfCompanies && run.GLlock == 0;
+    for (std::size_t line = 1; line <= lines_.Count(); ++line)
+        if (const auto found = stored.find(lines_.Slno(line)); found != stored.end())
+            FillLine(line, found->second);
+    OfferIntraday();
+    RunTotals();
+    ShowPreviousYear(stored);
+    ApplyVisibility();
+}
+
+/// A computed line does not keep a stored figure.
+void StatementScreen::FillLine(std::size_t line, const StoredLine& stored)
+{
+    const int row = static_cast<int>(line);
+    ChkBooks.value = stored.booksNotKept;
+    if (!lines_.IsClosed(line))
+        SetAmount(line, FormatAmountIndian(stored.amount, kIndianGrouping));
+    if (stored.isOwn && keeping_.ownDescriptions) {
+        MSH.SetCell(row, kDescription, stored.description);
+        MSH.SetCellLook(row, kDescription, CellLook::Own);
+    }
+}
+
+void StatementScreen::Fill_Cond()
+{
+    for (const auto& [slno, entries] : entries_)
+        if (const auto line = lines_.Find(slno))
+            MSH.SetCell(static_cast<int>(*line), kDetail, std::string(kDetailsFilled));
+}
+
+void StatementScreen::ShowPreviousYear(const StoredLines& stored)
+{
+    const StoredLines before = rows_.ReadPreviousYear();
+    for (std::size_t line = 1; line <= lines_.Count(); ++line) {
+        std::string text;
+        if (const auto found = before.find(lines_.Slno(line)); found != before.end())
+            text = FormatAmountIndian(found->second.amount, kIndianGrouping);
+        else if (const auto kept = stored.find(lines_.Slno(line)); kept != stored.end() && keeping_.isIndAS)
+            text = kept->second.previousYear;
+        if (!text.empty())
+            MSH.SetCell(static_cast<int>(line), kPreviousYear, text);
+    }
+}
+
+void StatementScreen::ApplyVisibility()
+{
+    for (std::size_t line = 1; line <= lines_.Count(); ++line)
+        MSH.HideRow(static_cast<int>(line), IsNoBooksLine(lines_.Slno(line)) != ChkBooks.value);
+}
+
+void StatementScreen::ApplyLock()
+{
+    if (run.GLlock == 0)
+        return;
+    for (Control* change :
+         std::initializer_list<Control*>{&CmdSave, &CmdDel, &cmdImport, &CmdNew3, &CmdMulEntry, &ChkBooks})
+        change->enabled = false;
+}
+
+void StatementScreen::ShowColumns()
+{
+    MSH.ShowColumn(kPreviousYear, ChkPr.value && ChkPr.visible);
+    MSH.ShowColumn(kDetail, ChkDet.value);
+    ChkDet.caption = ChkDet.value ? "Hide &Details" : "Show &Details";
+    const clsIniFile settings{run.host.programFolder / "Settings.ini"};
+    const std::string flag = ChkDet.value ? "1" : "0";
+    if (settings.GetValue(keeping_.settings, "Flags") == flag || (flag == "0" && !FileExists(settings.File)))
+        return;
+    try {
+        settings.WriteValue(keeping_.settings, "Flags", flag);
+    } catch (const Fault& fault) { // a program folder that can only be read: the choice is not remembered
+        run.Log(fault);
+    }
+}
+
+void StatementScreen::RunTotals()
+{
+    lines_.Run(Val(TxtNew3_2));
+    for (const std::size_t line : lines_.ComputedLines())
+        if (const std::string& text = lines_.At(line).text(); MSH.Cell(static_cast<int>(line), kAmount) != text)
+            MSH.SetCell(static_cast<int>(line), kAmount, text);
+    ShowTotals();
+}
+
+void StatementScreen::ShowTotals()
+{
+    const auto textAt = [this](std::size_t line) {
+        return line <= lines_.Count() ? lines_.At(line).text() : std::string();
+    };
+    if (!keeping_.isIndAS) {
+        if (const auto text = NetProfitText(OperationFor(form_), form_, ChkBooks.value, lines_.amounts(),
+                                            lines_.Find(kNetProfit).value_or(0)))
+            LblTot1 = *text;
+    } else if (form_.kind == StatementKind::ProfitAndLoss) {
+        LblTot1 = textAt(kIndNetProfitRow);
+    } else if (kIndAssetsRow <= lines_.Count()) {
+        LblTot1 = textAt(kIndEquityAndLiabilitiesRow);
+        LblTot2 = textAt(kIndAssetsRow);
+        AmountCell difference;
+        difference.SetRounded(lines_.At(kIndEquityAndLiabilitiesRow).figure() - lines_.At(kIndAssetsRow).figure());
+        lblTot3 = difference.text();
+    }
+}
+
+/// A list of its own, with the debtors' addresses, stands behind this line from 2019.
+bool StatementScreen::IsBadDebts(std::size_t line) const
+{
+    constexpr std::string_view kLine = "Other (More than 1 lakh) where PAN is not available";
+    constexpr int kListedFrom = 2019;
+    return form_.year >= kListedFrom && Trim(MSH.Cell(static_cast<int>(line), kDescription)) == kLine;
+}
+
+bool StatementScreen::CanEnter(int row, int column) const
+{
+    const auto line = static_cast<std::size_t>(row);
+    if (run.GLlock != 0)
+        return false;
+    if (column == kDescription)
+        return lines_.TakesDescription(line);
+    if (column != kAmount || (!lines_.TakesNumber(line) && !lines_.TakesChoice(line)))
+        return false;
+    return !IsBadDebts(line) || (MSH.Cell(row, kDetail) != kDetailsFilled && !Trim(MSH.Cell(row, kAmount)).empty());
+}
+
+void StatementScreen::EnterCell(int row, int column)
+{
+    typedInto_ = 0;
+    const auto line = static_cast<std::size_t>(row);
+    if (!CanEnter(row, column))
+        return;
+    if (column == kDescription)
+        return MSH.PlaceEditor(Txt1, row, column);
+    if (lines_.TakesNumber(line)) {
+        if (IsBadDebts(line))
+            RunTotals();
+        return MSH.PlaceEditor(TxtNum, row, column);
+    }
+    const auto items = ChoiceItems(lines_.Slno(line));
+    CmbYN.SetItems({items.begin(), items.end()});
+    MSH.PlaceEditor(CmbYN, row, column);
+    if (ChoiceOnOpening(Trim(MSH.Cell(row, column))) < 0)
+        CmbYN.Set("", Notify::No);
+}
+
+void StatementScreen::ClickCell(int row, int column)
+{
+    const auto line = static_cast<std::size_t>(row);
+    const std::string& mark = MSH.Cell(row, kDetail);
+    if (run.GLlock != 0)
+        return;
+    if (column == kAmount && IsBadDebts(line) && !CanEnter(row, column))
+        OpenDetails();
+    if (column == kDetail && (mark == kDetailsPossible || mark == kDetailsFilled))
+        OpenDetails();
+}
+
+void StatementScreen::SetAmount(std::size_t line, const std::string& text)
+{
+    lines_.SetAmount(line, text);
+    MSH.SetCell(static_cast<int>(line), kAmount, text);
+}
+
+void StatementScreen::TypeAmount()
+{
+    const auto line = static_cast<std::size_t>(MSH.currentRow());
+    if (line == 0 || MSH.editor() != &TxtNum)
+        return;
+    if (std::exchange(typedInto_, line) != line)
+        undo_.push_back({{{line, MSH.Cell(MSH.currentRow(), kAmount)}}});
+    const std::string typed = TxtNum.text() == "-" ? "" : TxtNum.text();
+    SetAmount(line, FormatAmountIndian(typed, kIndianGrouping));
+    RunTotals();
+}
+
+void StatementScreen::ChooseItem()
+{
+    if (MSH.currentRow() == 0 || MSH.editor() != &CmbYN || CmbYN.text().empty())
+        return;
+    const auto line = static_cast<std::size_t>(MSH.currentRow());
+    undo_.push_back({{{line, lines_.At(line).text()}}});
+    SetAmount(line, CmbYN.text());
+}
+
+void StatementScreen::TypeDescription()
+{
+    if (MSH.currentRow() != 0 && MSH.editor() == &Txt1)
+        MSH.SetCell(MSH.currentRow(), kDescription, Trim(Txt1.text()));
+}
+
+/// A column of figures fills the open lines from the current one on; a blank line passes one over.
+bool StatementScreen::PasteLines(int row, int column, const std::vector<std::string>& lines)
+{
+    if (column != kAmount || run.GLlock != 0)
+        return false;
+    std::vector<std::pair<std::size_t, std::string>> figures;
+    int at = row - 1;
+    for (const std::string& text : lines) {
+        do
+            ++at;
+        while (at <= MSH.Rows() &&
+               (MSH.IsHidden(at) || !CanEnter(at, kAmount) || !lines_.TakesNumber(static_cast<std::size_t>(at))));
+        if (Trim(text).empty())
+            continue;
+        const auto figure = PastedFigure(Trim(text));
+        if (!figure || at > MSH.Rows()) {
+            run.Inform(figure ? "There are more figures than open lines below. Nothing was pasted."
+                              : "\"" + Trim(text) + "\" is no amount in whole rupees. Nothing was pasted.");
+            return true;
+        }
+        figures.emplace_back(at, FormatAmountIndian(*figure, kIndianGrouping));
+    }
+    Undo undo;
+    for (const auto& [line, text] : figures) {
+        undo.amounts.emplace_back(line, lines_.At(line).text());
+        SetAmount(line, text);
+    }
+    undo_.push_back(std::move(undo));
+    DataAltered = true;
+    RunTotals();
+    notice = std::to_string(figures.size()) + " figures pasted. Ctrl+Z takes them back.";
+    MSH.EnterCell(std::min(at, MSH.Rows()), kAmount);
+    return true;
+}
+
+/// What the field itself took back already is passed over.
+void StatementScreen::TakeBack()
+{
+    bool differs = false;
+    while (!undo_.empty() && !differs) {
+        const Undo last = std::move(undo_.back());
+        undo_.pop_back();
+        for (const auto& [line, text] : last.amounts) {
+            differs = differs || lines_.At(line).text() != text;
+            SetAmount(line, text);
+        }
+        if (differs && !MSH.IsHidden(static_cast<int>(last.amounts.front().first)))
+            MSH.EnterCell(static_cast<int>(last.amounts.front().first), kAmount);
+    }
+    typedInto_ = 0;
+    if (!differs)
+        return;
+    DataAltered = true;
+    RunTotals();
+}
+
+/// The next line below the marked one that has the serial, or all the words.
+void StatementScreen::FindLine()
+{
+    const std::string wanted = Upper(Trim(TxtFind.text()));
+    if (wanted.empty())
+        return;
+    const auto has = [&](int row) {
+        if (MSH.IsHidden(row))
+            return false;
+        if (Upper(Trim(MSH.Cell(row, kSerial))) == wanted)
+            return true;
+        const std::string line = Upper(MSH.Cell(row, kDescription));
+        std::istringstream words(wanted);
+        return std::all_of(std::istream_iterator<std::string>(words), {},
+                           [&](const std::string& word) { return line.find(word) != std::string::npos; });
+    };
+    const int rows = MSH.Rows();
+    for (int step = 0; step < rows; ++step)
+        if (const int row = (std::max(MSH.currentRow(), 1) - 1 + step) % rows + 1; has(row))
+            return MSH.SetCurrentRow(row);
+    notice = "No line has \"" + TxtFind.text() + "\".";
+}
+
+void StatementScreen::OpenDetails()
+{
+    const int row = MSH.currentRow();
+    if (row == 0 || MSH.Cell(row, kDetail).empty())
+        return;
+    const auto line = static_cast<std::size_t>(row);
+    if (IsBadDebts(line) && MSH.Cell(row, kDetail) != kDetailsFilled)
+        return OpenBadDebts(line);
+    const int slno = lines_.Slno(line);
+    const auto entries = entries_.find(slno);
+    details.Open(slno, Trim(MSH.Cell(row, kDescription)),
+                 entries == entries_.end() ? std::vector<DetailEntry>() : entries->second);
+}
+
+void StatementScreen::OpenBadDebts(std::size_t line)
+{
+    run.screens.ShowModal(screens::FrmQ47ii, {.saved = [this, line](double rupees) {
+                              undo_.push_back({{{line, lines_.At(line).text()}}});
+                              SetAmount(line, FormatAmountIndian(Rupees(rupees), kIndianGrouping));
+                              DataAltered = true;
+                              RunTotals();
+                          }});
+}
+
+void StatementScreen::CloseDetails(std::vector<DetailEntry> entries, double total)
+{
+    const auto line = lines_.Find(details.slno());
+    const int row = static_cast<int>(*line);
+    SetAmount(*line, FormatAmountIndian(Rupees(total), kIndianGrouping));
+    MSH.SetCell(row, kDetail, std::string(total > 0 ? kDetailsFilled : kDetailsPossible));
+    entries_[details.slno()] = std::move(entries);
+    RunTotals();
+    MSH.EnterCell(row, kAmount);
+}
+
+void StatementScreen::Proceed()
+{
+    ApplyVisibility();
+    ShowTotals();
+    Lower(FraBooks);
+    Activate();
+}
+
+/// True when the figures of the no-books case can not be saved as they are.
+bool StatementScreen::RefusesNoBooks()
+{
+    constexpr int kCheckedFrom = 2013;
+    if (!ChkBooks.value)
+        return false;
+    if (form_.year >= kCheckedFrom && !SaveForced)
+        if (const auto missing = MissingNoBooksLine(lines_)) {
+            if (RefusesLossWithoutBooks(form_.year, lines_.Slno(*missing), run.GlBusinessKind))
+                run.Inform("From the AY 2023-24, Dept. is not accepting loss in case of no books case. Please check");
+            else
+                Raise(FrNoBoo, Cdfd);
+            return true;
+        }
+    if (!ProfitExceedsReceipts(lines_, form_.year, run.GlBusinessKind))
+        return false;
+    run.Inform("Gross Profit can not be more than Gross Receipts. Please check");
+    return true;
+}
+
+/// A warning: the line is stored all the same.
+void StatementScreen::WarnOfNegativeReceipts()
+{
+    for (std::size_t line = 1; line <= lines_.Count(); ++line)
+        if (!MSH.IsHidden(static_cast<int>(line)) && IsReceipt(lines_.Slno(line)) && lines_.At(line).figure() < 0)
+            run.Inform("Reeipt can not be negative...\nPlease correct....");
+}
+
+std::vector<std::vector<Field>> StatementScreen::StoredFields() const
+{
+    std::vector<std::vector<Field>> stored;
+    for (std::size_t line = 1; line <= lines_.Count(); ++line) {
+        const int row = static_cast<int>(line);
+        const std::string amount = Trim(lines_.At(line).text());
+        if (amount.empty() || MSH.IsHidden(row))
+            continue;
+        const std::string description = Trim(MSH.Cell(row, kDescription));
+        std::vector<Field>& fields = stored.emplace_back();
+        fields = {{"name9", description},
+                  {"name8", lines_.TakesChoice(line) ? amount : Rupees(lines_.At(line).figure())},
+                  {"amt1", lines_.Slno(line)},
+                  {"Amt10", ChkBooks.value ? 1 : 0}};
+        if (lines_.TakesDescription(line))
+            fields.insert(fields.end(), {{"name1", description}, {"name2", kWrittenByPreparer}});
+        if (keeping_.isIndAS)
+            fields.push_back({"name7", MSH.Cell(row, kPreviousYear)});
+    }
+    return stored;
+}
+
+double StatementScreen::AmountOf(int slno, std::size_t distance) const
+{
+    const std::size_t rows = lines_.Count() + 1;
+    const std::size_t line = lines_.Find(slno).value_or(rows - std::min(distance, rows));
+    return lines_.At(line).figure();
+}
+
+/// The result columns of a line that the statement makes.
+std::vector<Field> StatementScreen::NewLine() const
+{
+    std::vector<Field> fields = {{"Type", TypeOf(static_cast<BusinessKind>(run.GlBusinessKind))},
+                                 {"name1", "Net Profit/Loss as per Profit & Loss Account"},
+                                 {"name2", ""},
+                                 {"Minor", MinorOfRun(run)}};
+    if (!opening_.descr1.empty()) {
+        fields[1].value = opening_.descr1;
+        fields[2].value = opening_.descr2;
+    }
+    if (ChkBooks.value) {
+        constexpr int kNoSuchLine = -1;
+        const double profit = AmountOf(kNoSuchLine, 1);
+        fields.insert(fields.end(), {{"PNL", profit}, {"NET", profit}});
+        return fields;
+    }
+    const auto [profitFromEnd, depreciationFromEnd] = DistancesFromEnd(form_);
+    const double net = AmountOf(keeping_.isIndAS ? kIndNetProfit : kNetProfit, profitFromEnd);
+    const double depreciation = AmountOf(keeping_.isIndAS ? kIndDepreciation : kDepreciation, depreciationFromEnd);
+    fields.insert(fields.end(), {{"PNL", net + depreciation}, {"dep1", depreciation}, {"NET", net}});
+    return fields;
+}
+
+void StatementScreen::Save()
+{
+    DataAltered = false;
+    if (RefusesNoBooks())
+        return;
+    WarnOfNegativeReceipts();
+    Store();
+    TellSaved(keeping_.isIndAS ? "Statement under Ind AS" : caption.get());
+    TellLeftOut();
+    Leave();
+}
+
+/// What was written for a line without an amount is not stored.
+void StatementScreen::TellLeftOut()
+{
+    for (std::size_t line = 1; line <= lines_.Count(); ++line) {
+        const std::string text = Trim(MSH.Cell(static_cast<int>(line), kDescription));
+        if (lines_.TakesDescription(line) && text != kWrittenByPreparer && !text.empty() &&
+            Trim(lines_.At(line).text()).empty())
+            notice = notice.get() + ". Not stored, for want of an amount: " + text;
+    }
+}
+
+/// A save whose commit was reported as failed may have stored the new line all the same: it is written over then.
+void StatementScreen::Store()
+{
+    Transaction transaction({run.company, run.balance});
+    double sno = sno_;
+    if (sno == 0) {
+        const bool stands =
+            attempted_ != 0 &&
+            !run.company.Query("select code from {business} where code = ? and sno = ?", run.Code(), attempted_)
+                 .Empty();
+        sno = stands ? attempted_ : NextSno(run, transaction);
+        attempted_ = sno;
+        if (stands)
+            run.company.Delete("from {business} where code = ? and sno = ?", run.Code(), sno);
+        std::vector<Field> fields = NewLine();
+        fields.insert(fields.end(), {{"code", run.Code()}, {"SNO", sno}});
+        run.company.Insert("business", fields);
+    }
+    rows_.Replace(
+        sno,
+        {.lines = StoredFields(),
+         .details = entries_,
+         .intraday = CmdNew3.visible ? std::optional(Intraday{Val(TxtNew3_1), Val(TxtNew3_2)}) : std::nullopt},
+        transaction);
+    transaction.Commit();
+    sno_ = sno;
+}
+
+void StatementScreen::Delete()
+{
+    if (run.Show("Do you really want to delete all details ?", "Confirmation", Icon::Question, Buttons::YesNo,
+                 Answer::No) != Answer::Yes)
+        return;
+    Transaction transaction({run.balance});
+    rows_.Delete(sno_, transaction);
+    transaction.Commit();
+    Close();
+}
+
+void StatementScreen::Close()
+{
+    if (DataAltered && run.Show("Some data has been altered but changes will not be saved..\n"
+                                "Do you want to discard changes ?",
+                                "Confirmation", Icon::Question, Buttons::YesNo, Answer::No) != Answer::Yes)
+        return;
+    Leave();
+}
+
+/// The opener goes on with the line as it is stored.
+void StatementScreen::Leave()
+{
+    const Recordset line = run.company.Query("select * from {business} where code = ? and sno = ?", run.Code(), sno_);
+    if (opening_.left)
+        opening_.left(sno_ == 0 || line.Empty() ? std::nullopt : std::optional(Record(line.First())));
+    formNumber_.reset();
+    run.screens.Return();
+}
+
+} // namespace pgbp
