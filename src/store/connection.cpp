@@ -22,7 +22,7 @@ auto Ask(Attempt attempt, const FaultPlace& place, Work work)
     try {
         return work();
     } catch (const EngineError& error) {
-        throw StoreError(error.cause(), attempt, error.place().name.empty() ? place : error.place(), error.what());
+        throw StoreError(error.cause(), attempt, place, error.what());
     }
 }
 
@@ -47,6 +47,11 @@ Connection::Connection(std::shared_ptr<Engine> engine, std::string tablePrefix, 
 void Connection::CheckWritable() const
 {
     Ask(Attempt::Open, place_, [&] { engine_->CheckWritable(tablePrefix_); });
+}
+
+void Connection::LockForWriting() const
+{
+    Ask(Attempt::Save, place_, [&] { engine_->LockForWriting(tablePrefix_); });
 }
 
 const std::string& Connection::Text(std::string_view sql) const
@@ -107,10 +112,11 @@ Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Conn
     try {
         for (const Connection& connection : connections) {
             const auto isOfThisEngine = [&](const Connection& each) { return each.engine() == connection.engine(); };
-            if (std::any_of(open_.begin(), open_.end(), isOfThisEngine))
-                continue;
-            Ask(Attempt::Save, connection.place(), [&] { connection.engine()->Begin(); });
-            open_.push_back(connection);
+            if (std::none_of(open_.begin(), open_.end(), isOfThisEngine)) {
+                Ask(Attempt::Save, connection.place(), [&] { connection.engine()->Begin(); });
+                open_.push_back(connection);
+            }
+            connection.LockForWriting();
         }
     } catch (...) {
         RollbackAll(open_);

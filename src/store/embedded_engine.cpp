@@ -140,7 +140,7 @@ class EmbeddedEngine : public Engine {
 
   public:
     explicit EmbeddedEngine(const std::filesystem::path& file)
-        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds), files_{{"main.", file.string()}}
+        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds)
     {
     }
 
@@ -149,7 +149,6 @@ class EmbeddedEngine : public Engine {
         SQLite::Statement attach(database_, "attach database ? as " + schema);
         attach.bind(1, file.string());
         attach.exec();
-        files_.push_back({schema + '.', file.string()});
     }
 
     /// One commit covers several files only with rollback journals, which are also the ones that are safe on a share.
@@ -189,16 +188,16 @@ class EmbeddedEngine : public Engine {
         return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
     }
 
-    void Begin() override
+    void Begin() override { Execute("begin", {}); }
+
+    /// "begin immediate" would lock all attached files, and the commit would then flush a journal that joins them, also
+    /// where one alone was written to. This pragma begins to write to one file: only a file that gives its free pages
+    /// back has something to do for it, and none of ours does.
+    void LockForWriting(const std::string& tablePrefix) override
     {
-        try {
-            Execute("begin immediate", {});
-        } catch (const EngineError& error) {
-            if (error.cause() != Cause::Locked)
-                throw;
-            throw EngineError(error.cause(), error.what(), {LockedFile()});
-        }
+        Query("pragma " + (tablePrefix.empty() ? "main." : tablePrefix) + "incremental_vacuum(1)", {});
     }
+
     void Commit() override { Execute("commit", {}); }
 
     void Rollback() override
@@ -258,19 +257,6 @@ class EmbeddedEngine : public Engine {
         Execute(version + " = " + present.First().At(0).Text(), {});
     }
 
-    /// The file on which another program has the lock that a transaction wants; empty when it let go meanwhile.
-    std::string LockedFile()
-    {
-        for (const File& file : files_)
-            try {
-                TryToWrite(file.prefix);
-            } catch (const EngineError& error) {
-                if (error.cause() == Cause::Locked)
-                    return file.path;
-            }
-        return {};
-    }
-
     Prepared& Ready(const std::string& sql)
     {
         const auto found = prepared_.find(sql);
@@ -283,13 +269,7 @@ class EmbeddedEngine : public Engine {
             database_.setBusyTimeout(patience_ = milliseconds);
     }
 
-    struct File {
-        std::string prefix;
-        std::string path;
-    };
-
     SQLite::Database database_;
-    std::vector<File> files_;
     int patience_ = kBusyTimeoutMilliseconds;
     std::unordered_map<std::string, Prepared> prepared_;
 };
