@@ -26,6 +26,17 @@ auto Ask(Attempt attempt, const FaultPlace& place, Work work)
     }
 }
 
+std::string InsertText(std::string_view table, std::span<const Field> fields)
+{
+    std::string columns;
+    std::string marks;
+    for (const Field& field : fields) {
+        columns.append(columns.empty() ? "[" : ",[").append(field.column).append("]");
+        marks += marks.empty() ? "?" : ",?";
+    }
+    return "insert into {" + std::string(table) + "} (" + columns + ") values (" + marks + ")";
+}
+
 void RollbackAll(const std::vector<Connection>& connections)
 {
     for (const Connection& connection : connections)
@@ -87,16 +98,11 @@ void Connection::Insert(std::string_view table, std::initializer_list<Field> fie
 
 void Connection::Insert(std::string_view table, std::span<const Field> fields) const
 {
-    std::string columns;
-    std::string marks;
     std::vector<Value> values;
     values.reserve(fields.size());
-    for (const Field& field : fields) {
-        columns.append(columns.empty() ? "[" : ",[").append(field.column).append("]");
-        marks += marks.empty() ? "?" : ",?";
+    for (const Field& field : fields)
         values.push_back(field.value);
-    }
-    ExecuteBound("insert into {" + std::string(table) + "} (" + columns + ") values (" + marks + ")", values);
+    ExecuteBound(InsertText(table, fields), values);
 }
 
 double Connection::NextNumber(std::string_view table, std::string_view column) const
@@ -105,6 +111,16 @@ double Connection::NextNumber(std::string_view table, std::string_view column) c
         Execute(lock);
     const std::string largest = "select max([" + std::string(column) + "]) as [max] from {" + std::string(table) + '}';
     return Scalar(largest + std::string(dialect().lockClause)).Number() + 1;
+}
+
+void RowsInto::Add(std::vector<Field> fields)
+{
+    if (text_.empty())
+        text_ = InsertText(table_, fields);
+    values_.resize(fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        values_[i] = std::move(fields[i].value);
+    file_.ExecuteBound(text_, values_);
 }
 
 Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections)

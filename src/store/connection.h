@@ -45,7 +45,7 @@ struct Field {
 };
 
 /// One physical session with an engine. Several connections may share it: the embedded files of one folder are attached
-/// to one session, so that one commit covers them all. Each call throws EngineError.
+/// to one session, so that one commit covers them all. One thread at a time uses it. Each call throws EngineError.
 class Engine {
   public:
     virtual ~Engine() = default;
@@ -151,6 +151,19 @@ class Connection {
     FaultPlace place_;
     struct Texts;
     std::shared_ptr<Texts> texts_; // statement texts already made ready for the engine
+};
+
+/// Adds many rows to one table (named without braces), each of the same columns in the same order.
+class RowsInto {
+  public:
+    RowsInto(const Connection& file, std::string_view table) : file_(file), table_(table) {}
+    void Add(std::vector<Field> fields);
+
+  private:
+    const Connection& file_;
+    const std::string table_;
+    std::string text_;
+    std::vector<Value> values_;
 };
 
 /// All or nothing over one or more connections. Without Commit the destructor rolls everything back. Names each file

@@ -22,6 +22,7 @@ struct Prepared {
     std::shared_ptr<const std::vector<std::string>> columns;
     std::vector<bool> isDate;
     std::size_t valueCount = 0;
+    std::size_t cellCount = 0; ///< that it gave last time
 };
 
 /// The type of the column behind a result; empty for an expression, which has none.
@@ -103,12 +104,6 @@ Value ReadValue(const SQLite::Column& column, bool isDate)
     }
 }
 
-/// The statement that made a table or an index of the file, for one of the session.
-std::string AsTemporary(const std::string& sql)
-{
-    return Replace(Replace(sql, "CREATE TABLE ", "CREATE TEMP TABLE "), "CREATE INDEX ", "CREATE INDEX temp.");
-}
-
 /// The engine's words with its numbers.
 std::string WordsOf(const SQLite::Exception& error, int systemError)
 {
@@ -140,7 +135,7 @@ class EmbeddedEngine : public Engine {
 
   public:
     explicit EmbeddedEngine(const std::filesystem::path& file)
-        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds)
+        : database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, kBusyTimeoutMilliseconds)
     {
     }
 
@@ -173,10 +168,15 @@ class EmbeddedEngine : public Engine {
     {
         return Run(sql, values, [](Prepared& prepared) {
             std::vector<Value> cells;
-            cells.reserve(prepared.isDate.size());
-            while (prepared.statement.executeStep())
-                for (std::size_t i = 0; i < prepared.isDate.size(); ++i)
-                    cells.push_back(ReadValue(prepared.statement.getColumn(static_cast<int>(i)), prepared.isDate[i]));
+            cells.reserve(prepared.cellCount);
+            std::vector<SQLite::Column> row; // each shows the row on which the statement stands
+            while (prepared.statement.executeStep()) {
+                for (auto i = row.size(); i < prepared.isDate.size(); ++i)
+                    row.push_back(prepared.statement.getColumn(static_cast<int>(i)));
+                for (std::size_t i = 0; i < row.size(); ++i)
+                    cells.push_back(ReadValue(row[i], prepared.isDate[i]));
+            }
+            prepared.cellCount = cells.size();
             return Recordset(prepared.columns, std::move(cells));
         });
     }
@@ -209,15 +209,15 @@ class EmbeddedEngine : public Engine {
 
     const Dialect& dialect() const override { return kEmbeddedDialect; }
 
-    /// A temporary table hides the file's one of that name.
+    /// A temporary table hides the file's one of that name. It has no index: whoever reads it wants nearly all of it.
     void OwnTables(std::span<const std::string_view> tables) override
     {
         Execute("pragma temp_store = memory", {});
         for (const std::string_view table : tables) {
             const Value name[] = {table};
-            for (const Row made :
-                 Query("select sql from main.sqlite_master where tbl_name = ? order by type desc", name))
-                Execute(AsTemporary(made.At(0).Text()), {});
+            const Recordset made =
+                Query("select sql from main.sqlite_master where type = 'table' and tbl_name = ?", name);
+            Execute(Replace(made.First().At(0).Text(), "CREATE TABLE ", "CREATE TEMP TABLE "), {});
         }
     }
 
