@@ -11,15 +11,17 @@ namespace pgbp {
 
 /// The floor of a screen's reads: the engine's own prepared statements, bound to one code, stepped to their end with
 /// every field fetched, and nothing else. The files are attached as the module attaches them; a plain "begin" has only
-/// those take part in the commit that were written to.
+/// those take part in the commit that were written to. Journal, flushing, indexes and locks are the module's.
 class BareStatements {
   public:
     BareStatements(const std::filesystem::path& practice, std::string code) : code_(std::move(code))
     {
-        Check(sqlite3_open_v2((practice / "server/company.mdb").c_str(), &database_, SQLITE_OPEN_READWRITE, nullptr));
+        Check(sqlite3_open_v2((practice / "server/company.mdb").c_str(), &database_,
+                              SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX, nullptr));
         for (const char* name : {"balance", "tax"})
             Run("attach '" + (practice / "server" / (std::string(name) + ".mdb")).string() + "' as " + name);
         Run("attach '" + (practice / "client/data/qeltemp.mdb").string() + "' as qeltemp");
+        Run("pragma temp_store = memory");
     }
     ~BareStatements()
     {
@@ -49,6 +51,21 @@ class BareStatements {
         return fields;
     }
 
+    /// Makes a table of the working file as the module holds it: in memory and without an index.
+    void HoldInMemory(const std::string& table)
+    {
+        sqlite3_stmt* made = nullptr;
+        const std::string sql = "select replace(sql, 'CREATE TABLE', 'CREATE TEMP TABLE') from qeltemp.sqlite_master "
+                                "where type = 'table' and name = '" +
+                                table + '\'';
+        Check(sqlite3_prepare_v2(database_, sql.c_str(), -1, &made, nullptr));
+        if (sqlite3_step(made) != SQLITE_ROW)
+            throw std::runtime_error("The working file has no table " + table);
+        const std::string text = reinterpret_cast<const char*>(sqlite3_column_text(made, 0));
+        sqlite3_finalize(made);
+        Run(text);
+    }
+
     void Run(const std::string& sql) { Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr)); }
 
   private:
@@ -75,5 +92,28 @@ class BareStatements {
     sqlite3* database_ = nullptr;
     std::vector<std::pair<sqlite3_stmt*, int>> statements_;
 };
+
+/// The rows that one recompute of a firm's summary reads.
+inline void PrepareRecompute(BareStatements& bare)
+{
+    for (const char* sql : {
+             "select distinct amt2 from balance.qelgeneral where code = ? and Type = 'NEWPL' and amt2 is not null",
+             "select sno from business where code = ?",
+             "select code from business where code = ?",
+             "select name3 from main.misc_items where code = ? and Type = 'Fast2018'",
+             "select code from business where code = ? and Type = '5'",
+             "select amount from tax.system where Type = 'LIC' and date <= '2023-03-31 00:00:00' order by date desc",
+             "select * from tax.system where Type = '44AD' and [from] = 2017",
+             "select Type, sum(net), sum(net44), sum(loss) from business where code = ? group by Type",
+             "select sum(net) from business where code = ? and Type = '9'",
+             "select Type, amt1, amt2, amt3, amt4 from business1 where code = ? and (Type = 'LIC' or Type = 'UTI' or "
+             "Type = 'SEC' or Type = 'MF' or Type = 'ZADHOC') order by rowid",
+             "select amt1, minor from business1 where code = ? and Type = 'LESSINTT' order by rowid",
+             "select amt1, minor from business1 where code = ? and Type = 'LESSREMU' order by rowid",
+             "select sum(loss) from business where code = ? and Type = '0'",
+             "select amt3 from business1 where code = ? and Type = 'PARTINTT' and amt3 <> 0",
+         })
+        bare.Prepare(sql);
+}
 
 } // namespace pgbp
