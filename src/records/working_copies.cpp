@@ -37,10 +37,8 @@ std::vector<Field> Carried(const Row& row, Change change, std::initializer_list<
 
 void EmptyWorkingCopies(const Run& run)
 {
-    Transaction transaction({run.qeltemp});
-    run.qeltemp.Delete("from {temp} where code = ?", run.Code());
+    DropWorkList(run);
     run.qeltemp.Delete("from {temp1} where code = ?", run.Code());
-    transaction.Commit();
 }
 
 void CopyLineToWork(const Run& run, double sno, DetailRows which)
