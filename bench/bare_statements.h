@@ -4,7 +4,6 @@
 #include <sqlite3.h>
 #include <stdexcept>
 #include <string>
-#include <utility>
 #include <vector>
 
 namespace pgbp {
@@ -25,29 +24,30 @@ class BareStatements {
     }
     ~BareStatements()
     {
-        for (const auto& [statement, times] : statements_)
-            sqlite3_finalize(statement);
+        for (const Prepared& each : statements_) {
+            sqlite3_finalize(each.statement);
+            sqlite3_finalize(each.into);
+        }
         sqlite3_close(database_);
     }
     BareStatements(const BareStatements&) = delete;
 
     /// A statement with at most one "?", which is the code; it runs that many times, one after the other.
-    void Prepare(const std::string& sql, int times = 1)
+    void Prepare(const std::string& sql, int times = 1) { statements_.push_back({Made(sql), times}); }
+
+    /// A select whose rows an insert takes over, each field bound: the two tables may lie in different stores.
+    void PrepareCopy(const std::string& select, const std::string& insert)
     {
-        sqlite3_stmt* statement = nullptr;
-        Check(sqlite3_prepare_v2(database_, sql.c_str(), -1, &statement, nullptr));
-        if (sqlite3_bind_parameter_count(statement) > 0)
-            sqlite3_bind_text(statement, 1, code_.c_str(), -1, SQLITE_STATIC);
-        statements_.emplace_back(statement, times);
+        statements_.push_back({Made(select), 1, Made(insert)});
     }
 
     /// Runs all statements; gives the number of fields read.
     long ReadAll()
     {
         long fields = 0;
-        for (const auto& [statement, times] : statements_)
-            for (int i = 0; i < times; ++i)
-                fields += Read(statement);
+        for (const Prepared& each : statements_)
+            for (int i = 0; i < each.times; ++i)
+                fields += Read(each.statement, each.into);
         return fields;
     }
 
@@ -69,17 +69,59 @@ class BareStatements {
     void Run(const std::string& sql) { Check(sqlite3_exec(database_, sql.c_str(), nullptr, nullptr, nullptr)); }
 
   private:
-    long Read(sqlite3_stmt* statement) const
+    struct Prepared {
+        sqlite3_stmt* statement;
+        int times;
+        sqlite3_stmt* into = nullptr;
+    };
+
+    sqlite3_stmt* Made(const std::string& sql) const
+    {
+        sqlite3_stmt* statement = nullptr;
+        Check(sqlite3_prepare_v2(database_, sql.c_str(), -1, &statement, nullptr));
+        if (sqlite3_bind_parameter_count(statement) > 0)
+            sqlite3_bind_text(statement, 1, code_.c_str(), -1, SQLITE_STATIC);
+        return statement;
+    }
+
+    long Read(sqlite3_stmt* statement, sqlite3_stmt* into) const
     {
         long fields = 0;
         int result = sqlite3_step(statement);
-        for (; result == SQLITE_ROW; result = sqlite3_step(statement))
+        for (; result == SQLITE_ROW; result = sqlite3_step(statement)) {
             for (int i = 0; i < sqlite3_column_count(statement); ++i)
-                fields += sqlite3_column_bytes(statement, i) >= 0;
+                fields += Fetch(statement, i);
+            if (into)
+                Add(statement, into);
+        }
+        Finish(statement, result);
+        return fields;
+    }
+
+    /// As it is stored: a number asked for its text would be written out.
+    static bool Fetch(sqlite3_stmt* row, int field)
+    {
+        if (sqlite3_column_type(row, field) == SQLITE_TEXT)
+            return sqlite3_column_text(row, field) != nullptr;
+        return sqlite3_column_double(row, field) != 0;
+    }
+
+    void Add(sqlite3_stmt* row, sqlite3_stmt* into) const
+    {
+        for (int i = 0; i < sqlite3_column_count(row); ++i)
+            if (sqlite3_column_type(row, i) == SQLITE_TEXT)
+                sqlite3_bind_text(into, i + 1, reinterpret_cast<const char*>(sqlite3_column_text(row, i)),
+                                  sqlite3_column_bytes(row, i), SQLITE_STATIC);
+            else
+                sqlite3_bind_value(into, i + 1, sqlite3_column_value(row, i));
+        Finish(into, sqlite3_step(into));
+    }
+
+    void Finish(sqlite3_stmt* statement, int result) const
+    {
         if (result != SQLITE_DONE)
             throw std::runtime_error(sqlite3_errmsg(database_));
         sqlite3_reset(statement);
-        return fields;
     }
 
     void Check(int result) const
@@ -90,7 +132,7 @@ class BareStatements {
 
     std::string code_;
     sqlite3* database_ = nullptr;
-    std::vector<std::pair<sqlite3_stmt*, int>> statements_;
+    std::vector<Prepared> statements_;
 };
 
 /// The rows that one recompute of a firm's summary reads.
