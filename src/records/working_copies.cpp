@@ -11,17 +11,25 @@ namespace {
 /// The columns of a detail row that the working copy carries.
 constexpr std::string_view kDetailColumns =
     "[Type], name1, name2, name3, amt1, amt2, amt3, amt4, AD1, CITY, State, PIN, utn, flag1";
+constexpr std::size_t kType = 0;
+constexpr std::size_t kName2 = 2;
 
 constexpr std::pair<std::string_view, std::string WorkItem::*> kTexts[] = {
     {"name1", &WorkItem::name1}, {"name2", &WorkItem::name2}, {"name3", &WorkItem::name3}};
 constexpr std::pair<std::string_view, std::optional<double> WorkItem::*> kAmounts[] = {
     {"amt1", &WorkItem::amt1}, {"amt2", &WorkItem::amt2}, {"amt3", &WorkItem::amt3}, {"amt4", &WorkItem::amt4}};
 
-std::vector<Field> Fields(const Row& row)
+/// A detail row with its `name2` as `change` makes it, and with further fields.
+template <typename Change>
+std::vector<Field> Carried(const Row& row, Change change, std::initializer_list<Field> more)
 {
     std::vector<Field> fields;
-    for (std::size_t i = 0; i < row.Size(); ++i)
-        fields.push_back({row.Name(i), row.At(i)});
+    fields.reserve(row.Size() + more.size());
+    for (std::size_t i = 0; i < row.Size(); ++i) {
+        const bool isChanged = i == kName2 && !row.At(i).IsNull();
+        fields.push_back({row.Name(i), isChanged ? change(row.At(i).Text()) : row.At(i)});
+    }
+    fields.insert(fields.end(), more);
     return fields;
 }
 
@@ -29,10 +37,8 @@ std::vector<Field> Fields(const Row& row)
 
 void EmptyWorkingCopies(const Run& run)
 {
-    Transaction transaction({run.qeltemp});
-    run.qeltemp.Delete("from {temp} where code = ?", run.Code());
+    DropWorkList(run);
     run.qeltemp.Delete("from {temp1} where code = ?", run.Code());
-    transaction.Commit();
 }
 
 void CopyLineToWork(const Run& run, double sno, DetailRows which)
@@ -43,16 +49,12 @@ void CopyLineToWork(const Run& run, double sno, DetailRows which)
     sql += which == DetailRows::WithFirstAmount ? " and amt1 <> 0" : "";
     sql += run.company.dialect().insertionOrder;
     const Recordset stored = run.company.Query(sql, run.Glcode, sno);
+    const auto trimmed = [](const std::string& name2) -> Value { return Trim(name2); };
     Transaction transaction({run.qeltemp});
     run.qeltemp.Delete("from {temp1} where code = ?", run.Code());
-    for (const Row row : stored) {
-        std::vector<Field> fields = Fields(row);
-        for (Field& field : fields)
-            if (field.column == "name2" && !field.value.IsNull())
-                field.value = Trim(field.value.Text());
-        fields.push_back({"code", run.Code()});
-        run.qeltemp.Insert("temp1", fields);
-    }
+    RowsInto work(run.qeltemp, "temp1");
+    for (const Row row : stored)
+        work.Add(Carried(row, trimmed, {{"code", run.Code()}}));
     transaction.Commit();
 }
 
@@ -62,9 +64,13 @@ std::string WorkAsText(const Run& run)
     for (const Row row : run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
                                                std::string(run.qeltemp.dialect().insertionOrder),
                                            run.Code())) {
-        std::string& rows = byType[row["Type"].Text()];
-        for (std::size_t i = 0; i < row.Size(); ++i)
-            rows += (row.At(i).Text() == "0" ? "" : row.At(i).Text()) + '\t';
+        std::string& rows = byType[row.At(kType).Text()];
+        for (std::size_t i = 0; i < row.Size(); ++i) {
+            const std::string field = row.At(i).Text();
+            if (field != "0")
+                rows += field;
+            rows += '\t';
+        }
         rows += '\n';
     }
     std::string text;
@@ -79,24 +85,23 @@ void CopyWorkToLine(const Run& run, double sno, const std::function<bool(std::st
     const Recordset work = run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
                                                  std::string(run.qeltemp.dialect().insertionOrder),
                                              run.Code());
-    for (const Row row : work) {
-        if (!takes(row["Type"].Text()))
-            continue;
-        std::vector<Field> fields = Fields(row);
-        for (Field& field : fields)
-            if (inName2 == Apostrophes::Blank && field.column == "name2" && !field.value.IsNull())
-                field.value = Replace(field.value.Text(), "'", " ");
-        fields.insert(fields.end(), {{"code", run.Code()}, {"SNO", sno}, {"Minor", MinorOfRun(run)}});
-        run.company.Insert("business1", fields);
-    }
+    const auto changed = [&](const std::string& name2) -> Value {
+        return inName2 == Apostrophes::Blank ? Replace(name2, "'", " ") : name2;
+    };
+    RowsInto details(run.company, "business1");
+    for (const Row row : work)
+        if (takes(row.At(kType).Text()))
+            details.Add(Carried(row, changed, {{"code", run.Code()}, {"SNO", sno}, {"Minor", MinorOfRun(run)}}));
 }
 
 std::vector<WorkItem> ReadWorkList(const Run& run, std::string_view type)
 {
     std::vector<WorkItem> items;
-    for (const Row row : run.qeltemp.Query("select * from {temp1} where code = ? and [Type] = ?" +
-                                               std::string(run.qeltemp.dialect().insertionOrder),
-                                           run.Code(), type)) {
+    for (const Row row :
+         run.qeltemp.Query("select name1, name2, name3, amt1, amt2, amt3, amt4 from {temp1} where code = "
+                           "? and [Type] = ?" +
+                               std::string(run.qeltemp.dialect().insertionOrder),
+                           run.Code(), type)) {
         WorkItem& item = items.emplace_back();
         for (const auto& [column, member] : kTexts)
             item.*member = row[column].Text();
@@ -116,8 +121,7 @@ void WriteWorkList(const Run& run, const std::vector<WorkItem>& items)
         for (const auto& [column, member] : kTexts)
             row.push_back({column, item.*member});
         for (const auto& [column, member] : kAmounts)
-            if (item.*member)
-                row.push_back({column, *(item.*member)});
+            row.push_back({column, item.*member ? Value(*(item.*member)) : Value()});
     }
     WriteWorkRows(run, std::move(rows));
 }
@@ -126,9 +130,10 @@ void WriteWorkRows(const Run& run, std::vector<std::vector<Field>> rows)
 {
     Transaction transaction({run.qeltemp});
     DropWorkList(run);
+    RowsInto work(run.qeltemp, "temp");
     for (auto& row : rows) {
         row.push_back({"code", run.Code()});
-        run.qeltemp.Insert("temp", row);
+        work.Add(std::move(row));
     }
     transaction.Commit();
 }

@@ -22,8 +22,19 @@ auto Ask(Attempt attempt, const FaultPlace& place, Work work)
     try {
         return work();
     } catch (const EngineError& error) {
-        throw StoreError(error.cause(), attempt, error.place().name.empty() ? place : error.place(), error.what());
+        throw StoreError(error.cause(), attempt, place, error.what());
     }
+}
+
+std::string InsertText(std::string_view table, std::span<const Field> fields)
+{
+    std::string columns;
+    std::string marks;
+    for (const Field& field : fields) {
+        columns.append(columns.empty() ? "[" : ",[").append(field.column).append("]");
+        marks += marks.empty() ? "?" : ",?";
+    }
+    return "insert into {" + std::string(table) + "} (" + columns + ") values (" + marks + ")";
 }
 
 void RollbackAll(const std::vector<Connection>& connections)
@@ -47,6 +58,11 @@ Connection::Connection(std::shared_ptr<Engine> engine, std::string tablePrefix, 
 void Connection::CheckWritable() const
 {
     Ask(Attempt::Open, place_, [&] { engine_->CheckWritable(tablePrefix_); });
+}
+
+void Connection::LockForWriting() const
+{
+    Ask(Attempt::Save, place_, [&] { engine_->LockForWriting(tablePrefix_); });
 }
 
 const std::string& Connection::Text(std::string_view sql) const
@@ -82,16 +98,11 @@ void Connection::Insert(std::string_view table, std::initializer_list<Field> fie
 
 void Connection::Insert(std::string_view table, std::span<const Field> fields) const
 {
-    std::string columns;
-    std::string marks;
     std::vector<Value> values;
     values.reserve(fields.size());
-    for (const Field& field : fields) {
-        columns.append(columns.empty() ? "[" : ",[").append(field.column).append("]");
-        marks += marks.empty() ? "?" : ",?";
+    for (const Field& field : fields)
         values.push_back(field.value);
-    }
-    ExecuteBound("insert into {" + std::string(table) + "} (" + columns + ") values (" + marks + ")", values);
+    ExecuteBound(InsertText(table, fields), values);
 }
 
 double Connection::NextNumber(std::string_view table, std::string_view column) const
@@ -102,15 +113,26 @@ double Connection::NextNumber(std::string_view table, std::string_view column) c
     return Scalar(largest + std::string(dialect().lockClause)).Number() + 1;
 }
 
+void RowsInto::Add(std::vector<Field> fields)
+{
+    if (text_.empty())
+        text_ = InsertText(table_, fields);
+    values_.resize(fields.size());
+    for (std::size_t i = 0; i < fields.size(); ++i)
+        values_[i] = std::move(fields[i].value);
+    file_.ExecuteBound(text_, values_);
+}
+
 Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections)
 {
     try {
         for (const Connection& connection : connections) {
             const auto isOfThisEngine = [&](const Connection& each) { return each.engine() == connection.engine(); };
-            if (std::any_of(open_.begin(), open_.end(), isOfThisEngine))
-                continue;
-            Ask(Attempt::Save, connection.place(), [&] { connection.engine()->Begin(); });
-            open_.push_back(connection);
+            if (std::none_of(open_.begin(), open_.end(), isOfThisEngine)) {
+                Ask(Attempt::Save, connection.place(), [&] { connection.engine()->Begin(); });
+                open_.push_back(connection);
+            }
+            connection.LockForWriting();
         }
     } catch (...) {
         RollbackAll(open_);

@@ -24,18 +24,12 @@ class StoreError : public Fault {
 /// words and the statement, without values.
 class EngineError : public std::runtime_error {
   public:
-    explicit EngineError(Cause cause, const std::string& technical, FaultPlace place = {})
-        : std::runtime_error(technical), cause_(cause), place_(std::move(place))
-    {
-    }
+    explicit EngineError(Cause cause, const std::string& technical) : std::runtime_error(technical), cause_(cause) {}
 
     Cause cause() const { return cause_; }
-    /// Where, if it is not the place of the connection that asked.
-    const FaultPlace& place() const { return place_; }
 
   private:
     Cause cause_;
-    FaultPlace place_;
 };
 
 /// The session with a server is gone, and with it its transaction.
@@ -51,7 +45,7 @@ struct Field {
 };
 
 /// One physical session with an engine. Several connections may share it: the embedded files of one folder are attached
-/// to one session, so that one commit covers them all. Each call throws EngineError.
+/// to one session, so that one commit covers them all. One thread at a time uses it. Each call throws EngineError.
 class Engine {
   public:
     virtual ~Engine() = default;
@@ -60,6 +54,9 @@ class Engine {
     /// Runs a statement and gives the number of rows it changed.
     virtual long Execute(const std::string& sql, std::span<const Value> values) = 0;
     virtual void Begin() = 0;
+    /// Within a transaction: makes the tables under this prefix its own to write to until it ends. An engine whose
+    /// locks are those of single rows does nothing.
+    virtual void LockForWriting([[maybe_unused]] const std::string& tablePrefix) {}
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
     virtual const Dialect& dialect() const = 0;
@@ -145,6 +142,8 @@ class Connection {
     const std::shared_ptr<Engine>& engine() const { return engine_; }
 
   private:
+    friend class Transaction;
+    void LockForWriting() const;
     const std::string& Text(std::string_view sql) const;
 
     std::shared_ptr<Engine> engine_;
@@ -154,7 +153,22 @@ class Connection {
     std::shared_ptr<Texts> texts_; // statement texts already made ready for the engine
 };
 
-/// All or nothing over one or more connections. Without Commit the destructor rolls everything back.
+/// Adds many rows to one table (named without braces), each of the same columns in the same order.
+class RowsInto {
+  public:
+    RowsInto(const Connection& file, std::string_view table) : file_(file), table_(table) {}
+    void Add(std::vector<Field> fields);
+
+  private:
+    const Connection& file_;
+    const std::string table_;
+    std::string text_;
+    std::vector<Value> values_;
+};
+
+/// All or nothing over one or more connections. Without Commit the destructor rolls everything back. Names each file
+/// that it writes to, always in the same order (`company`, `balance`, `tax`, `qeltemp`): they are locked one after the
+/// other, and a commit over files that stay as they are is dearer.
 class Transaction {
   public:
     explicit Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections);

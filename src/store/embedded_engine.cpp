@@ -22,6 +22,7 @@ struct Prepared {
     std::shared_ptr<const std::vector<std::string>> columns;
     std::vector<bool> isDate;
     std::size_t valueCount = 0;
+    std::size_t cellCount = 0; ///< that it gave last time
 };
 
 /// The type of the column behind a result; empty for an expression, which has none.
@@ -103,12 +104,6 @@ Value ReadValue(const SQLite::Column& column, bool isDate)
     }
 }
 
-/// The statement that made a table or an index of the file, for one of the session.
-std::string AsTemporary(const std::string& sql)
-{
-    return Replace(Replace(sql, "CREATE TABLE ", "CREATE TEMP TABLE "), "CREATE INDEX ", "CREATE INDEX temp.");
-}
-
 /// The engine's words with its numbers.
 std::string WordsOf(const SQLite::Exception& error, int systemError)
 {
@@ -140,7 +135,7 @@ class EmbeddedEngine : public Engine {
 
   public:
     explicit EmbeddedEngine(const std::filesystem::path& file)
-        : database_(file.string(), SQLite::OPEN_READWRITE, kBusyTimeoutMilliseconds), files_{{"main.", file.string()}}
+        : database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, kBusyTimeoutMilliseconds)
     {
     }
 
@@ -149,7 +144,6 @@ class EmbeddedEngine : public Engine {
         SQLite::Statement attach(database_, "attach database ? as " + schema);
         attach.bind(1, file.string());
         attach.exec();
-        files_.push_back({schema + '.', file.string()});
     }
 
     /// One commit covers several files only with rollback journals, which are also the ones that are safe on a share.
@@ -174,10 +168,15 @@ class EmbeddedEngine : public Engine {
     {
         return Run(sql, values, [](Prepared& prepared) {
             std::vector<Value> cells;
-            cells.reserve(prepared.isDate.size());
-            while (prepared.statement.executeStep())
-                for (std::size_t i = 0; i < prepared.isDate.size(); ++i)
-                    cells.push_back(ReadValue(prepared.statement.getColumn(static_cast<int>(i)), prepared.isDate[i]));
+            cells.reserve(prepared.cellCount);
+            std::vector<SQLite::Column> row; // each shows the row on which the statement stands
+            while (prepared.statement.executeStep()) {
+                for (auto i = row.size(); i < prepared.isDate.size(); ++i)
+                    row.push_back(prepared.statement.getColumn(static_cast<int>(i)));
+                for (std::size_t i = 0; i < row.size(); ++i)
+                    cells.push_back(ReadValue(row[i], prepared.isDate[i]));
+            }
+            prepared.cellCount = cells.size();
             return Recordset(prepared.columns, std::move(cells));
         });
     }
@@ -189,16 +188,16 @@ class EmbeddedEngine : public Engine {
         return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
     }
 
-    void Begin() override
+    void Begin() override { Execute("begin", {}); }
+
+    /// "begin immediate" would lock all attached files, and the commit would then flush a journal that joins them, also
+    /// where one alone was written to. This pragma begins to write to one file: only a file that gives its free pages
+    /// back has something to do for it, and none of ours does.
+    void LockForWriting(const std::string& tablePrefix) override
     {
-        try {
-            Execute("begin immediate", {});
-        } catch (const EngineError& error) {
-            if (error.cause() != Cause::Locked)
-                throw;
-            throw EngineError(error.cause(), error.what(), {LockedFile()});
-        }
+        Query("pragma " + (tablePrefix.empty() ? "main." : tablePrefix) + "incremental_vacuum(1)", {});
     }
+
     void Commit() override { Execute("commit", {}); }
 
     void Rollback() override
@@ -210,15 +209,15 @@ class EmbeddedEngine : public Engine {
 
     const Dialect& dialect() const override { return kEmbeddedDialect; }
 
-    /// A temporary table hides the file's one of that name.
+    /// A temporary table hides the file's one of that name. It has no index: whoever reads it wants nearly all of it.
     void OwnTables(std::span<const std::string_view> tables) override
     {
         Execute("pragma temp_store = memory", {});
         for (const std::string_view table : tables) {
             const Value name[] = {table};
-            for (const Row made :
-                 Query("select sql from main.sqlite_master where tbl_name = ? order by type desc", name))
-                Execute(AsTemporary(made.At(0).Text()), {});
+            const Recordset made =
+                Query("select sql from main.sqlite_master where type = 'table' and tbl_name = ?", name);
+            Execute(Replace(made.First().At(0).Text(), "CREATE TABLE ", "CREATE TEMP TABLE "), {});
         }
     }
 
@@ -258,19 +257,6 @@ class EmbeddedEngine : public Engine {
         Execute(version + " = " + present.First().At(0).Text(), {});
     }
 
-    /// The file on which another program has the lock that a transaction wants; empty when it let go meanwhile.
-    std::string LockedFile()
-    {
-        for (const File& file : files_)
-            try {
-                TryToWrite(file.prefix);
-            } catch (const EngineError& error) {
-                if (error.cause() == Cause::Locked)
-                    return file.path;
-            }
-        return {};
-    }
-
     Prepared& Ready(const std::string& sql)
     {
         const auto found = prepared_.find(sql);
@@ -283,13 +269,7 @@ class EmbeddedEngine : public Engine {
             database_.setBusyTimeout(patience_ = milliseconds);
     }
 
-    struct File {
-        std::string prefix;
-        std::string path;
-    };
-
     SQLite::Database database_;
-    std::vector<File> files_;
     int patience_ = kBusyTimeoutMilliseconds;
     std::unordered_map<std::string, Prepared> prepared_;
 };

@@ -187,7 +187,7 @@ TEST(DataFiles, ALockedFileIsNamedAndCostsOneWaitUntilPatienceIsRenewed)
     const auto secondsUntilRefused = [&] {
         const auto begin = std::chrono::steady_clock::now();
         try {
-            Transaction({connections[0]});
+            Transaction({connections[0], connections[1]});
             ADD_FAILURE() << "balance.mdb is locked";
         } catch (const StoreError& error) {
             EXPECT_EQ(error.cause(), Cause::Locked);
@@ -197,6 +197,7 @@ TEST(DataFiles, ALockedFileIsNamedAndCostsOneWaitUntilPatienceIsRenewed)
     };
     EXPECT_GT(secondsUntilRefused(), 4);
     EXPECT_LT(secondsUntilRefused(), 1);
+    EXPECT_NO_THROW(Transaction({connections[0]}).Commit()) << "a file that is not named is not locked";
     EXPECT_EQ(connections[1].Scalar("select count(*) from {compu}").Number(), 0) << "reading needs no wait";
     connections[1].CheckWritable(); // another program can write, so this one can
     EXPECT_LT(secondsUntilRefused(), 1);

@@ -42,6 +42,7 @@ class FailingEngine : public Engine {
         ThrowIf(refusal_.RefusesWrite());
         engine_->Begin();
     }
+    void LockForWriting(const std::string& tablePrefix) override { engine_->LockForWriting(tablePrefix); }
     void Commit() override
     {
         const bool refused = refusal_.RefusesWrite();
