@@ -302,7 +302,7 @@ TEST_F(AdjustmentLists, DescriptionsOfferTheOtherHeads)
 TEST_F(AdjustmentLists, AccountsOf44BBAreStoredWithTheirListAlone)
 {
     Year(2017);
-    Balance().Insert("qelgeneral", {{"code", handOver.Glcode}, {"Type", "NEWPLA"}, {"amt1", 271}, {"name8", "5"}});
+    Note("NEWPLA", {{"amt1", 271}, {"name8", "5"}});
     frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.cmd23l);
     EXPECT_FALSE(screen.accounts.Command3.visible);

@@ -21,6 +21,8 @@ TEST_F(ShortLine, NewLineIsStoredUnderANumberOfTheWholeFile)
     Year(2006);
     Company().Insert("business", {{"code", "B0002r2006-07"}, {"Type", "1"}, {"SNO", 41}});
     frmbusinesscal1& screen = OpenScreen(kSpeculation, "Speculation Business");
+    screen.Click(screen.header.CmdSave);
+    EXPECT_EQ(boxes.Take().text, "Nothing to save....");
     Type(screen, screen.header.txtdescr1, "Shares \"B.S.E.\" & Sharma's");
     Type(screen, screen.header.txtpnl, "-1200.50");
     AddItem(screen, screen.cmd28a, "32", "Rent of 'A' block", "300"); // any section will do
@@ -56,8 +58,8 @@ TEST_F(ShortLine, EditReadsThePlainStatementAndLeavesRowsWithoutAmountBehind)
     EXPECT_TRUE(screen.header.CmdPNL.visible);
     EXPECT_EQ(screen.lblincome.text(), "70500.00");
     screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(Stored("select [Type] from {business} where 1 = 1"), "8");
-    EXPECT_EQ(Stored("select count(*) from {business1} where 1 = 1"), "1");
+    EXPECT_EQ(Stored("select [Type] from {business}"), "8");
+    EXPECT_EQ(Stored("select count(*) from {business1}"), "1");
 }
 
 TEST_F(ShortLine, NewSpecifiedLineHasNoKind)
@@ -68,28 +70,7 @@ TEST_F(ShortLine, NewSpecifiedLineHasNoKind)
     Type(screen, screen.header.txtpnl, "10");
     screen.Click(screen.header.CmdSave);
     EXPECT_TRUE(Company().Scalar("select [Type] from {business} where code = ?", handOver.Glcode).IsNull());
-    EXPECT_EQ(Stored("select NET from {business} where 1 = 1"), "10");
-}
-
-TEST_F(ShortLine, RefusesALineWithoutFiguresOrDescription)
-{
-    Year(2006);
-    frmbusinesscal1& screen = OpenScreen(kSpeculation, "Speculation Business");
-    screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(boxes.Take().text, "Nothing to save....");
-    Type(screen, screen.header.txtpnl, "1");
-    screen.Click(screen.header.CmdSave);
-    const Message message = boxes.Take();
-    EXPECT_EQ(message.text, "Description can not be left blank...");
-    EXPECT_EQ(message.title, "Vorn - Infromation");
-    EXPECT_EQ(screen.focused(), &screen.header.txtdescr1);
-    screen.Click(screen.cmd28a);
-    screen.Click(screen.fra2.add);
-    EXPECT_EQ(boxes.Take().text, "Please fill Amount...");
-    screen.Click(screen.header.CmdBack); // closes the list alone
-    EXPECT_EQ(run->screens.OnDisplay(), &screen);
-    EXPECT_EQ(screen.focused(), &screen.cmd28a);
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "0");
+    EXPECT_EQ(Stored("select NET from {business}"), "10");
 }
 
 TEST_F(ShortLine, DeletionAsksAndTakesListsAndCellsAlong)
@@ -100,11 +81,11 @@ TEST_F(ShortLine, DeletionAsksAndTakesListsAndCellsAlong)
     frmbusinesscal1& screen = OpenScreen(kSpeculation, "Speculation Business");
     boxes.answers = {Answer::No, Answer::Yes};
     screen.Click(screen.header.CmdDel);
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "1");
+    EXPECT_EQ(Stored("select count(*) from {business}"), "1");
     screen.Click(screen.header.CmdDel);
     EXPECT_EQ(boxes.shown.back().title, "Vorn - Deletion");
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "0");
-    EXPECT_EQ(Stored("select count(*) from {business1} where 1 = 1"), "0");
+    EXPECT_EQ(Stored("select count(*) from {business}"), "0");
+    EXPECT_EQ(Stored("select count(*) from {business1}"), "0");
     EXPECT_EQ(Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'NEWPL'").Number(), 0);
 }
 

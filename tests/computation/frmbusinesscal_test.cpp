@@ -15,7 +15,7 @@ class Computation : public LineUnderTest<frmbusinesscal> {
         Cell("NEWPL", 254, "30000");
         Asset("Loom", 20000);
         Asset("Van", 8000);
-        Company().Insert("misc_items", {{"code", handOver.Glcode}, {"Type", "BusOth"}, {"sno", kSno}, {"amt1", 1000}});
+        Item("BusOth", {{"sno", kSno}, {"amt1", 1000}});
         Detail("511", {{"name1", "Stock"}, {"amt1", 10000}});
         Detail("560", {{"name1", "28(iv)"}, {"name2", "Gift of 'a' dealer"}, {"amt1", 20000}});
         Detail("23a", {{"amt1", 4000}});
@@ -184,7 +184,7 @@ TEST_F(Computation, BackLeavesTheStoreAsItWas)
     screen.Click(screen.header.CmdBack);
     EXPECT_EQ(boxes.Take().title, "Vorn - Confirmation");
     EXPECT_EQ(run->screens.OnDisplay()->name(), "frmbusiness");
-    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "Main works");
+    EXPECT_EQ(Stored("select name1 from {business}"), "Main works");
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets} where sno = 90000").Number(), 0);
 }
 
@@ -277,9 +277,9 @@ TEST_F(Computation, AnAnnexureOpenedByAnotherRunStopsTheSaveOnce)
     EXPECT_EQ(run->screens.OnDisplay(), &screen);
     EXPECT_EQ(screen.header.txtdescr1.text(), "changed");
     EXPECT_EQ(screen.txtlessdep.text(), "28000.00");
-    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "Main works");
+    EXPECT_EQ(Stored("select name1 from {business}"), "Main works");
     screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "changed");
+    EXPECT_EQ(Stored("select name1 from {business}"), "changed");
     EXPECT_EQ(Balance().Scalar("select sum(F_Dep) from {fassets} where sno = 7").Number(), 28000);
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 2);
     EXPECT_EQ(run->screens.OnDisplay()->notice.get(), "changed second saved, 8,24,900.00, 10:30");
@@ -316,11 +316,18 @@ TEST_F(Computation, ASaveThatFailedAtAnyWriteIsWholeWhenItIsRepeated)
         frmbusinesscal& screen = OpenScreen();
         Type(screen, screen.header.txtdescr1, "changed");
         LetFail(*run, refusal);
-        for (int i = 0; i < 3 && run->screens.OnDisplay() == &screen; ++i)
+        screen.Click(screen.header.CmdSave);
+        if (run->screens.OnDisplay() == &screen) { // nothing is stored, or all of it
+            EXPECT_NE(boxes.Take().text.find("refused"), std::string::npos);
+            EXPECT_EQ(screen.header.txtdescr1.text(), "changed");
+            const bool isStored = Stored("select name1 from {business}") == "changed";
+            ASSERT_EQ(Stored("select count(*) from {business1}"), isStored ? "14" : "15");
+        }
+        for (int i = 0; i < 2 && run->screens.OnDisplay() == &screen; ++i)
             screen.Click(screen.header.CmdSave);
         boxes.shown.clear();
         ASSERT_NE(run->screens.OnDisplay(), &screen);
-        ASSERT_EQ(Stored("select name1 from {business} where 1 = 1"), "changed");
+        ASSERT_EQ(Stored("select name1 from {business}"), "changed");
         ASSERT_EQ(Company().Scalar("select count(*) from {business}").Number(), 1);
         ASSERT_EQ(Company().Scalar("select count(*) from {business1} where sno = 7").Number(), 14);
         ASSERT_EQ(Balance().Scalar("select sum(F_Dep) from {fassets} where sno = 7").Number(), 28000);
@@ -356,24 +363,6 @@ TEST_F(Computation, WhatACrashedRunLeftIsEmptied)
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 0);
 }
 
-TEST_F(Computation, AFailedSaveLeavesTheScreenAndTheStoreAsTheyWere)
-{
-    FullLine();
-    frmbusinesscal& screen = OpenScreen();
-    Type(screen, screen.header.txtdescr1, "changed");
-    run->balance.Execute("create trigger [balance].refuse before delete on fassets begin select raise(abort, 'disk'); "
-                         "end");
-    screen.Click(screen.header.CmdSave);
-    EXPECT_NE(boxes.Take().text.find("could not be saved"), std::string::npos);
-    EXPECT_EQ(run->screens.OnDisplay(), &screen);
-    EXPECT_EQ(screen.header.txtdescr1.text(), "changed");
-    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "Main works");
-    EXPECT_EQ(Count("business1", "1 = 1"), "15");
-    run->balance.Execute("drop trigger [balance].refuse");
-    screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(Stored("select name1 from {business} where 1 = 1"), "changed");
-}
-
 TEST_F(Computation, ALineDeletedByAnotherUserIsStoredAnew)
 {
     FullLine();
@@ -404,6 +393,7 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
     FullLine();
     Start();
     RegisterEmpty(screens::frmfassetsNew);
+    RegisterEmpty(screens::FrmbspnlPGBP);
     frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.CmdDep);
     EXPECT_EQ(run->GLwhere, 111);
@@ -412,6 +402,9 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
     run->screens.Return();
     EXPECT_EQ(screen.txtlessdep.text(), "200");
     EXPECT_EQ(run->GLwhere, 0);
+    screen.Click(screen.header.CmdPNL); // another screen keeps it
+    run->screens.Return();
+    EXPECT_EQ(Val(screen.txtlessdep), 200);
     screen.Click(screen.CmdF);
     EXPECT_EQ(run->screens.OnDisplay()->caption.get(), "Capital Gain Annexure");
     Balance().Execute("delete from {fassets} where sno = 90000");
@@ -421,22 +414,6 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 0);
 }
 
-TEST_F(Computation, AnotherScreenAfterTheAnnexureKeepsItsTotal)
-{
-    FullLine();
-    Start();
-    RegisterEmpty(screens::frmfassetsNew);
-    RegisterEmpty(screens::FrmbspnlPGBP);
-    frmbusinesscal& screen = OpenScreen();
-    screen.Click(screen.CmdDep);
-    Balance().Execute("update {fassets} set F_Dep = 100 where sno = 90000");
-    run->screens.Return();
-    screen.Click(screen.header.CmdPNL);
-    run->screens.Return();
-    screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(Stored("select dep2 from {business} where 1 = 1"), "200");
-}
-
 TEST_F(Computation, AmountsBeyondTheLargestOpenAndCanBeDeleted)
 {
     Year(2006);
@@ -444,7 +421,7 @@ TEST_F(Computation, AmountsBeyondTheLargestOpenAndCanBeDeleted)
     frmbusinesscal& screen = OpenScreen();
     boxes.answers = {Answer::Yes};
     screen.Click(screen.header.CmdDel);
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "0");
+    EXPECT_EQ(Stored("select count(*) from {business}"), "0");
 }
 
 TEST_F(Computation, ALockedStoreDoesNotKeepThePreparer)

@@ -145,14 +145,6 @@ TEST_F(Other, OneFrameAtATimeAndTheFocusGoesBack)
     EXPECT_EQ(form.balances, before + 1);
 }
 
-TEST_F(Other, ListsAreOpenedByTheirTypes)
-{
-    Owner& form = Begin();
-    for (cmd* button : {&form.other.cmd564, &form.other.cmd570, &form.other.cmd568})
-        form.Click(*button);
-    EXPECT_EQ(form.listsOpened, (std::vector<std::string>{"564", "570", "568"}));
-}
-
 TEST_F(Other, Until2006ThereIsNoSection35AndAPlainListOf10A)
 {
     for (const auto& [year, hasFrames] : {std::pair("2006-07", false), std::pair("2007-08", true)}) {
@@ -164,28 +156,6 @@ TEST_F(Other, Until2006ThereIsNoSection35AndAPlainListOf10A)
         EXPECT_EQ(OpenSections(form).Fra10abc.visible, hasFrames);
         EXPECT_EQ(form.listsOpened, hasFrames ? std::vector<std::string>{} : std::vector<std::string>{"10abc"});
     }
-}
-
-TEST_F(Other, ClaimCountsOnlyWhereItAppliesAndIsNotOptedOut)
-{
-    Owner& form = Begin();
-    Section10abc& claim = form.other.section10abc;
-    struct {
-        bool applies;
-        bool optedOut;
-        double counted;
-    } const rows[] = {{false, false, 0}, {true, false, 250.5}, {true, true, 0}, {false, true, 0}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.applies) + std::to_string(row.optedOut));
-        claim.chk10abc1 = row.applies;
-        claim.chk10abc2 = row.optedOut;
-        EXPECT_EQ(claim.Counted(250.5), row.counted);
-        EXPECT_EQ(claim.chk10abc2.enabled, row.applies);
-        for (const Control* control :
-             std::initializer_list<Control*>{&claim.cmd10abc, &claim.lbl10abcc, &claim.lbl10abc})
-            EXPECT_EQ(control->visible, row.counted != 0) << control->name();
-    }
-    EXPECT_EQ(form.balances, 3) << "once for each change of an answer";
 }
 
 TEST_F(Other, Section35ShowsWhatIsStoredAndAddsUp)
@@ -333,26 +303,4 @@ TEST_F(Other, AnItemIsTakenBackAndTheLastOneLeavesABlankRow)
     EXPECT_EQ(Details("10ABC"), "");
     EXPECT_EQ(owner.notice.get(), "Deduction u/s 10A-Free trade zone: 0 items (removed: Unit I, 100.00, taken back and "
                                   "not added again), stored when the line is saved.");
-}
-
-TEST_F(Other, OddTextsOfAnItemComeBackAsTyped)
-{
-    Sections({{"10A", "O'Hara's \"zone\"; 100%"}});
-    Owner& owner = Begin();
-    OpenSections(owner);
-    const std::string texts[] = {"'; delete from temp1 --", "\"quoted\" 100%_;", "[Type] {temp1} ?",
-                                 std::string(255, 'x')};
-    Frm10ABC& form = OpenSection(owner, 0);
-    for (const std::string& text : texts)
-        AddItem(form, text, "1");
-    TypeInto(form, form.TxtDescr, std::string(256, 'y'));
-    EXPECT_EQ(form.TxtDescr.text().size(), 255U);
-    form.TxtDescr = "";
-    form.Click(form.CmdSave);
-    const Frm10ABC& again = OpenSection(owner, 0);
-    ASSERT_EQ(again.MSH.Rows(), 4);
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(again.MSH.Cell(i + 1, 1), "O'Hara's \"zone\"; 100%");
-        EXPECT_EQ(again.MSH.Cell(i + 1, 3), texts[i]);
-    }
 }

@@ -60,49 +60,6 @@ TEST_F(Presumptive, AnAmountTypedTakesThePlaceOfTheList)
     EXPECT_EQ(frame.lbl44adfinal.text(), "79480.00");
 }
 
-TEST_F(Presumptive, PartnersTakeNothingWhereNothingIsDeducted)
-{
-    Year(2016);
-    Line("3", {{"sec44", 80000}});
-    frmbusinesscal& screen = OpenScreen(kPresumptive44AD, "Elegible business u/s 44AD");
-    EXPECT_FALSE(screen.presumptive.cmdintt.visible);
-    screen.Click(screen.presumptive.CmdPart);
-    EXPECT_FALSE(screen.partners.txtpart1.enabled || screen.partners.txtAllow.enabled ||
-                 screen.partners.txtpart2.enabled);
-    screen.Click(screen.partners.cmdbackpartner);
-    EXPECT_EQ(screen.focused(), &screen.presumptive.CmdPart);
-}
-
-TEST_F(Presumptive, From2017SectionsOfReceiptsRefusePay)
-{
-    struct Case {
-        int year;
-        BusinessKind kind;
-        bool refuses;
-    };
-    constexpr Case kCases[] = {
-        {2016, kProfession44ADA, false}, {2017, kProfession44ADA, true}, {2017, kTransport44AE, false}};
-    for (const auto& [year, kind, refuses] : kCases) {
-        run.reset();
-        Year(year);
-        Company().Execute("delete from {business}");
-        Line(kind == kProfession44ADA ? "A" : "4");
-        Detail("remu", {{"amt1", 1}}); // so that the amounts can be entered
-        frmbusinesscal& screen = OpenScreen(kind, "caption");
-        Partners& partners = screen.partners;
-        screen.Click(screen.presumptive.CmdPart);
-        const std::pair<TextBox*, const char*> kTexts[] = {
-            {&partners.txtpartner, "Asha"}, {&partners.TxtPart_Add, "1 Mall"}, {&partners.TxtCity, "Agra"},
-            {&partners.txtstate, "Delhi"},  {&partners.TxtPIN, "1"},           {&partners.txtpart2, "5"}};
-        for (const auto& [field, text] : kTexts)
-            Type(screen, *field, text);
-        partners.CboStatus.Choose(0);
-        screen.Click(partners.cmdaddpart);
-        EXPECT_EQ(boxes.shown.size(), refuses ? 1U : 0U) << year;
-        boxes.shown.clear();
-    }
-}
-
 TEST_F(Presumptive, SaveOfTheComputationZeroesWhatIsDeemed)
 {
     struct Case {

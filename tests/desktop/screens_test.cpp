@@ -193,16 +193,6 @@ TEST_F(Windows, TellANoticeInTheStatusLineWithoutTakingTheKeyboard)
         << "what the header says, too, gives way to it";
 }
 
-TEST_F(Windows, EndTheRunWhenTheSummaryIsLeft)
-{
-    Start();
-    const FormView& page = Top();
-    QTest::keyClick(page.focusWidget(), Qt::Key_B, Qt::AltModifier);
-    QApplication::processEvents();
-    EXPECT_TRUE(ended);
-    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 1);
-}
-
 TEST_F(Windows, EndTheRunWithTheHeadOfIncomeWhenTheWindowIsClosed)
 {
     Start();

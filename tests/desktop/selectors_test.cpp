@@ -99,14 +99,6 @@ TEST_F(Selectors, TypeWhatIsNotInTheListWhereThatIsAllowed)
     EXPECT_NE(form.focused(), &form.place);
 }
 
-TEST_F(Selectors, TellOnceThatAButtonPressedByItsLetterFailed)
-{
-    form.cmddetails.onClick = [] { throw std::runtime_error("The report could not be started."); };
-    Focus(form.amount);
-    Press(Qt::Key_D, Qt::AltModifier);
-    EXPECT_EQ(boxes.Take().text, "The report could not be started.");
-}
-
 TEST_F(Selectors, OpenADropDownOnItsFirstEntry)
 {
     for (combo* field : {&form.kinds, &form.place}) {
@@ -143,21 +135,6 @@ TEST_F(Selectors, KeepTheirChoiceWhenTheWheelTurnsOverThem)
     QApplication::sendEvent(&box, &turn);
     EXPECT_EQ(form.kinds.text(), "Firm");
     EXPECT_EQ(form.focused(), &form.name);
-}
-
-TEST_F(Selectors, ShowWhatLiesOverAFieldOverItsCard)
-{
-    view.Act([&] { form.Raise(form.side, form.sidetext); });
-    Settle();
-    form.sidetext.SetOffers({"Rent of godown"});
-    Type("r");
-    const auto* offered = view.findChild<QListWidget*>("offers of sidetext");
-    ASSERT_TRUE(offered);
-    EXPECT_EQ(view.childAt(offered->geometry().center()), offered->viewport());
-    Focus(form.sideamount);
-    Type("=2*3");
-    QWidget* line = view.focusWidget();
-    EXPECT_EQ(view.childAt(line->mapTo(&view, line->rect().center())), line);
 }
 
 TEST_F(Selectors, OfferTextsBelowAFieldWithoutTakingTheKeyboard)

@@ -1,8 +1,8 @@
 #include "income/frmReminder.h"
 
 #include "income/FrmHelp.h"
-#include "income/summary_under_test.h"
 #include "startup/shared_services.h"
+#include "support/empty_practice.h"
 #include "support/typing.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace {
 
 class Reminder : public testing::Test {
   protected:
-    Reminder() : summary(practice.Begin())
+    Reminder() : summary(practice.Begin(2023, "06"))
     {
         EXPECT_TRUE(summary.Mnemonic(U'r'));
         form = dynamic_cast<frmReminder*>(practice.run->screens.OnDisplay());
@@ -34,7 +34,7 @@ class Reminder : public testing::Test {
         form->Do([&] { form->LV.Click(1); });
     }
 
-    SummaryUnderTest practice;
+    EmptyPractice practice;
     frmbusiness& summary;
     frmReminder* form = nullptr;
 };
@@ -144,9 +144,9 @@ TEST_F(Reminder, ClosingClearsTheReminderAndReturns)
 
 TEST(Help, ShowsTheTextOfATopic)
 {
-    SummaryUnderTest practice;
+    EmptyPractice practice;
     practice.Tax().Insert("vornhelp", {{"name", "Maximum Deduction ?"}, {"Desc", "Up to the limit."}});
-    practice.Begin();
+    practice.Begin(2023, "06");
     struct {
         const char* topic;
         const char* text;

@@ -58,15 +58,6 @@ TEST(SubMain, TouchesNoFileWhenAnotherOneIsMissing)
     EXPECT_FALSE(std::filesystem::exists(practice.folder.path() / "server/company.mdb.v0.bak"));
 }
 
-TEST(SubMain, GivesTheWorkingFileItsOwnStrings)
-{
-    EmptyPractice practice;
-    const pgbp::Run& run = practice.Start();
-    const std::string text = JetConnectionString(DataFileNamed(run, "qeltemp"));
-    EXPECT_NE(text.find("client;Driver="), std::string::npos) << text;
-    EXPECT_EQ(text.find("PWD="), std::string::npos) << text;
-}
-
 TEST(SubMain, ChecksForIndASByYearAndStatus)
 {
     struct {

@@ -38,26 +38,6 @@ struct TextFor {
     std::string operator()(bool HandOver::*) const { return "yes"; }
 };
 
-TEST(HandOverRow, CarriesEveryColumn)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    HandOver record;
-    for (const HandOverColumn& column : HandOverColumns())
-        SetColumn(record, std::string(column.name) + '=' + std::visit(TextFor(), column.variable));
-    WriteHandOverFile(practice, {});
-    WriteHandOverFile(practice, record);
-
-    const Connection file = OpenFile({practice.HandOverFile(), {}});
-    const Recordset rows = file.Query("select * from {main}");
-    ASSERT_EQ(rows.Size(), 1u);
-    for (const HandOverColumn& column : HandOverColumns()) {
-        const std::string expected = std::visit(TextFor(), column.variable);
-        EXPECT_EQ(rows.First()[column.name].Text(), expected == "yes" ? "1" : expected) << column.name;
-    }
-    EXPECT_TRUE(ReadBack(practice).GlProv);
-}
-
 TEST(HandOverRow, FileIsMadeAgainWhereItIsMissing)
 {
     const NewPractice made;
