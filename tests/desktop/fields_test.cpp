@@ -117,16 +117,6 @@ TEST_F(Fields, WorkOutALineOverAnAmount)
     EXPECT_EQ(form.focused(), &form.name);
 }
 
-TEST_F(Fields, UndoGivesBackWhatWasTyped)
-{
-    form.name = "Mehta";
-    Focus(form.name);
-    Type("X");
-    ExpectBoth(form.name, "X");
-    Press(Qt::Key_Z, Qt::ControlModifier);
-    ExpectBoth(form.name, "Mehta");
-}
-
 TEST_F(Fields, ShowTheWholeTextSelectedOnEveryArrival)
 {
     form.amount = "100.00";

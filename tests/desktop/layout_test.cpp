@@ -72,20 +72,6 @@ TEST_F(Pages, TellFieldsByTheirCaptionAndAmountsByTheirSign)
     EXPECT_FALSE(KeyboardOf(form.amount)->isEnabled());
 }
 
-TEST_F(Pages, DrawComputedAmountsInGroups)
-{
-    view.Act([&] {
-        form.total = "2472131.00";
-        form.totalP = "Not Allowed";
-        form.caption = "Section 80, 1250000";
-    });
-    const auto shown = [&](const Label& label) { return view.Find(&label)->widget()->accessibleName(); };
-    EXPECT_EQ(shown(form.total), "24,72,131.00");
-    EXPECT_EQ(shown(form.totalP), "Not Allowed");
-    EXPECT_EQ(shown(form.caption), "Section 80, 1250000");
-    EXPECT_EQ(form.total.text(), "2472131.00");
-}
-
 TEST_F(Pages, FollowTheFormWhenItChangesByItself)
 {
     form.total = "99.00";
@@ -205,18 +191,6 @@ TEST_F(Cards, LieBelowWhatBelongsToTheirFields)
         EXPECT_GT(offered.y(), PlaceOf(form.sidetext).bottom()) << room.width();
         Press(Qt::Key_Escape);
     }
-}
-
-TEST_F(Cards, GrowWithARowThatAppearsWhileTheyAreUp)
-{
-    OpenSide(1);
-    view.Act([&] { form.siderows.visible = form.sideamount.visible = form.cmdadd.visible = false; });
-    Settle();
-    const int heightWithout = view.Find(&form.side)->widget()->height();
-    view.Act([&] { form.sideamount.visible = true; });
-    Settle();
-    EXPECT_GE(view.Find(&form.side)->widget()->height(), heightWithout + RowHeight());
-    EXPECT_EQ(ScrollBars(*KeyboardOf(form.sideamount), Qt::Vertical), 0);
 }
 
 TEST_F(Cards, LeaveThePlaceOfARowThatComesAndGoes)

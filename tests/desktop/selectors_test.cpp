@@ -204,22 +204,6 @@ TEST_F(Selectors, CopyRowsOfAGridForASpreadsheet)
     EXPECT_EQ(QApplication::clipboard()->text(), "1\tShop\t-1250.50\n2\tMill\t300.00\n3\tFarm\t0.00\n");
 }
 
-TEST_F(Selectors, DrawAmountsInGroupsAndNeverCutThem)
-{
-    const std::string largest = "-12345678901234.50";
-    view.Act([&] {
-        form.lines.SetRows({{"2015", "1250000", "2472131.00", "x"}, {"1", "Mill", largest, "y"}});
-        form.lines.SetFooter({"", "1250000", "-12345676429103.50"});
-    });
-    const auto& table = WidgetOf<QTableView>(form.lines);
-    const auto shown = [&](int row, int column) { return table.model()->index(row, column).data().toString(); };
-    EXPECT_EQ(shown(0, 2), "24,72,131.00");
-    EXPECT_EQ(shown(0, 0), "2015");
-    EXPECT_EQ(shown(0, 1), "1250000");
-    EXPECT_EQ(form.lines.Cell(1, 2), "2472131.00");
-    EXPECT_GE(table.columnWidth(2), table.fontMetrics().horizontalAdvance(shown(1, 2)));
-}
-
 TEST_F(Selectors, MarkAComputedAmountToCopyIt)
 {
     view.Act([&] { form.total = "-2472131.00"; });

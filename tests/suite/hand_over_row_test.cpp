@@ -49,18 +49,6 @@ TEST(HandOverRow, FileIsMadeAgainWhereItIsMissing)
     EXPECT_EQ(ReadBack(practice).Glcode, record.Glcode);
 }
 
-TEST(HandOverRow, TakesWordsOfEachKindInAnyCase)
-{
-    HandOver record;
-    for (const char* word : {"GLLARGE=TRUE", "glrem=-1", "GLlock=-32768", "GLminor=1e3", "GlPrCode=", "GLtitle=a=b"})
-        SetColumn(record, word);
-    EXPECT_TRUE(record.GlLarge);
-    EXPECT_TRUE(record.GLrem);
-    EXPECT_EQ(record.GLlock, -32768);
-    EXPECT_EQ(record.GLminor, 1000);
-    EXPECT_EQ(record.GLtitle, "a=b");
-}
-
 TEST(HandOverRow, RefusesWhatDoesNotFit)
 {
     for (const char* word :

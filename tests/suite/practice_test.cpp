@@ -73,20 +73,6 @@ TEST(NewPracticeFolder, HoldsEveryTemplateInTheStoreAndInTheReference)
               false);
 }
 
-TEST(NewPracticeFolder, EveryTableThatARunReadsHasRows)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    for (const auto& [connection, tables] :
-         {std::pair(&practice.company, std::vector{"business", "business1", "misc_items", "assessee", "assessee1",
-                                                   "setup", "user1", "user_comp", "misc"}),
-          std::pair(&practice.balance, std::vector{"qelgeneral", "fassets", "compu", "misc_items"}),
-          std::pair(&practice.tax, std::vector{"system", "misc", "statecode", "Coun", "air", "vornhelp"})})
-        for (const char* table : tables)
-            EXPECT_GT(Count(*connection, std::string("from {") + table + '}'), 0) << table;
-    EXPECT_EQ(Count(practice.tax, "from {air} where type = '10ABC'"), 8);
-}
-
 TEST(NewPracticeFolder, EveryStateHasItsCodeAndEveryAddressAState)
 {
     const NewPractice made;
@@ -98,16 +84,6 @@ TEST(NewPracticeFolder, EveryStateHasItsCodeAndEveryAddressAState)
         EXPECT_NE(StateCode(row[office ? "state_o" : "state_r"].Text()), "0");
         EXPECT_EQ(row[office ? "pin_o" : "pin_r"].Text().size(), 6u);
     }
-}
-
-TEST(NewPracticeFolder, AssessmentYearsFollowEachOther)
-{
-    const NewPractice made;
-    const auto years = AssessmentYears(made.Open());
-    EXPECT_EQ(years.front(), "2001-02");
-    EXPECT_EQ(years[8], "2009-10");
-    EXPECT_EQ(years.back(), "2026-27");
-    EXPECT_EQ(years.size(), 26u);
 }
 
 TEST(NewPracticeFolder, NeverTouchesAFolderThatHoldsSomething)
@@ -139,13 +115,6 @@ TEST(PracticeThatStands, IsRefusedWithASentenceWhenItIsNone)
     EXPECT_THROW(Practice{empty.path()}, std::runtime_error);
     clsIniFile{made.folder() / "Settings.ini"}.WriteValue("DBTYPE", "DB", "sql");
     EXPECT_THROW(made.Open(), std::runtime_error);
-}
-
-TEST(PracticeThatStands, TellsWhereDriveTxtIsWrong)
-{
-    const NewPractice made;
-    std::ofstream(made.folder() / "Drive.txt") << "/no/such/folder\n";
-    EXPECT_THROW(made.Open().HandOverFile(), std::runtime_error);
 }
 
 TEST(FilledPractice, HoldsExactlyTheAssesseeYearsAskedFor)

@@ -128,28 +128,6 @@ TEST_F(ListOfYears, ReadsAHeadOnceAndAgainAfterARun)
     EXPECT_EQ(reads, 2);
 }
 
-TEST_F(ListOfYears, HeadsThatCanNotBeReadAreNotAskedForAgain)
-{
-    int tried = 0;
-    YearList broken([&](AssesseeYear&) {
-        ++tried;
-        throw std::runtime_error("disk");
-    });
-    broken.Show({Year("7r2022-23", 7, "A", "P", "01")});
-    broken.Sort({YearList::Head, true});
-    EXPECT_EQ(broken.CellText(0, YearList::Head), "cannot be read");
-    EXPECT_EQ(tried, 1);
-}
-
-TEST_F(ListOfYears, SaysWhyItIsEmpty)
-{
-    list.Search("nobody");
-    EXPECT_NE(list.WhyEmpty().find("\"nobody\""), std::string::npos);
-    EXPECT_EQ(list.RowOf("7r2022-23"), std::nullopt);
-    list.Show({});
-    EXPECT_NE(list.WhyEmpty().find("no clients yet"), std::string::npos);
-}
-
 TEST(OrderOfYears, TurnsRoundOnTheSameColumnAndIsKeptAsAWord)
 {
     using Order = YearList::Order;

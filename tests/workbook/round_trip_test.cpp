@@ -89,13 +89,6 @@ TEST(RoundTripTest, TextsOfAnyScriptAndLengthComeBack)
     EXPECT_EQ(ReadXls(WriteXls({{sheet}})).sheets.front(), sheet);
 }
 
-TEST(RoundTripTest, ATextIsStoredOnce)
-{
-    const std::string text(1000, 't');
-    const auto once = WriteXls({{Column({text})}}).size();
-    EXPECT_LT(WriteXls({{Column(std::vector<Value>(50, text))}}).size(), once + 5000);
-}
-
 TEST(RoundTripTest, ReadsWhatOtherProgramsHaveWritten)
 {
     const std::pair<const char*, Value> cells[] = {{"A1", "Serial"},
