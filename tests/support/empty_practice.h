@@ -210,10 +210,10 @@ class EmptyPractice {
     template <typename... Openings>
     void NoteAll(Run& its, ScreenName<Openings>... screen)
     {
-        (Note(its, screen), ...);
+        (NoteOpening(its, screen), ...);
     }
     template <typename Opening>
-    void Note(Run& its, ScreenName<Opening> screen)
+    void NoteOpening(Run& its, ScreenName<Opening> screen)
     {
         its.screens.Register<Opening>(screen, [this, screen](Run& made, const Opening& opening) {
             openings.emplace_back(screen.text, LineOpening());
