@@ -74,19 +74,6 @@ TEST_F(Computation, EditShowsTheLineAndAddsItUpInOrder)
     EXPECT_TRUE(boxes.shown.empty());
 }
 
-TEST_F(Computation, TypingAnAmountDoesNotTouchTheStore)
-{
-    FullLine();
-    frmbusinesscal& screen = OpenScreen();
-    const Connection company = Company();
-    const Connection working = File("client/data/qeltemp.mdb");
-    company.Execute("begin exclusive");
-    working.Execute("begin exclusive");
-    Type(screen, screen.TxtOth, "1234.56");
-    EXPECT_EQ(screen.lbltot1.text(), "865234.56");
-    EXPECT_TRUE(boxes.shown.empty());
-}
-
 TEST_F(Computation, SaveReplacesTheLineInOneGo)
 {
     FullLine();
@@ -156,36 +143,6 @@ TEST_F(Computation, ClaimsGoWithTheTwoQuestions)
                       Count("business1", "[Type] = '10ABC' collate binary"),
                   claimed);
     }
-}
-
-TEST_F(Computation, RefusesALineWithoutFiguresOrDescription)
-{
-    frmbusinesscal& screen = OpenScreen();
-    Type(screen, screen.TxtOth, "5"); // does not count
-    screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(boxes.Take().title, "Vorn - Information");
-    Type(screen, screen.txtlessdep, "5");
-    screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(boxes.Take().title, "Vorn - Infromation");
-    EXPECT_EQ(screen.focused(), &screen.header.txtdescr1);
-    EXPECT_EQ(Count("business", "1 = 1"), "0");
-}
-
-TEST_F(Computation, BackLeavesTheStoreAsItWas)
-{
-    FullLine();
-    frmbusinesscal& screen = OpenScreen();
-    Type(screen, screen.header.txtdescr1, "changed");
-    screen.Click(screen.cmd511);
-    screen.Click(screen.header.CmdBack);
-    EXPECT_FALSE(screen.fra1.panel.visible);
-    EXPECT_EQ(run->screens.OnDisplay(), &screen);
-    boxes.answers = {Answer::Yes};
-    screen.Click(screen.header.CmdBack);
-    EXPECT_EQ(boxes.Take().title, "Vorn - Confirmation");
-    EXPECT_EQ(run->screens.OnDisplay()->name(), "frmbusiness");
-    EXPECT_EQ(Stored("select name1 from {business}"), "Main works");
-    EXPECT_EQ(Balance().Scalar("select count(*) from {fassets} where sno = 90000").Number(), 0);
 }
 
 TEST_F(Computation, LeavingAsksOnlyWhenSomethingWasAltered)
@@ -414,16 +371,6 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 0);
 }
 
-TEST_F(Computation, AmountsBeyondTheLargestOpenAndCanBeDeleted)
-{
-    Year(2006);
-    Line("1", {{"PNL", 1.7e308}, {"dep1", 1.7e308}});
-    frmbusinesscal& screen = OpenScreen();
-    boxes.answers = {Answer::Yes};
-    screen.Click(screen.header.CmdDel);
-    EXPECT_EQ(Stored("select count(*) from {business}"), "0");
-}
-
 TEST_F(Computation, ALockedStoreDoesNotKeepThePreparer)
 {
     FullLine();
@@ -453,16 +400,6 @@ TEST_F(Computation, StatementIsOpenedForTheLine)
         EXPECT_EQ(run->GLrep, indAs ? "NEWPNL" : "PNL");
         EXPECT_EQ(given.sno, kSno);
         EXPECT_EQ(given.descr1 + '/' + given.descr2, "Main works/second");
-    }
-}
-
-TEST_F(Computation, ClosesTheDoorsToScreensThatAreNotThere)
-{
-    FullLine();
-    const frmbusinesscal& screen = OpenScreen();
-    for (const cmd* door : {&screen.header.CmdPNL, &screen.CmdDep, &screen.CmdF, &screen.presumptive.cmdsave44ad}) {
-        EXPECT_FALSE(door->enabled) << door->name();
-        EXPECT_EQ(door->toolTip.get(), "Not part of this version yet");
     }
 }
 

@@ -86,48 +86,6 @@ TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
     EXPECT_EQ(Totals(partners), "100.00 12500.00 240000.00"); // who left has no share
 }
 
-TEST_F(PartnersFrame, ChecksOfAddInTheirOrder)
-{
-    struct Step {
-        TextBox& field;
-        const char* text;
-        const char* message; ///< that Add shows before the field is filled
-    };
-    Line("1");
-    Detail("PARTREMU", {{"name1", "Asha"}, {"amt2", 60}});
-    frmbusinesscal& screen = OpenPartners();
-    Partners& partners = screen.partners;
-    EXPECT_FALSE(partners.TXTDin.visible); // nobody's status is chosen
-    Type(screen, partners.txtratio, "40.01");
-    const Step kSteps[] = {
-        {partners.txtratio, "-5", "Total Ratio can not be greater than 100...."},
-        {partners.txtpartner, "Bela", "Please fill name of Partner...."},
-        {partners.TxtPart_Add, "1 Mall", "Please fill Address...."},
-        {partners.TxtCity, "Agra", "Please fill City...."},
-        {partners.txtstate, "Utopia", "Please fill State...."},
-        {partners.txtstate, "Uttar Pradesh", "Please select the name of state from the list..."},
-        {partners.TxtPIN, "282001", "Please fill Pin Code...."},
-        {partners.txtratio, "40", "Please fill profit sharing ratio of Partner correctly...."},
-    };
-    for (const auto& [field, text, message] : kSteps) {
-        screen.Click(partners.cmdaddpart);
-        EXPECT_EQ(boxes.Take().text, message);
-        EXPECT_EQ(screen.focused(), &field) << message;
-        Type(screen, field, text);
-    }
-    screen.Click(partners.cmdaddpart);
-    EXPECT_EQ(boxes.Take().text, "Please fill Status of Partner...");
-    partners.CboStatus.Choose(1);
-    EXPECT_FALSE(partners.TXTDin.visible);
-    partners.CboStatus.Choose(0);
-    EXPECT_TRUE(partners.TXTDin.visible);
-    screen.Click(partners.cmdaddpart);
-    EXPECT_TRUE(boxes.shown.empty());
-    EXPECT_EQ(partners.DbPart.Rows(), 2);
-    EXPECT_EQ(partners.CboStatus.text() + partners.txtpartner.text() + partners.txtratio.text(), "0.00");
-    EXPECT_EQ(screen.focused(), &partners.txtpartner);
-}
-
 TEST_F(PartnersFrame, OlderYearsAskForLess)
 {
     Year(2011, "09");

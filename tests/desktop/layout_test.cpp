@@ -225,16 +225,6 @@ TEST_F(Pages, KeepTheirButtonsNearTheirRowsUnlessAListTakesTheHeight)
     EXPECT_LT(shortView.Find(&shortForm.CmdBack)->widget()->geometry().bottom(), HighestPage() + 3 * RowHeight());
 }
 
-TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
-{
-    view.Act([&] { form.Raise(form.side, form.sidetext); });
-    Settle();
-    const QRect amount = PlaceOf(form.sideamount);
-    EXPECT_EQ(PlaceOf(form.sidetext).right(), PlaceOf(form.siderows).right());
-    EXPECT_LT(amount.right(), PlaceOf(form.cmdadd).left());
-    EXPECT_LT(PlaceOf(form.cmdadd).right(), amount.right() + amount.width());
-}
-
 TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
 {
     view.resize(1100, 1000);
@@ -255,13 +245,4 @@ TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
     view.Act([&] { form.lines.SetFooter({}); });
     Settle();
     EXPECT_EQ(table.height(), table.parentWidget()->height());
-}
-
-TEST_F(Pages, GiveANarrowColumnOfAGridTheLeastFromTheWideOnes)
-{
-    view.Act([&] { form.Raise(form.side, form.sidetext); });
-    Settle();
-    const auto& table = WidgetOf<QTableView>(form.siderows);
-    EXPECT_GT(table.columnWidth(0), table.fontMetrics().horizontalAdvance("10AA"));
-    EXPECT_EQ(table.columnWidth(0) + table.columnWidth(1) + table.columnWidth(2), table.viewport()->width());
 }

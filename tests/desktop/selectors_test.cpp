@@ -32,14 +32,6 @@ TEST_F(Selectors, PressButtonsByMouseSpaceEnterAndLetter)
     EXPECT_EQ(WidgetOf<QPushButton>(form.cmdopen).text(), "&Normal Business");
 }
 
-TEST_F(Selectors, PressLettersOfButtonsThatAreNotLaidOut)
-{
-    bool pressed = false;
-    form.notLaidOut.onClick = [&] { pressed = true; };
-    Press(Qt::Key_H, Qt::AltModifier);
-    EXPECT_TRUE(pressed);
-}
-
 TEST_F(Selectors, KeepTheMainFrameFromUseBehindACard)
 {
     view.Act([&] { form.Raise(form.side, form.sidetext); });

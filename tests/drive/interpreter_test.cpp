@@ -161,17 +161,6 @@ TEST_F(Driver, SaysThatTheRunHasEnded)
     EXPECT_EQ(Play("show\nget Board.sum\n"), "ended\nerror: line 2: the run has ended");
 }
 
-TEST_F(Driver, SeesThatNothingBehindACardCanBeUsed)
-{
-    auto& board = static_cast<Board&>(*run.screens.OnDisplay());
-    board.Raise(board.fra1, board.fra1);
-    EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
-    board.Lower(board.fra1);
-    EXPECT_EQ(Play("get Board.ask.enabled\n"), "true\n");
-    board.framain.enabled = false;
-    EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
-}
-
 TEST_F(Driver, AnswersBoxesAndPrintsThem)
 {
     const std::string box = "message | Vorn - Deletion | Yes, No | Line one\\nline two\n";

@@ -48,27 +48,6 @@ TEST_F(ListOfLines, OpensTheChosenLine)
     EXPECT_FALSE(form.lines.fra1.visible);
 }
 
-TEST_F(ListOfLines, RefusesAChildsLineInTheAssesseesRunOnly)
-{
-    TwoLines();
-    auto& form = practice.Begin(2023, "06");
-    form.Click(form.cmd1);
-    form.Press(Key::Enter);
-    EXPECT_EQ(practice.boxes.Take().text, "This business belongs to minor & can not be changed from here.");
-    EXPECT_TRUE(practice.openings.empty());
-    EXPECT_TRUE(form.lines.fra1.visible);
-
-    EmptyPractice minor;
-    minor.Line("1", {{"SNO", 9}, {"name1", "asha"}, {"Minor", 2}});
-    minor.Line("1", {{"SNO", 4}, {"name1", "Zari"}});
-    minor.handOver.GLminor = 2;
-    auto& minors = minor.Begin(2023, "06");
-    minors.Click(minors.cmd1);
-    EXPECT_EQ(minors.lines.DBGrid1.Rows(), 1);
-    minors.Press(Key::Enter);
-    EXPECT_EQ(minor.openings.size(), 1U);
-}
-
 TEST_F(ListOfLines, AddsALineWhereItsKindAllows)
 {
     TwoLines();
@@ -97,19 +76,6 @@ TEST_F(ListOfLines, OpensTheScreenAtOnceWhenNothingIsStored)
     ASSERT_EQ(practice.openings.size(), 1U);
     EXPECT_EQ(practice.openings[0].first, "frmbusinesscal1");
     EXPECT_EQ(practice.openings[0].second.caption, "Specified Business u/s 35AD");
-}
-
-TEST_F(ListOfLines, BackLeavesTheListFirst)
-{
-    TwoLines();
-    auto& form = practice.Begin(2023, "06");
-    form.Click(form.cmd1);
-    form.Click(form.CmdBack);
-    EXPECT_FALSE(practice.run->screens.Ended());
-    EXPECT_EQ(form.focused(), &form.cmd1);
-    form.Click(form.cmd2);
-    form.Press(Key::Escape);
-    EXPECT_EQ(form.focused(), &form.cmd2);
 }
 
 TEST_F(ListOfLines, KeepsTheRowsOfOtherAssesseesInTheWorkingTable)

@@ -43,28 +43,6 @@ using Titles = std::vector<std::string>;
 
 } // namespace
 
-TEST_F(Reminder, KeepsNotesUnderTheirTitles)
-{
-    ASSERT_NE(form, nullptr);
-    Write("Ask for 'Form 16A'", "100% by July; \"urgent\"\nsecond line");
-    EXPECT_FALSE(form->Frame1.visible);
-    EXPECT_EQ(form->LV.items(), Titles{"Ask for Form 16A"}) << "the title drops quotes at the key";
-    OpenFirst();
-    EXPECT_EQ(form->txtmmo.text(), "100% by July; \"urgent\"\nsecond line");
-    EXPECT_EQ(form->lbldate.text(), "Saturday Jul, 15 2023   10:30 AM");
-    EXPECT_EQ(form->mnudel.caption.get(), "&Delete");
-}
-
-TEST_F(Reminder, RefusesASecondNoteOfTheSameTitle)
-{
-    Write("TDS", "one");
-    Write("tds", "two");
-    EXPECT_EQ(practice.boxes.Take().text, "Item Title already exists......");
-    EXPECT_EQ(form->focused(), &form->txthead);
-    EXPECT_TRUE(form->Frame1.visible);
-    EXPECT_EQ(form->LV.items(), Titles{"TDS"});
-}
-
 TEST_F(Reminder, ChangesAndDeletesTheNoteThatWasOpened)
 {
     Write("TDS", "one");

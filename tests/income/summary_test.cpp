@@ -121,42 +121,6 @@ TEST(Summary, NotesWhetherThereIsAnyBusiness)
     }
 }
 
-TEST(Summary, SendsACompanysExemptSharesElsewhere)
-{
-    EmptyPractice practice;
-    auto& form = practice.Begin(2023, "12");
-    EXPECT_FALSE(form.cmd7.enabled);
-    EXPECT_TRUE(practice.boxes.shown.empty());
-
-    EmptyPractice withShare;
-    withShare.Company().Insert("misc_items", {{"code", "A0001r2023-24"}, {"Type", "SPRO"}});
-    withShare.Begin(2023, "12");
-    const Message message = withShare.boxes.Take();
-    EXPECT_EQ(message.title, "");
-    EXPECT_EQ(message.text, "Please remove figure from Remu./Intt from AOP/BOI and partnership firm and fill it in "
-                            "exempt income field of Normal Business");
-}
-
-TEST(Summary, AsksATrustForItsIncomeUnderSection11)
-{
-    EmptyPractice practice;
-    const Connection balance = practice.Balance();
-    balance.Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "CHERI"}, {"amt1", 1}});
-    balance.Insert("qelgeneral", {{"code", "A0001r2023-24"}, {"Type", "SEC(11)4"}, {"amt1", 4321.5}});
-    auto& form = practice.Begin(2023, "08");
-    EXPECT_EQ(form.TxtSec11.text(), "4321.50");
-    EXPECT_EQ(form.lbltotal.text(), "0.00") << "not part of the sums";
-    form.Do([&] { form.SetFocus(form.TxtSec11); });
-    form.Type(U'9');
-    form.Press(Key::Enter);
-    const Recordset stored = balance.Query("select amt1 from {qelgeneral} where [Type] = 'SEC(11)4'");
-    ASSERT_EQ(stored.Size(), 1U);
-    EXPECT_EQ(stored.First().At(0).Number(), 9);
-
-    EmptyPractice other;
-    EXPECT_FALSE(other.Begin(2023, "08").TxtSec11.visible);
-}
-
 TEST(Summary, ShowsThePrecedingYearBeside)
 {
     EmptyPractice practice;
@@ -256,17 +220,6 @@ TEST(Summary, TakesTheCodeWithoutBlanks)
     practice.handOver.Glstatus = "01";
     practice.Start();
     EXPECT_EQ(practice.Summary().lbl1.text(), "1000.00");
-}
-
-TEST(Summary, LockedLeavesOnlyTheWayBack)
-{
-    EmptyPractice practice;
-    practice.handOver.GLlock = 1;
-    auto& form = practice.Begin(2023, "06");
-    EXPECT_EQ(form.Stops(), std::vector<Control*>{&form.CmdBack});
-    EXPECT_FALSE(form.partners.txtlesspart1.enabled);
-    form.Click(form.CmdBack);
-    EXPECT_EQ(practice.Balance().Query("select * from {qelgeneral} where [Type] = 'BUSI'").Size(), 1U);
 }
 
 TEST(Summary, ReportsOnThePrecedingYear)

@@ -183,29 +183,6 @@ TEST(DataFiles, AFileInUseTellsWhyItRefuses)
     }
 }
 
-TEST(DataFiles, AFileThatCanOnlyBeReadIsFoundBeforeItIsWrittenTo)
-{
-    const TemporaryFolder folder;
-    const path file = folder / "company.mdb";
-    const std::string whole = FilledFile(folder);
-    LetEverybodyIn(folder / ".");
-    const auto trial = [&](const path& taken) {
-        const WithoutRights without(taken, kWriting);
-        const auto company = OpenFile({.path = file, .dsn = {}});
-        EXPECT_EQ(company.Scalar("select count(*) from {business}").Number(), 2000);
-        try {
-            company.CheckWritable();
-        } catch (const StoreError& error) {
-            return error.cause();
-        }
-        return Cause::Unknown;
-    };
-    EXPECT_EQ(trial(file), Cause::ReadOnly);
-    EXPECT_EQ(trial(folder / "."), Cause::ReadOnly) << "no journal can stand beside the file";
-    OpenFile({.path = file, .dsn = {}}).CheckWritable();
-    EXPECT_EQ(Read(file), whole) << "a trial leaves nothing behind";
-}
-
 TEST(DataFiles, AFileLeftInAnotherJournalModeComesBackToRollback)
 {
     const TemporaryFolder folder;

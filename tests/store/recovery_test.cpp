@@ -60,29 +60,6 @@ void KillWhileWriting(const TemporaryFolder& folder, double round, std::mt19937&
     close(told[1]);
 }
 
-TEST(Recovery, AKilledWriterLeavesAllOrNothingInBothFiles)
-{
-    const TemporaryFolder folder;
-    OpenNewFiles(folder, {"company", "balance"});
-    std::mt19937 random(std::random_device{}());
-    double round = 0;
-    for (int kill = 0; kill < 40; ++kill) {
-        KillWhileWriting(folder, round, random);
-        const auto files = Open(folder);
-        const Recordset lines =
-            files[0].Query("select count(*) as n, min(sno) as low, max(sno) as high from {business}");
-        const Recordset incomes =
-            files[1].Query("select count(*) as n, min(gross) as low, max(gross) as high from {compu}");
-        const Row line = lines.First(), income = incomes.First();
-        round = line["high"].Number();
-        EXPECT_EQ(line["n"].Number(), round == 0 ? 0 : 10);
-        EXPECT_EQ(line["low"].Number(), round);
-        for (const char* column : {"n", "low", "high"})
-            EXPECT_EQ(line[column].Number(), income[column].Number()) << column;
-    }
-    EXPECT_GT(round, 0) << "no round was ever finished: the test shows nothing";
-}
-
 class JointJournal : public testing::Test {
   protected:
     JointJournal() { OpenNewFiles(folder, {"company", "balance"}); }

@@ -130,26 +130,6 @@ TEST_F(Chooser, LettersTypedAnywhereReplaceTheSearchAndEscapeClearsIt)
     EXPECT_EQ(Search().text(), "") << "no button has this letter";
 }
 
-TEST_F(Chooser, KeepsTheOrderOfTheList)
-{
-    window.Search("1006r2022");
-    QTest::keyClick(&Search(), Qt::Key_2, Qt::ControlModifier); // by year
-    EXPECT_EQ(Cell(Table().currentIndex().row(), YearList::Code), "1006r2022-23");
-    QTest::keyClick(&Table(), Qt::Key_Escape);
-    EXPECT_EQ(Cell(0, YearList::Year), "2024-25");
-    auto* heading = Table().horizontalHeader();
-    QTest::mouseClick(heading->viewport(), Qt::LeftButton, {},
-                      {heading->sectionViewportPosition(YearList::Code) + 20, 10});
-    EXPECT_EQ(Cell(0, YearList::Code), "1001r2021-22");
-    EXPECT_EQ(heading->sortIndicatorSection(), YearList::Code);
-    window.close();
-
-    const ChooserWindow again(folder.folder(), Module());
-    const auto* table = again.findChild<QTableView*>();
-    EXPECT_EQ(table->model()->index(0, YearList::Code).data().toString(), "1001r2021-22");
-    EXPECT_EQ(table->horizontalHeader()->sortIndicatorSection(), YearList::Code);
-}
-
 TEST_F(Chooser, EnterWalksADialogToItsButton)
 {
     InDialog("&New Client ...", [&](QDialog& dialog) {
@@ -198,21 +178,6 @@ TEST_F(Chooser, SettingsAreKeyedInADialogAndGoIntoTheRun)
     ReadHandOver(OpenFile({folder.Open().HandOverFile(), {}}), record);
     EXPECT_EQ(record.GLlock, 1);
     EXPECT_TRUE(record.GlLarge);
-}
-
-TEST_F(Chooser, EnterStartsTheModuleOnTheRowAndStaysAlive)
-{
-    Write("echo \"$PGBP_PROGRAM_FOLDER\" > \"$0.seen\"; until [ -e \"$0.back\" ]; do sleep 0.02; done");
-    window.Search("1006r2022");
-    QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Return);
-    WaitFor("is open in the module");
-    window.Open(); // a second run waits for the first to end
-    const Connection balance = folder.Open().balance;
-    balance.Delete("from {qelgeneral} where code = '1006r2022-23' and [Type] = 'BUSI'");
-    balance.Insert("qelgeneral", {{"code", "1006r2022-23"}, {"Type", "BUSI"}, {"amt14", 497000}});
-    scripts.Write("module.back", "");
-    WaitFor("Profits & gains of Gurpreet Singh, 2022-23: 4,97,000.00");
-    EXPECT_EQ(scripts.Read("module.seen"), folder.folder().string() + "\n");
 }
 
 TEST_F(Chooser, TellsWhyTheModuleEnded)

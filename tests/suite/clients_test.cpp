@@ -164,24 +164,6 @@ TEST_F(DemonstrationClients, AnnexureFollowsTheBlocksFromYearToYear)
     EXPECT_GT(closing.size(), 12u);
 }
 
-TEST_F(DemonstrationClients, PartnersGetWhatSection40bAllows)
-{
-    for (const char* year : {"2021-22", "2022-23", "2023-24"})
-        EXPECT_EQ(Company("sum(amt2) from {business1} where type = 'PARTREMU'", CodeOf(1003, year)), 100);
-    // by hand: total 1842750 less interest 180000 = 1662750; limit 270000 + 60 % of 1362750 = 1087650; paid 720000
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2021-22"), 720000);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'PARTREMU'", "1003r2021-22"), 720000);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSINTT'", "1003r2021-22"), 180000);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2022-23"), 840000);
-    // the partner's own return shows the same
-    const Recordset firms =
-        practice.balance.Query("select * from {qelgeneral} where code = '1001r2021-22' and [Type] = 'FIRM'");
-    const Row firm = firms.First();
-    EXPECT_EQ(firm["amt3"].Number(), 180000);
-    EXPECT_EQ(firm["amt4"].Number(), 40000);
-    EXPECT_EQ(firm["amt2"].Number(), RoundOff(942750.0 / 4, 0));
-}
-
 TEST_F(DemonstrationClients, YearsAreLinkedAndTheLastOneIsInWork)
 {
     std::map<double, std::vector<AssesseeYear>> clients;
@@ -200,27 +182,6 @@ TEST_F(DemonstrationClients, YearsAreLinkedAndTheLastOneIsInWork)
             EXPECT_EQ(FindAssesseeYear(practice, code).headOfIncome.has_value(), i + 1 < years.size());
             EXPECT_GE(ReturnForm(practice, code), 4);
         }
-    }
-}
-
-TEST_F(DemonstrationClients, ShowEveryKindOfLineEveryStatusAndAMinor)
-{
-    std::string kinds;
-    for (const Row row : practice.company.Query("select distinct type from {business} order by type"))
-        kinds += row.At(0).Text();
-    EXPECT_EQ(kinds, "0123456789A");
-    std::set<std::string> statuses;
-    for (const auto& year : AssesseeYears(practice))
-        statuses.insert(year.status);
-    EXPECT_EQ(statuses, (std::set<std::string>{"01", "05", "08", "13"}));
-    EXPECT_EQ(MinorsOf(practice, "1007r2023-24"), (std::vector<double>{1, 2}));
-    EXPECT_EQ(Balance("amt1 from {qelgeneral} where [Type] = 'CHERI'", "1005r2023-24"), 1);
-    EXPECT_GT(Balance("amt1 from {qelgeneral} where [Type] = 'SEC(11)4'", "1005r2023-24"), 0);
-    EXPECT_FALSE(practice.company.Scalar("select auto_rem from {setup} where code = '1003r2023-24'").Flag());
-    // the fourth letter of a PAN tells the kind of assessee
-    for (const Row row : practice.company.Query("select pan, status from {assessee}")) {
-        const std::map<std::string, char> letters = {{"01", 'P'}, {"05", 'F'}, {"08", 'T'}, {"13", 'C'}};
-        EXPECT_EQ(row["pan"].Text().at(3), letters.at(row["status"].Text())) << row["pan"].Text();
     }
 }
 

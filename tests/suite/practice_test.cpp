@@ -37,42 +37,6 @@ TEST(NewPracticeFolder, HoldsEveryFileThatARunOpens)
     EXPECT_EQ(FileExists(made.folder() / "vorn.hlp"), 1);
 }
 
-TEST(NewPracticeFolder, HoldsEveryTemplateInTheStoreAndInTheReference)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    const Connection reference = OpenFile({made.folder() / "qel.mmm", {}});
-    const auto lines = [](const fs::path& path) {
-        std::ifstream in(path);
-        std::string line;
-        int count = -1; // the heading
-        while (std::getline(in, line))
-            ++count;
-        return count;
-    };
-    struct Case {
-        const Connection& connection;
-        std::string table;
-        int templates;
-    };
-    for (const auto& [connection, table, templates] :
-         {Case{practice.tax, "taxaudit", 17}, Case{practice.tax, "taxauditjson", 2}, Case{reference, "taxaudit", 17}}) {
-        int found = 0;
-        for (const auto& entry : fs::directory_iterator(fs::path(PGBP_DATA) / table)) {
-            if (entry.path().extension() != ".tsv")
-                continue;
-            const std::string name = entry.path().stem().string();
-            EXPECT_EQ(connection.Scalar("select count(*) from {" + table + "} where d_type = ?", name).Number(),
-                      lines(entry.path()))
-                << name;
-            ++found;
-        }
-        EXPECT_EQ(found, templates);
-    }
-    EXPECT_EQ(practice.tax.Scalar("select blocked from {taxaudit} where d_type = 'PL_5_2019' and slno = 549").Flag(),
-              false);
-}
-
 TEST(NewPracticeFolder, EveryStateHasItsCodeAndEveryAddressAState)
 {
     const NewPractice made;
@@ -115,40 +79,6 @@ TEST(PracticeThatStands, IsRefusedWithASentenceWhenItIsNone)
     EXPECT_THROW(Practice{empty.path()}, std::runtime_error);
     clsIniFile{made.folder() / "Settings.ini"}.WriteValue("DBTYPE", "DB", "sql");
     EXPECT_THROW(made.Open(), std::runtime_error);
-}
-
-TEST(FilledPractice, HoldsExactlyTheAssesseeYearsAskedFor)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    const double before = Count(practice.company, "from {assessee1}");
-    constexpr const char* kTables[] = {"business", "business1", "misc_items", "assessee", "assessee1", "setup"};
-    const auto rows = [&] {
-        double all = Count(practice.balance, "from {qelgeneral}") + Count(practice.balance, "from {fassets}") +
-                     Count(practice.balance, "from {compu}") + Count(practice.balance, "from {misc_items}");
-        for (const char* table : kTables)
-            all += Count(practice.company, std::string("from {") + table + '}');
-        return all;
-    };
-    const double rowsBefore = rows();
-    const long added = FillPractice(practice, PGBP_DATA, 100);
-    EXPECT_EQ(Count(practice.company, "from {assessee1}"), before + 100);
-    EXPECT_EQ(rows(), rowsBefore + static_cast<double>(added));
-    EXPECT_EQ(Count(practice.company, "from {business} group by sno having count(*) > 1"), 0);
-    EXPECT_EQ(Count(practice.company, "from {assessee} group by pan having count(*) > 1"), 0);
-    EXPECT_EQ(Count(practice.company, "from {assessee} group by company having count(*) > 1"), 0);
-    EXPECT_EQ(Count(practice.company, "from {assessee1} group by code having count(*) > 1"), 0);
-}
-
-TEST(LineNumbersOfAPractice, LeaveOutTheNumberOfUnsavedLines)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    practice.company.Execute("insert into {business} (code, sno) values ('x', 89998)");
-    LineNumbers lines(practice.company);
-    EXPECT_EQ(lines.Next(), 89999);
-    EXPECT_EQ(lines.Next(), 90001);
-    EXPECT_EQ(lines.Next(), 90002);
 }
 
 } // namespace
