@@ -135,25 +135,30 @@ TEST_F(AdjustmentLists, DescriptionsOfferTheOtherHeads)
 
 TEST_F(AdjustmentLists, AccountsOf44BBAreStoredWithTheirListAlone)
 {
-    Year(2017);
-    Note("NEWPLA", {{"amt1", 271}, {"name8", "5"}});
-    frmbusinesscal& screen = OpenScreen();
-    screen.Click(screen.cmd23l);
-    EXPECT_FALSE(screen.accounts.Command3.visible);
-    screen.Click(screen.fra2.back);
-    screen.Click(screen.cmdother);
-    screen.Click(screen.other.cmd570);
-    screen.Click(screen.accounts.Command3);
-    EXPECT_EQ(boxes.Take().text, "Fill Information in this option only in case of 44BB");
-    EXPECT_FALSE(screen.fra2.txtsec.Reachable());
-    Type(screen, screen.accounts.txtn2, "1000.49");
-    Type(screen, screen.accounts.txtn5, "99.50");
-    screen.Click(screen.accounts.CmdBFrame1);
-    screen.Click(screen.fra2.save);
-    std::string stored;
-    for (const Row row : Balance().Query("select * from {qelgeneral} where [Type] = 'NEWPLA' order by amt1"))
-        stored += row["amt1"].Text() + ' ' + row["name8"].Text() + ' ' + row["name9"].Text() + '\n';
-    EXPECT_EQ(stored, "269 1000 ASdf\n270 0 ASdf\n271 0 ASdf\n272 100 ASdf\n1167 100 ASdf\n");
+    for (const int year : {2016, 2017}) {
+        run.reset();
+        Year(year);
+        Note("NEWPLA", {{"amt1", 271}, {"name8", "5"}});
+        frmbusinesscal& screen = OpenScreen();
+        screen.Click(screen.cmd23l);
+        EXPECT_FALSE(screen.accounts.Command3.visible);
+        screen.Click(screen.fra2.back);
+        screen.Click(screen.cmdother);
+        screen.Click(screen.other.cmd570);
+        screen.Click(screen.accounts.Command3);
+        EXPECT_EQ(boxes.Take().text, "Fill Information in this option only in case of 44BB");
+        EXPECT_FALSE(screen.fra2.txtsec.Reachable());
+        Type(screen, screen.accounts.txtn2, "1000.49");
+        Type(screen, screen.accounts.txtn5, "99.50");
+        screen.Click(screen.accounts.CmdBFrame1);
+        screen.Click(screen.fra2.save);
+        std::string stored;
+        for (const Row row :
+             Balance().Query("select * from {qelgeneral} where code = ? order by amt1", handOver.Glcode))
+            stored += row["amt1"].Text() + ' ' + row["name8"].Text() + ' ' + row["name9"].Text() + '\n';
+        EXPECT_EQ(stored, std::string("269 1000 ASdf\n270 0 ASdf\n271 0 ASdf\n272 100 ASdf\n") +
+                              (year == 2016 ? "" : "1167 100 ASdf\n"));
+    }
 }
 
 TEST_F(AdjustmentLists, AccountsOf44BBThatAreRefusedKeepTheirListOpen)

@@ -30,24 +30,30 @@ TEST_F(Firm, DeductsTheLimitOrWhatWasPaid)
 {
     struct {
         const char* what;
+        int year;
         double paid;
         double exempt;
+        double otherHeads;
         const char* deducted;
         const char* last;
     } const rows[] = {
-        // 270000 + 60 % of 200000; the exempt income of 100000 adds 60000
-        {"limit", 900000, 0, "390000.00", "110000.00"},
-        {"limit with exempt income", 900000, 100000, "450000.00", "50000.00"},
-        {"what was paid", 250000.5, 0, "250001.00", "249999.00"},
-        {"nothing paid", 0, 0, "0.00", "500000.00"},
+        // 270000 + 60 % of 200000; the exempt income of 100000 adds 60000, other heads of 50000 add 30000
+        {"limit", 2023, 900000, 0, 0, "390000.00", "110000.00"},
+        {"limit with exempt income", 2023, 900000, 100000, 0, "450000.00", "50000.00"},
+        {"limit with other heads", 2023, 900000, 0, 50000, "420000.00", "80000.00"},
+        {"none of them before 2023", 2022, 900000, 100000, 50000, "390000.00", "110000.00"},
+        {"what was paid", 2023, 250000.5, 0, 0, "250001.00", "249999.00"},
+        {"nothing paid", 2023, 0, 0, 0, "0.00", "500000.00"},
     };
     for (const auto& row : rows) {
         EmptyPractice firm;
+        firm.Year(row.year);
         firm.Line("1", {{"NET", 500000}});
         firm.Automatic();
         firm.Detail("PARTREMU", {{"amt1", row.paid}});
         firm.Detail("544", {{"amt1", row.exempt}});
-        auto& form = firm.Begin(2023, "06");
+        firm.Detail("less", {{"amt1", row.otherHeads}});
+        auto& form = firm.Begin();
         EXPECT_EQ(form.partners.txtlesspart2.text(), row.deducted) << row.what;
         EXPECT_EQ(form.lbllast.text(), row.last) << row.what;
     }
@@ -84,6 +90,7 @@ TEST_F(Firm, StoresWhatIsTypedOnLeaving)
     practice.Detail("LESSINTT", {{"amt1", 5}, {"Minor", 0}});
     practice.Detail("LESSINTT", {{"amt1", 7}, {"Minor", 2}});
     practice.Detail("LESSREMU", {{"amt1", 6}, {"Minor", 0}});
+    practice.Detail("PARTINTT", {{"amt1", 9}, {"amt3", 0}}); // interest of which nothing is allowed
     auto& form = practice.Begin(2023, "06");
     EXPECT_EQ(form.partners.txtlesspart1.text(), "5.00") << "the assessee's own row before the child's";
     practice.Type(form, form.partners.txtlesspart1, "120000");
