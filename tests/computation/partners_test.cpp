@@ -51,7 +51,7 @@ class PartnersFrame : public LineUnderTest<frmbusinesscal> {
             lines += row["Type"].Text();
             for (const char* column : {"name1", "amt1", "amt2", "amt3", "amt4"})
                 lines += ' ' + row[column].Text();
-            lines += '\n';
+            lines += row["flag1"].Flag() ? " left\n" : "\n";
         }
         return lines;
     }
@@ -65,6 +65,7 @@ TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
                         {"amt2", 99},
                         {"amt3", 11000},
                         {"amt4", 12},
+                        {"flag1", 1},
                         {"PIN", "2"},
                         {"name2", "AAAPA1111B"}});
     Detail("PARTINTT", {{"name1", "Bela"}, {"amt1", 500}, {"amt2", 30}, {"amt3", 400}, {"flag1", 1}});
@@ -88,21 +89,32 @@ TEST_F(PartnersFrame, InterestAndRemunerationOfAPartnerAreOneRow)
 
 TEST_F(PartnersFrame, OlderYearsAskForLess)
 {
-    Year(2011, "09");
-    frmbusinesscal& screen = OpenPartners();
-    Partners& partners = screen.partners;
-    EXPECT_EQ(partners.CboStatus.items().size(), 12U);
-    const std::pair<TextBox*, const char*> kTexts[] = {{&partners.txtpartner, "Asha"},
-                                                       {&partners.TxtCity, "Agra"},
-                                                       {&partners.txtstate, "Delhi"},
-                                                       {&partners.TxtPIN, "1"},
-                                                       {&partners.txtratio, "-5"}};
-    for (const auto& [field, text] : kTexts)
-        Type(screen, *field, text);
-    screen.Click(partners.cmdaddpart);
-    screen.Click(partners.cmdsavepart); // members may share in any way
-    EXPECT_TRUE(boxes.shown.empty());
-    EXPECT_EQ(Details(), "PARTREMU Asha 0 -5 0 0\n");
+    const char* const kStatus = "Please fill Status of Partner...";
+    const char* const kAddress = "Please fill Address....";
+    const std::tuple<int, std::size_t, const char*> kCases[] = {
+        {2011, 12, ""},       {2012, 12, kStatus},  {2015, 12, kStatus}, {2016, 16, kStatus},
+        {2017, 16, kAddress}, {2018, 16, kAddress}, {2019, 19, kAddress}};
+    for (const auto& [year, kinds, message] : kCases) {
+        run.reset();
+        Year(year, "09");
+        frmbusinesscal& screen = OpenPartners();
+        Partners& partners = screen.partners;
+        EXPECT_EQ(partners.CboStatus.items().size(), kinds) << year;
+        const std::pair<TextBox*, const char*> kTexts[] = {{&partners.txtpartner, "Asha"},
+                                                           {&partners.TxtCity, "Agra"},
+                                                           {&partners.txtstate, "Delhi"},
+                                                           {&partners.TxtPIN, "1"},
+                                                           {&partners.txtratio, "-5"}};
+        for (const auto& [field, text] : kTexts)
+            Type(screen, *field, text);
+        screen.Click(partners.cmdaddpart);
+        EXPECT_EQ(*message ? boxes.Take().text : "", message) << year;
+        if (*message)
+            continue;
+        screen.Click(partners.cmdsavepart); // members may share in any way
+        EXPECT_TRUE(boxes.shown.empty());
+        EXPECT_EQ(Details(), "PARTREMU Asha 0 -5 0 0\n");
+    }
 }
 
 TEST_F(PartnersFrame, RemunerationOfOneWhoLeft)
@@ -180,10 +192,13 @@ TEST_F(PartnersFrame, SaveKeepsARowForEveryPartnerAndEntersTheIncome)
     screen.Click(partners.cmdaddpart);
     EXPECT_EQ(partners.lblallowremu.text(), "612000.00");
     Add(screen, "Bela", "40");
+    Enter(screen, "Charu", "7");
+    screen.Click(partners.ChkCurrent);
+    screen.Click(partners.cmdaddpart);
     EXPECT_EQ(Totals(partners), "100.00 30000.00 400000.00");
     screen.Click(partners.cmdsavepart);
     EXPECT_EQ(Details(), "PARTINTT O Neil 30000 60 25000 12.5\nPARTREMU O Neil 400000 60 25000 12.5\n"
-                         "PARTREMU Bela 0 40 0 0\n");
+                         "PARTREMU Bela 0 40 0 0\nPARTREMU Charu 0 7 0 0 left\n");
     EXPECT_EQ(screen.lbladdintt.text() + ' ' + screen.lbladdremu.text(), "30000.00 400000.00");
     EXPECT_EQ(screen.lblincome.text(), "900000.00");
     EXPECT_EQ(screen.focused(), &screen.CmdPartner);
@@ -355,8 +370,9 @@ TEST_F(PartnersFrame, PartnersComeFromThePrecedingYear)
     EXPECT_EQ(Details(), "PARTREMU Asha 0 60 0 0\nPARTREMU Bela 0 40 0 0\n");
 }
 
-TEST_F(PartnersFrame, PartnersComeFromTheBooks)
+TEST_F(PartnersFrame, PartnersComeFromTheBooksFrom2007)
 {
+    Year(2007);
     frmbusinesscal& before = OpenPartners();
     EXPECT_FALSE(before.partners.cmdImport.visible);
     EXPECT_FALSE(before.partners.previous.CmdImp.visible);
@@ -365,9 +381,11 @@ TEST_F(PartnersFrame, PartnersComeFromTheBooks)
     CreateEmbeddedFile(books / "balancesheet.mdb", "balancesheet");
     Company().Insert("misc_items", {{"Type", " OVPATH "}, {"linking", books.string()}});
     Item("OVLINK", {{"sno", 5}});
+    Company().Insert("misc_items", {{"code", "A0001r2006-07"}, {"Type", "OVLINK"}, {"sno", 5}});
     {
         const Connection file = OpenFile({.path = books / "balancesheet.mdb", .dsn = {}});
-        file.Insert("clientasst", {{"c_no", 5}, {"ass_yr", "2023-24"}, {"actual", false}, {"code", "OV5"}});
+        for (const char* year : {"2006-07", "2007-08"})
+            file.Insert("clientasst", {{"c_no", 5}, {"ass_yr", year}, {"actual", false}, {"code", "OV5"}});
         file.Insert(
             "capital",
             {{"code", "OV5"}, {"p_name", "Charu"}, {"p_interest", 1200}, {"p_remuneration", 500}, {"p_share", 55}});
@@ -382,6 +400,10 @@ TEST_F(PartnersFrame, PartnersComeFromTheBooks)
     EXPECT_EQ(boxes.Take().text, "Please fill state correctly for Charu");
     before.Click(before.partners.cmdbackpartner);
 
+    auto of2007 = std::move(run);
+    Year(2006);
+    EXPECT_FALSE(OpenPartners().partners.cmdImport.visible);
+    run = std::move(of2007);
     LetEverybodyIn(folder.path());
     const WithoutRights without(books, std::filesystem::perms::all);
     before.Click(before.CmdPartner);

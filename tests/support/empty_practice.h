@@ -7,6 +7,7 @@
 #include "store/files.h"
 #include "support/temporary_folder.h"
 #include "support/test_boxes.h"
+#include "support/test_server.h"
 #include "support/typing.h"
 
 #include <algorithm>
@@ -52,6 +53,17 @@ class EmptyPractice {
         handOver.GlPrCode = "A0001r2022-23";
         handOver.GlServer = (folder.path() / "server").string();
         handOver.GlClient = (folder.path() / "client").string();
+    }
+
+    /// Keeps `company` and `balance` on the server, both empty; call before rows go in.
+    void PutOn(const ServerLogin& login)
+    {
+        server = login;
+        OpenFreshDatabase(login, "Qel_VornCompany", "company");
+        OpenFreshDatabase(login, "Qel_VornBalance", "balance");
+        folder.Write("Settings.ini", "[DBTYPE]\nDB=SQL\n");
+        folder.Write("VornServer.ini", "[Server]\nServerNM=" + login.server + "\n[Login]\nLogName=" + login.user +
+                                           "\nLogPwd=" + login.password + '\n');
     }
 
     /// Tells which assessment year, by its first year, and status the run has; call before rows go in.
@@ -188,11 +200,18 @@ class EmptyPractice {
     }
 
     Connection File(const std::string& name) const { return OpenFile({folder.path() / name, {}}); }
-    Connection Company() const { return File("server/company.mdb"); }
-    Connection Balance() const { return File("server/balance.mdb"); }
+    Connection Company() const
+    {
+        return server ? OpenServerConnection(*server, "Qel_VornCompany") : File("server/company.mdb");
+    }
+    Connection Balance() const
+    {
+        return server ? OpenServerConnection(*server, "Qel_VornBalance") : File("server/balance.mdb");
+    }
     Connection Tax() const { return File("server/tax.mdb"); }
 
     TemporaryFolder folder;
+    std::optional<ServerLogin> server; ///< none: all is in files
     HandOver handOver;
     TestBoxes boxes;
     NoFiles files;

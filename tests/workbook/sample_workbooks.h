@@ -1,6 +1,7 @@
 #pragma once
 
 #include "statements/workbook/workbook.h"
+#include "support/temporary_folder.h"
 
 #include <filesystem>
 #include <string>
@@ -21,17 +22,6 @@ Workbook AsRead(const Workbook& workbook);
 
 /// Bytes of a file in the samples folder.
 std::string SampleFile(const std::string& name);
-
-/// A folder of its own that goes away with everything in it.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    std::filesystem::path Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 std::string ReadBytes(const std::filesystem::path& path);
 void WriteBytes(const std::filesystem::path& path, const std::string& bytes);
