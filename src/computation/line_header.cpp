@@ -107,7 +107,8 @@ bool LineHeader::RefusesSave(bool nothingEntered)
     return true;
 }
 
-/// False when another user deleted the row meanwhile.
+/// False when another user deleted the row meanwhile. A server may count only the rows that an update alters: where it
+/// counts none, the row is looked for.
 bool LineHeader::Update(double sno, std::span<const Field> fields) const
 {
     std::string columns;
@@ -118,7 +119,8 @@ bool LineHeader::Update(double sno, std::span<const Field> fields) const
     }
     values.emplace_back(run_.Code());
     values.emplace_back(sno);
-    return run_.company.ExecuteBound("update {business} set " + columns + " where code = ? and sno = ?", values) > 0;
+    return run_.company.ExecuteBound("update {business} set " + columns + " where code = ? and sno = ?", values) > 0 ||
+           !run_.company.Query("select code from {business} where code = ? and sno = ?", run_.Code(), sno).Empty();
 }
 
 /// The number of the row to write over. A save whose commit was reported as failed may have reached the file all the

@@ -104,10 +104,3 @@ TEST(AnnexureRules, FirstThingWrongWithARowIsTold)
                               {.year = 2026, .asksDateOfSale = true}));
     EXPECT_FALSE(RefusalOfRow(good, {.year = 2026, .isCapitalGain = true}));
 }
-
-TEST(AnnexureRules, NoticeOfTheNewComputerRateStandsInItsYearAlone)
-{
-    for (int year = 2010; year <= 2026; ++year)
-        EXPECT_EQ(RateNotice(year).has_value(), year == 2018) << year;
-    EXPECT_EQ(RateNotice(2018), "Dep. Rate on Computer has  been changed to 40% from AY 2018-19 ");
-}

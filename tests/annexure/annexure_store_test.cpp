@@ -109,22 +109,6 @@ TEST_F(AnnexureStore, RefusesARowWithoutAGroup)
     EXPECT_EQ(LoadAnnexure(balance, kOwner).at(0).name, "Barge") << "nothing was written";
 }
 
-TEST_F(AnnexureStore, BlanksAroundTheCodeDoNotCount)
-{
-    AnnexureRow sold = Block("Sold");
-    sold.isEmpty = true;
-    AnnexureOwner padded = kOwner;
-    padded.code = "  " + kOwner.code + " ";
-    for (const AnnexureOwner& owner : {padded, kOwner, padded}) {
-        EXPECT_FALSE(Save({sold}, owner));
-        EXPECT_EQ(LoadAnnexure(balance, padded).size(), 1u);
-        EXPECT_EQ(LoadAnnexure(balance, kOwner).size(), 1u);
-        EXPECT_EQ(Count("select count(*) from {fassets} where code = 'A2023-24'"), 1);
-        EXPECT_EQ(company.Scalar("select count(*) from {capital1} where code = 'A2023-24'").Number(), 1);
-        EXPECT_EQ(company.Scalar("select count(*) from {capital1}").Number(), 1);
-    }
-}
-
 TEST_F(AnnexureStore, BlocksAreCheckedFrom2023On)
 {
     AnnexureRow row = Block("Barge");

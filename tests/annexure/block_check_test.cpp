@@ -1,12 +1,7 @@
 #include "annexure/block_check.h"
 
-#include "services/format.h"
-
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <random>
-#include <set>
 
 using namespace pgbp;
 
@@ -29,47 +24,6 @@ struct Answers {
         return at >= given.size() || given[at];
     }
 };
-
-/// The check as the rule tells it, row by row and block by block: quadratic, and of no use for long annexures.
-void CheckAsTold(std::vector<AnnexureRow>& rows, const std::function<bool()>& ask)
-{
-    std::set<std::size_t> marked;
-    bool yes = false;
-    for (std::size_t first = 0; first < rows.size(); ++first) {
-        if (marked.contains(first))
-            continue;
-        double full = 0, half = 0, base1 = 0, base2 = 0;
-        char flag = ' ';
-        for (std::size_t i = first; i < rows.size(); ++i) {
-            const AnnexureRow& row = rows[i];
-            if (marked.contains(i) || row.group != rows[first].group || Amount(row.rate) != Amount(rows[first].rate))
-                continue;
-            marked.insert(i);
-            full += row.depreciation1;
-            half += row.depreciation2;
-            base1 += row.opening + row.purchases1 - row.sales1;
-            base2 += row.purchases2 - row.sales2;
-            flag = !row.isEmpty ? ' ' : *row.isEmpty ? '1' : '0';
-        }
-        if (base1 < 0 && base2 > 0) {
-            base2 += base1;
-            base1 = 0;
-        }
-        AnnexureRow& target = rows[first];
-        const double blockFull = std::max(0.0, Val(Rupees(RoundOff(target.rate * base1 / 100, 0))));
-        const double blockHalf = std::max(0.0, Val(Rupees(RoundOff(target.rate / 2 * base2 / 100, 0))));
-        if (flag != '0' || (blockFull == full && blockHalf == half))
-            continue;
-        if (!yes)
-            yes = ask();
-        if (!yes)
-            continue;
-        target.depreciation1 += blockFull - full;
-        target.depreciation2 += blockHalf - half;
-        target.depreciation += blockFull - full + blockHalf - half;
-        target.closing -= blockFull - full + blockHalf - half;
-    }
-}
 
 } // namespace
 
@@ -114,40 +68,5 @@ TEST(BlockCheck, BlocksThatAreEmptyOrDoNotSayArePassedOver)
         std::swap(rows[0], rows[1]); // the block is what its last row is
         CheckBlockDifference(rows, std::ref(answers));
         EXPECT_EQ(answers.asked, 1);
-    }
-}
-
-TEST(BlockCheck, AgreesWithTheRuleAsItIsTold)
-{
-    std::mt19937 random(5);
-    const auto amount = [&] { return static_cast<double>(random() % 3 == 0 ? 0 : random() % 5000); };
-    const char* const groups[] = {"Buildings", "Ships", "Machinery & Plant", ""};
-    for (int round = 0; round < 200; ++round) {
-        std::vector<AnnexureRow> rows(random() % 30);
-        for (AnnexureRow& row : rows) {
-            row = {.group = groups[random() % 4],
-                   .rate = 5.0 * (random() % 4),
-                   .opening = amount(),
-                   .purchases1 = amount(),
-                   .purchases2 = amount(),
-                   .sales1 = amount(),
-                   .sales2 = amount(),
-                   .additional1 = amount()};
-            row.isEmpty = random() % 5 == 0 ? std::nullopt : std::optional(random() % 4 == 0);
-        }
-        RecalculateAnnexure(rows);
-        std::vector<AnnexureRow> asTold = rows;
-        const std::vector<bool> given = {random() % 2 == 0, random() % 2 == 0, false, true};
-        Answers answers{given};
-        Answers answersAsTold{given};
-        CheckBlockDifference(rows, std::ref(answers));
-        CheckAsTold(asTold, std::ref(answersAsTold));
-        EXPECT_EQ(answers.asked, answersAsTold.asked);
-        for (std::size_t i = 0; i < rows.size(); ++i) {
-            EXPECT_EQ(rows[i].depreciation1, asTold[i].depreciation1) << round << ' ' << i;
-            EXPECT_EQ(rows[i].depreciation2, asTold[i].depreciation2) << round << ' ' << i;
-            EXPECT_EQ(rows[i].depreciation, asTold[i].depreciation) << round << ' ' << i;
-            EXPECT_EQ(rows[i].closing, asTold[i].closing) << round << ' ' << i;
-        }
     }
 }

@@ -6,42 +6,6 @@ namespace {
 
 using ShortLine = LineUnderTest<frmbusinesscal1>;
 
-void AddItem(frmbusinesscal1& screen, cmd& list, const char* section, const char* description, const char* amount)
-{
-    screen.Click(list);
-    ShortLine::Type(screen, screen.fra2.txtsec, section);
-    ShortLine::Type(screen, screen.fra2.txtname1, description);
-    ShortLine::Type(screen, screen.fra2.txtamount1, amount);
-    screen.Click(screen.fra2.add);
-    screen.Click(screen.fra2.save);
-}
-
-TEST_F(ShortLine, NewLineIsStoredUnderANumberOfTheWholeFile)
-{
-    Year(2006);
-    Company().Insert("business", {{"code", "B0002r2006-07"}, {"Type", "1"}, {"SNO", 41}});
-    frmbusinesscal1& screen = OpenScreen(kSpeculation, "Speculation Business");
-    Type(screen, screen.header.txtdescr1, "Shares \"B.S.E.\" & Sharma's");
-    Type(screen, screen.header.txtpnl, "-1200.50");
-    AddItem(screen, screen.cmd28a, "32", "Rent of 'A' block", "300"); // any section will do
-    AddItem(screen, screen.cmd28l, "", "Brokerage", "99.75");
-    EXPECT_EQ(screen.lbltot1.text(), "-900.50");
-    EXPECT_EQ(screen.lblincome.text(), "-1000.25");
-    screen.Click(screen.header.CmdSave);
-
-    EXPECT_TRUE(boxes.shown.empty());
-    EXPECT_EQ(run->screens.OnDisplay()->name(), "frmbusiness");
-    const Recordset line = Company().Query("select * from {business} where code = ?", handOver.Glcode);
-    ASSERT_EQ(line.Size(), 1U);
-    EXPECT_EQ(line.First()["Type"].Text(), "2");
-    EXPECT_EQ(line.First()["SNO"].Number(), 42);
-    EXPECT_EQ(line.First()["name1"].Text(), "Shares \"B.S.E.\" & Sharma's");
-    EXPECT_EQ(line.First()["NET"].Number(), -1000.25);
-    EXPECT_EQ(line.First()["dep1"].Number(), 0);
-    EXPECT_EQ(Stored("select name2 from {business1} where [Type] = '28a' and sno = 42"), "Rent of 'A' block");
-    EXPECT_EQ(Stored("select amt1 from {business1} where [Type] = '28l' and sno = 42"), "99.75");
-}
-
 TEST_F(ShortLine, EditReadsThePlainStatementAndLeavesRowsWithoutAmountBehind)
 {
     Line("8", {{"PNL", 5}});
@@ -56,8 +20,8 @@ TEST_F(ShortLine, EditReadsThePlainStatementAndLeavesRowsWithoutAmountBehind)
     EXPECT_TRUE(screen.header.CmdPNL.visible);
     EXPECT_EQ(screen.lblincome.text(), "70500.00");
     screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(Stored("select [Type] from {business} where 1 = 1"), "8");
-    EXPECT_EQ(Stored("select count(*) from {business1} where 1 = 1"), "1");
+    EXPECT_EQ(Stored("select [Type] from {business}"), "8");
+    EXPECT_EQ(Stored("select count(*) from {business1}"), "1");
 }
 
 TEST_F(ShortLine, NewSpecifiedLineHasNoKind)
@@ -68,44 +32,7 @@ TEST_F(ShortLine, NewSpecifiedLineHasNoKind)
     Type(screen, screen.header.txtpnl, "10");
     screen.Click(screen.header.CmdSave);
     EXPECT_TRUE(Company().Scalar("select [Type] from {business} where code = ?", handOver.Glcode).IsNull());
-    EXPECT_EQ(Stored("select NET from {business} where 1 = 1"), "10");
-}
-
-TEST_F(ShortLine, RefusesALineWithoutFiguresOrDescription)
-{
-    Year(2006);
-    frmbusinesscal1& screen = OpenScreen(kSpeculation, "Speculation Business");
-    screen.Click(screen.header.CmdSave);
-    EXPECT_EQ(boxes.Take().text, "Nothing to save....");
-    Type(screen, screen.header.txtpnl, "1");
-    screen.Click(screen.header.CmdSave);
-    const Message message = boxes.Take();
-    EXPECT_EQ(message.text, "Description can not be left blank...");
-    EXPECT_EQ(message.title, "Vorn - Infromation");
-    EXPECT_EQ(screen.focused(), &screen.header.txtdescr1);
-    screen.Click(screen.cmd28a);
-    screen.Click(screen.fra2.add);
-    EXPECT_EQ(boxes.Take().text, "Please fill Amount...");
-    screen.Click(screen.header.CmdBack); // closes the list alone
-    EXPECT_EQ(run->screens.OnDisplay(), &screen);
-    EXPECT_EQ(screen.focused(), &screen.cmd28a);
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "0");
-}
-
-TEST_F(ShortLine, DeletionAsksAndTakesListsAndCellsAlong)
-{
-    Line("2");
-    Detail("28l", {{"amt1", 5}});
-    Cell("NEWPL", 255, "10");
-    frmbusinesscal1& screen = OpenScreen(kSpeculation, "Speculation Business");
-    boxes.answers = {Answer::No, Answer::Yes};
-    screen.Click(screen.header.CmdDel);
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "1");
-    screen.Click(screen.header.CmdDel);
-    EXPECT_EQ(boxes.shown.back().title, "Vorn - Deletion");
-    EXPECT_EQ(Stored("select count(*) from {business} where 1 = 1"), "0");
-    EXPECT_EQ(Stored("select count(*) from {business1} where 1 = 1"), "0");
-    EXPECT_EQ(Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'NEWPL'").Number(), 0);
+    EXPECT_EQ(Stored("select NET from {business}"), "10");
 }
 
 } // namespace

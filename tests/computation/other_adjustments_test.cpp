@@ -1,46 +1,18 @@
-#include "computation/other_adjustments.h"
+#include "computation/frmbusinesscal.h"
+#include "computation/line_under_test.h"
 
-#include "computation/Frm10ABC.h"
-#include "support/empty_practice.h"
-#include "support/typing.h"
-
-#include <gtest/gtest.h>
-
-using namespace pgbp;
-
+namespace pgbp {
 namespace {
 
-/// A screen with nothing but the frame and the button that opens it.
-class Owner : public Screen {
-  public:
-    explicit Owner(pgbp::Run& itsRun) : Screen(itsRun, "owner", "Normal Business")
-    {
-        framain.Lay({.columns = {LayoutColumn::Button}, .rows = {{{&cmdother}}}});
-        cmdother.onClick = [this] { other.Open(); };
-    }
-
-    Frame framain{*this, "framain", "", FramePlace::Main};
-    cmd cmdother{*this, "cmdother", "&Other"};
-    std::vector<std::string> listsOpened;
-    int balances = 0;
-    OtherAdjustments other{*this,
-                           {.openList = [this](std::string_view type) { listsOpened.emplace_back(type); },
-                            .balance = [this] { ++balances; }}};
-};
-
-class Other : public testing::Test {
+class Other : public LineUnderTest<frmbusinesscal> {
   protected:
-    Owner& Begin(const char* year = "2023-24")
+    frmbusinesscal& Begin(int year = 2023)
     {
-        practice.handOver.Glyear = year;
-        practice.handOver.Glcode = std::string("A0001r") + year;
-        auto& run = practice.Start();
-        constexpr ScreenName<NoOpening> kOwner{"owner"};
-        run.screens.Register<Owner>(kOwner);
-        run.screens.Show(kOwner);
-        auto& owner = static_cast<Owner&>(*run.screens.OnDisplay());
-        owner.Click(owner.cmdother);
-        return owner;
+        run.reset();
+        Year(year);
+        frmbusinesscal& screen = OpenScreen();
+        screen.Click(screen.cmdother);
+        return screen;
     }
 
     /// Sections of the suite's table; call before Begin.
@@ -48,22 +20,22 @@ class Other : public testing::Test {
     {
         int serial = 10; // the serial orders the sections and is no index
         for (const auto& [code, description] : sections)
-            practice.Tax().Insert("air",
-                                  {{"type", "10ABC"}, {"srno", serial--}, {"code", code}, {"descr", description}});
+            Tax().Insert("air", {{"type", "10ABC"}, {"srno", serial--}, {"code", code}, {"descr", description}});
     }
 
-    void Detail(const char* type, std::initializer_list<Field> more)
+    /// A working row of the line that is open.
+    void Work(const char* type, std::initializer_list<Field> more)
     {
-        std::vector<Field> fields{{"code", practice.run->Code()}, {"Type", type}};
+        std::vector<Field> fields{{"code", run->Code()}, {"Type", type}};
         fields.insert(fields.end(), more);
-        practice.run->qeltemp.Insert("temp1", fields);
+        run->qeltemp.Insert("temp1", fields);
     }
 
     /// The working rows of a type, one a line: texts, then amounts.
-    std::string Details(const char* type) const
+    std::string Works(const char* type) const
     {
         std::string lines;
-        for (const Row row : practice.run->qeltemp.Query(
+        for (const Row row : run->qeltemp.Query(
                  "select name1, name2, amt1, amt2, amt3, amt4 from {temp1} where [Type] = ? order by amt4, rowid",
                  type)) {
             for (std::size_t i = 0; i < row.Size(); ++i)
@@ -73,130 +45,37 @@ class Other : public testing::Test {
         return lines;
     }
 
-    static void TypeInto(Form& form, TextBox& field, const std::string& text)
-    {
-        form.Do([&] { form.SetFocus(field); });
-        TypeText(form, text);
-    }
-
     /// The 10A to 10C frame of an assessee who claims it.
-    Section10abc& OpenSections(Owner& owner)
+    static Section10abc& OpenSections(frmbusinesscal& form)
     {
-        owner.Click(owner.other.section10abc.chk10abc1);
-        owner.Click(owner.other.section10abc.cmd10abc);
-        return owner.other.section10abc;
+        form.Click(form.other.section10abc.chk10abc1);
+        form.Click(form.other.section10abc.cmd10abc);
+        return form.other.section10abc;
     }
-
-    Frm10ABC& OpenSection(Owner& owner, std::size_t index)
-    {
-        owner.Click(owner.other.section10abc.lines[index].Cmd10A);
-        return dynamic_cast<Frm10ABC&>(*practice.run->screens.OnDisplay());
-    }
-
-    static void AddItem(Frm10ABC& form, const std::string& description, const std::string& amount)
-    {
-        TypeInto(form, form.TxtDescr, description);
-        TypeInto(form, form.TxtAmt, amount);
-        form.Click(form.CmdAdd);
-    }
-
-    EmptyPractice practice;
 };
-
-} // namespace
-
-TEST_F(Other, OneFrameAtATimeAndTheFocusGoesBack)
-{
-    Sections({{"10A", "Free trade zone"}});
-    Owner& form = Begin();
-    OtherAdjustments& other = form.other;
-    EXPECT_EQ(form.focused(), &other.cmd564);
-    form.Click(other.section10abc.chk10abc1);
-    struct {
-        const char* name;
-        cmd& button;
-        Frame& opened;
-        cmd& back;
-        const Control& focus;
-    } const rows[] = {
-        {"section 35", other.Cmd35, other.section35.Fra35, other.section35.CmdCanc35, other.section35.lines[0].Txt_1},
-        {"section 35 saved", other.Cmd35, other.section35.Fra35, other.section35.CmdSave35,
-         other.section35.lines[0].Txt_1},
-        {"10A to 10C", other.section10abc.cmd10abc, other.section10abc.Fra10abc, other.section10abc.CmdBack10,
-         other.section10abc.lines[0].Cmd10A},
-    };
-    for (const auto& row : rows)
-        for (const bool byEscape : {false, true}) {
-            SCOPED_TRACE(std::string(row.name) + (byEscape ? ", Escape" : ""));
-            form.Click(row.button);
-            EXPECT_EQ(form.Card(), &row.opened);
-            EXPECT_EQ(form.focused(), &row.focus);
-            const int before = form.balances;
-            byEscape ? form.Press(Key::Escape) : form.Click(row.back);
-            EXPECT_EQ(form.Card(), &other.fra3);
-            EXPECT_FALSE(row.opened.visible);
-            EXPECT_EQ(form.focused(), &row.button);
-            EXPECT_EQ(form.balances, before + 1);
-        }
-    const int before = form.balances;
-    form.Press(Key::Escape);
-    EXPECT_EQ(form.Card(), nullptr);
-    EXPECT_EQ(form.focused(), &form.cmdother);
-    EXPECT_EQ(form.balances, before + 1);
-}
-
-TEST_F(Other, ListsAreOpenedByTheirTypes)
-{
-    Owner& form = Begin();
-    for (cmd* button : {&form.other.cmd564, &form.other.cmd570, &form.other.cmd568})
-        form.Click(*button);
-    EXPECT_EQ(form.listsOpened, (std::vector<std::string>{"564", "570", "568"}));
-}
 
 TEST_F(Other, Until2006ThereIsNoSection35AndAPlainListOf10A)
 {
-    for (const auto& [year, hasFrames] : {std::pair("2006-07", false), std::pair("2007-08", true)}) {
+    for (const auto& [year, hasFrames] : {std::pair(2006, false), {2007, true}}) {
         SCOPED_TRACE(year);
-        Owner& form = Begin(year);
+        frmbusinesscal& form = Begin(year);
         for (const Control* control :
              std::initializer_list<Control*>{&form.other.Cmd35, &form.other.Lbl35c, &form.other.Lbl35})
             EXPECT_EQ(control->visible, hasFrames) << control->name();
         EXPECT_EQ(OpenSections(form).Fra10abc.visible, hasFrames);
-        EXPECT_EQ(form.listsOpened, hasFrames ? std::vector<std::string>{} : std::vector<std::string>{"10abc"});
+        EXPECT_EQ(form.fra4.panel.visible, !hasFrames);
     }
-}
-
-TEST_F(Other, ClaimCountsOnlyWhereItAppliesAndIsNotOptedOut)
-{
-    Owner& form = Begin();
-    Section10abc& claim = form.other.section10abc;
-    struct {
-        bool applies;
-        bool optedOut;
-        double counted;
-    } const rows[] = {{false, false, 0}, {true, false, 250.5}, {true, true, 0}, {false, true, 0}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(std::to_string(row.applies) + std::to_string(row.optedOut));
-        claim.chk10abc1 = row.applies;
-        claim.chk10abc2 = row.optedOut;
-        EXPECT_EQ(claim.Counted(250.5), row.counted);
-        EXPECT_EQ(claim.chk10abc2.enabled, row.applies);
-        for (const Control* control :
-             std::initializer_list<Control*>{&claim.cmd10abc, &claim.lbl10abcc, &claim.lbl10abc})
-            EXPECT_EQ(control->visible, row.counted != 0) << control->name();
-    }
-    EXPECT_EQ(form.balances, 3) << "once for each change of an answer";
 }
 
 TEST_F(Other, Section35ShowsWhatIsStoredAndAddsUp)
 {
-    Owner& form = Begin();
+    frmbusinesscal& form = Begin();
     Section35& frame = form.other.section35;
-    Detail("35", {{"amt4", 0}, {"amt1", 100}, {"amt2", 150.255}, {"amt3", 1}});
-    Detail("35", {{"amt4", 5}, {"amt1", 40.5}, {"amt2", 10}});
-    Detail("568", {{"amt4", 1}, {"amt1", 7}, {"amt2", 7}});
+    Work("35", {{"amt4", 0}, {"amt1", 100}, {"amt2", 150.255}, {"amt3", 1}});
+    Work("35", {{"amt4", 5}, {"amt1", 40.5}, {"amt2", 10}});
+    Work("568", {{"amt4", 1}, {"amt1", 7}, {"amt2", 7}});
     for (const Value& stray : {Value(6), Value(-1), Value(0.5), Value(1e300), Value()})
-        Detail("35", {{"amt4", stray}, {"amt1", 9}, {"amt2", 9}});
+        Work("35", {{"amt4", stray}, {"amt1", 9}, {"amt2", 9}});
     form.Click(form.other.Cmd35);
     struct {
         std::size_t index;
@@ -214,7 +93,7 @@ TEST_F(Other, Section35ShowsWhatIsStoredAndAddsUp)
         EXPECT_EQ(line.Txt_2.text(), row.allowable) << row.clause;
         EXPECT_EQ(line.Txt_3.text(), row.deducted) << row.clause;
     }
-    TypeInto(form, frame.lines[2].Txt_2, "1000.75");
+    Type(form, frame.lines[2].Txt_2, "1000.75");
     EXPECT_EQ(frame.LblTot_1.text(), "140.50");
     EXPECT_EQ(frame.LblTot_2.text(), "1161.01");
     EXPECT_EQ(frame.LblTot_3.text(), "1020.51");
@@ -225,34 +104,34 @@ TEST_F(Other, Section35ShowsWhatIsStoredAndAddsUp)
 
 TEST_F(Other, Section35IsSavedAsSixRowsEvenWhenAllAreZero)
 {
-    Owner& form = Begin();
+    frmbusinesscal& form = Begin();
     Section35& frame = form.other.section35;
-    Detail("35", {{"name1", "stale"}, {"amt4", 17}, {"amt1", 3}});
-    Detail("568", {{"name1", "kept"}});
-    practice.run->qeltemp.Insert("temp1", {{"code", "other"}, {"Type", "35"}, {"name1", "of another"}, {"amt4", 99}});
+    Work("35", {{"name1", "stale"}, {"amt4", 17}, {"amt1", 3}});
+    Work("568", {{"name1", "kept"}});
+    run->qeltemp.Insert("temp1", {{"code", "other"}, {"Type", "35"}, {"name1", "of another"}, {"amt4", 99}});
     form.Click(form.other.Cmd35);
     form.Click(frame.CmdSave35);
-    EXPECT_EQ(Details("35"), "35(1)(i)||0|0|0|0\n35(1)(ii)||0|0|0|1\n35(1)(iii)||0|0|0|2\n35(1)(iv)||0|0|0|3\n"
-                             "35(2AA)||0|0|0|4\n35(2AB)||0|0|0|5\nof another|||||99\n");
-    EXPECT_EQ(Details("568"), "kept|||||\n");
+    EXPECT_EQ(Works("35"), "35(1)(i)||0|0|0|0\n35(1)(ii)||0|0|0|1\n35(1)(iii)||0|0|0|2\n35(1)(iv)||0|0|0|3\n"
+                           "35(2AA)||0|0|0|4\n35(2AB)||0|0|0|5\nof another|||||99\n");
+    EXPECT_EQ(Works("568"), "kept|||||\n");
     form.Click(form.other.Cmd35);
-    TypeInto(form, frame.lines[4].Txt_1, "999999999999.99");
+    Type(form, frame.lines[4].Txt_1, "999999999999.99");
     form.Press(Key::Enter);
     TypeText(form, "0.01");
     form.Click(frame.CmdSave35);
-    EXPECT_NE(Details("35").find("35(2AA)||999999999999.99|0.01|-999999999999.98|4\n"), std::string::npos);
+    EXPECT_NE(Works("35").find("35(2AA)||999999999999.99|0.01|-999999999999.98|4\n"), std::string::npos);
 }
 
 TEST_F(Other, SectionsComeFromTheSuitesTable)
 {
     Sections({{"10C", "North East"}, {"10B", "R&D exporter"}, {"10A", "Free trade zone"}});
-    Owner& form = Begin();
-    practice.Tax().Insert("air", {{"type", "other"}, {"srno", 0}, {"code", "12"}, {"descr", "not ours"}});
-    Detail("10ABC", {{"amt4", 2}, {"amt2", 10.25}});
-    Detail("10ABC", {{"amt4", 2}, {"amt2", 0.5}});
-    Detail("10abc", {{"amt4", 0}, {"amt2", 7}});
+    frmbusinesscal& form = Begin();
+    Tax().Insert("air", {{"type", "other"}, {"srno", 0}, {"code", "12"}, {"descr", "not ours"}});
+    Work("10ABC", {{"amt4", 2}, {"amt2", 10.25}});
+    Work("10ABC", {{"amt4", 2}, {"amt2", 0.5}});
+    Work("10abc", {{"amt4", 0}, {"amt2", 7}});
     for (const Value& stray : {Value(3), Value(8), Value(-1), Value()})
-        Detail("10ABC", {{"amt4", stray}, {"amt2", 99}});
+        Work("10ABC", {{"amt4", stray}, {"amt2", 99}});
     const Section10abc& claim = OpenSections(form);
     EXPECT_EQ(claim.lines[0].Lbl10.text(), "10A") << "by serial";
     EXPECT_EQ(claim.lines[1].Lbl10_1.text(), "R&&D exporter") << "the sign itself, not a mnemonic";
@@ -267,92 +146,9 @@ TEST_F(Other, SectionsComeFromTheSuitesTable)
 TEST_F(Other, MoreSectionsThanThereIsRoomForAreLeftOut)
 {
     Sections({{"9", ""}, {"8", ""}, {"7", ""}, {"6", ""}, {"5", ""}, {"4", ""}, {"3", ""}, {"2", ""}, {"1", ""}});
-    Owner& form = Begin();
+    frmbusinesscal& form = Begin();
     EXPECT_EQ(OpenSections(form).lines.back().Lbl10.text(), "8");
 }
 
-TEST_F(Other, ItemsOfASectionAreKeptUnderItsIndex)
-{
-    Sections({{"10B", "R&D exporter"}, {"10A", "Free trade zone"}});
-    Owner& owner = Begin();
-    Detail("10ABC", {{"name1", "10A"}, {"name2", "of the other section"}, {"amt2", 4}, {"amt4", 0}});
-    OpenSections(owner);
-    Frm10ABC& form = OpenSection(owner, 1);
-    EXPECT_EQ(form.caption.get(), "Deduction u/s 10B-R&D exporter");
-    EXPECT_EQ(form.LBLSNO.text(), "1");
-    EXPECT_EQ(form.LblDescr.text(), "R&&D exporter");
-    EXPECT_EQ(form.MSH.Shows(), "\t\t\t\t") << "one blank row";
-
-    for (const char* refused : {"0", "-5"}) {
-        AddItem(form, "Unit", refused);
-        EXPECT_EQ(practice.boxes.Take().text, "Please fill Amount...");
-        EXPECT_EQ(form.focused(), &form.TxtAmt);
-    }
-    AddItem(form, "Unit I", "100");
-    EXPECT_EQ(form.focused(), &form.TxtDescr);
-    EXPECT_EQ(form.TxtAmt.text(), "0.00");
-    AddItem(form, "Unit II", "50.5");
-    EXPECT_EQ(form.MSH.Shows(), "1\tR&D exporter\t10B\tUnit I\t100.00\n1\tR&D exporter\t10B\tUnit II\t50.50");
-    form.Click(form.CmdSave);
-    EXPECT_EQ(practice.run->screens.OnDisplay(), &owner);
-    EXPECT_EQ(Details("10ABC"), "10A|of the other section||4||0\n10B|Unit I||100||1\n10B|Unit II||50.5||1\n");
-    const Section10abc& claim = owner.other.section10abc;
-    EXPECT_EQ(claim.lines[0].LblAmt.text(), "4.00");
-    EXPECT_EQ(claim.lines[1].LblAmt.text(), "150.50");
-    EXPECT_EQ(owner.focused(), &claim.lines[1].Cmd10A);
-}
-
-TEST_F(Other, AnItemIsTakenBackAndTheLastOneLeavesABlankRow)
-{
-    Sections({{"10A", "Free trade zone"}});
-    Owner& owner = Begin();
-    Detail("10ABC", {{"name1", "10A"}, {"name2", "Unit I"}, {"amt2", 100}, {"amt4", 0}});
-    Detail("10ABC", {{"name1", "10A"}, {"name2", "Unit II"}, {"amt2", 50.5}, {"amt4", 0}});
-    OpenSections(owner);
-    Frm10ABC& form = OpenSection(owner, 0);
-    form.Do([&] { form.MSH.DoubleClick(2); });
-    EXPECT_EQ(form.TxtDescr.text(), "Unit II");
-    EXPECT_EQ(form.TxtAmt.text(), "50.50");
-    EXPECT_EQ(form.MSH.Shows(), "0\tFree trade zone\t10A\tUnit I\t100.00");
-    form.Do([&] { form.MSH.DoubleClick(1); });
-    EXPECT_EQ(form.MSH.Shows(), "0\tFree trade zone\t10A\tUnit II\t50.50") << "what was only looked at returns";
-    form.SetFocus(form.MSH);
-    form.Press(Key::Delete);
-    EXPECT_EQ(form.MSH.Shows(), "\t\t\t\t");
-    form.Do([&] { form.MSH.DoubleClick(1); });
-    EXPECT_EQ(form.TxtDescr.text(), "Unit I") << "the blank row is no item";
-    practice.boxes.answers = {Answer::Yes};
-    form.Do([&] { form.Close(); });
-    EXPECT_EQ(Details("10ABC"), "10A|Unit I||100||0\n10A|Unit II||50.5||0\n") << "nothing is written before Save";
-
-    Frm10ABC& again = OpenSection(owner, 0);
-    again.SetFocus(again.MSH);
-    again.Press(Key::Delete);
-    again.Do([&] { again.MSH.DoubleClick(1); });
-    again.Click(again.CmdSave);
-    EXPECT_EQ(Details("10ABC"), "");
-    EXPECT_EQ(owner.notice.get(), "Deduction u/s 10A-Free trade zone: 0 items (removed: Unit I, 100.00, taken back and "
-                                  "not added again), stored when the line is saved.");
-}
-
-TEST_F(Other, OddTextsOfAnItemComeBackAsTyped)
-{
-    Sections({{"10A", "O'Hara's \"zone\"; 100%"}});
-    Owner& owner = Begin();
-    OpenSections(owner);
-    const std::string texts[] = {"'; delete from temp1 --", "\"quoted\" 100%_;", "[Type] {temp1} ?",
-                                 std::string(255, 'x')};
-    Frm10ABC& form = OpenSection(owner, 0);
-    for (const std::string& text : texts)
-        AddItem(form, text, "1");
-    TypeInto(form, form.TxtDescr, std::string(256, 'y'));
-    EXPECT_EQ(form.TxtDescr.text().size(), 255U);
-    form.TxtDescr = "";
-    form.Click(form.CmdSave);
-    const Frm10ABC& again = OpenSection(owner, 0);
-    ASSERT_EQ(again.MSH.Rows(), 4);
-    for (int i = 0; i < 4; ++i) {
-        EXPECT_EQ(again.MSH.Cell(i + 1, 1), "O'Hara's \"zone\"; 100%");
-        EXPECT_EQ(again.MSH.Cell(i + 1, 3), texts[i]);
-    }
-}
+} // namespace
+} // namespace pgbp

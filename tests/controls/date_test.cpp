@@ -11,42 +11,35 @@ using namespace pgbp;
 
 TEST(DateVal, ReadsLooseDates)
 {
-    struct {
-        const char* text;
-        const char* date;
-        const char* error;
-    } const rows[] = {
-        {"", "", ""},
-        {"31032024", "31-03-2024", ""},
-        {"310324", "31-03-2024", ""},
-        {"1/4/24", "01-04-2024", ""},
-        {"1.apr.99", "01-04-1999", ""},
-        {"1-Apr-30", "01-04-1930", ""},
-        {"1-4-29", "01-04-2029", ""},
-        {"1-4-0", "01-04-2000", ""},
-        {"1-4-150", "01-04-0150", ""},
-        {"29-02-1900", "29-02-1900", ""}, // no century exception
-        {"29-02-2024", "29-02-2024", ""},
-        {"30-02-2024", "", "Invalid month days"},
-        {"29-02-2023", "", "Invalid month days"},
-        {"31-04-2024", "", "Invalid Month Days"},
-        {"0-01-2024", "", "Invalid Month Days"},
-        {"32-01-2024", "", "Invalid Month Days"},
-        {"1-1", "", "Invalid Date Format"},
-        {"1234", "", "Invalid Date Format"},
-        {"1-1-2024-5", "", "Invalid Date Format"},
-        {"abc", "", "Invalid Date Format"},
-        {"1-13-2024", "", "Invalid Month"},
-        {"1-0-2024", "", "Invalid Month"},
-        {"1-xyz-2024", "", "Invalid Month"},
-        {"--", "", "Invalid Month"},
-        {"1-1-12345", "", "Invalid Year"},
+    const std::pair<const char*, const char*> dates[] = {
+        {"", ""},
+        {"31032024", "31-03-2024"},
+        {"310324", "31-03-2024"},
+        {"1/4/24", "01-04-2024"},
+        {"1.apr.99", "01-04-1999"},
+        {"1-Apr-30", "01-04-1930"},
+        {"1-4-29", "01-04-2029"},
+        {"1-4-0", "01-04-2000"},
+        {"1-4-150", "01-04-0150"},
+        {"29-02-1900", "29-02-1900"}, // no century exception
+        {"29-02-2024", "29-02-2024"},
     };
-    for (const auto& row : rows) {
-        const DateReading reading = ReadDate(row.text);
-        EXPECT_EQ(reading.date, row.date) << row.text;
-        EXPECT_EQ(reading.error, row.error) << row.text;
+    for (const auto& [text, date] : dates) {
+        EXPECT_EQ(ReadDate(text).date, date) << text;
+        EXPECT_EQ(ReadDate(text).error, "") << text;
     }
+    const std::pair<const char*, std::vector<const char*>> errors[] = {
+        {"Invalid month days", {"30-02-2024", "29-02-2023"}},
+        {"Invalid Month Days", {"31-04-2024", "0-01-2024", "32-01-2024"}},
+        {"Invalid Date Format", {"1-1", "1234", "1-1-2024-5", "abc"}},
+        {"Invalid Month", {"1-13-2024", "1-0-2024", "1-xyz-2024", "--"}},
+        {"Invalid Year", {"1-1-12345"}},
+    };
+    for (const auto& [error, texts] : errors)
+        for (const char* text : texts) {
+            EXPECT_EQ(ReadDate(text).error, error) << text;
+            EXPECT_EQ(ReadDate(text).date, "") << text;
+        }
 }
 
 TEST(DateVal, TellsWhatIsWrong)

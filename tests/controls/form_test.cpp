@@ -207,9 +207,3 @@ TEST_F(Forms, ShowAnErrorOfAHandlerAndGoOn)
     form.Click(form.cmdopen);
     EXPECT_TRUE(form.side.visible);
 }
-
-TEST_F(Forms, FindControlsByTheirExactNames)
-{
-    EXPECT_EQ(form.Find("txtone"), &form.txtone);
-    EXPECT_EQ(form.Find("TxtOne"), nullptr);
-}

@@ -210,15 +210,6 @@ TEST_F(TextBoxes, OfferOnlyWhatTheFieldTakes)
     EXPECT_EQ(form.walking.offers().shown().size(), static_cast<std::size_t>(Offers::kMost));
 }
 
-TEST_F(TextBoxes, PutTheCaretBehindATurnedSign)
-{
-    form.SetFocus(form.amount);
-    form.amount = "12";
-    form.amount.Select(0, 0);
-    TypeText(form, "-3");
-    EXPECT_EQ(form.amount.text(), "-123");
-}
-
 TEST_F(TextBoxes, WalkWithTheirKeys)
 {
     struct {
@@ -238,15 +229,6 @@ TEST_F(TextBoxes, WalkWithTheirKeys)
         form.Press(row.key);
         EXPECT_EQ(form.focused(), &row.to) << row.from.name();
     }
-}
-
-TEST_F(TextBoxes, SelectTheLineOnFocusAndTypeOverIt)
-{
-    form.amount = "1250.00";
-    form.SetFocus(form.amount);
-    EXPECT_EQ(form.amount.selLength(), 7);
-    TypeText(form, "8");
-    EXPECT_EQ(form.amount.text(), "8");
 }
 
 TEST_F(TextBoxes, EditByCharactersOfAnyScript)

@@ -19,32 +19,6 @@ class Fields : public ShownForm {
 
 } // namespace
 
-TEST_F(Fields, PassTypedCharactersThroughTheKeyFilter)
-{
-    struct Case {
-        TextBox& box;
-        const char* before;
-        const char* keys;
-        const char* after;
-    };
-    form.name.onKeyPress = DropQuotes;
-    const Case cases[] = {
-        {form.amount, "9.99", "12.3456", "12.34"}, // the first key replaces the old text, the third place is refused
-        {form.amount, "", "7a,b5", "75"},          {form.amount, "125.50", "3-", "-3"},
-        {form.fixed, "", "1.2.3", "1.23"},         {form.name, "old", "D'Souza \"& Co\"", "DSouza & Co"},
-        {form.day, "", "1/4.24", "14.24"},
-    };
-    for (const Case& each : cases) {
-        each.box = each.before;
-        form.SetFocus(form.cmdopen);
-        boxes.shown.clear();
-        Focus(each.box);
-        Type(each.keys);
-        ExpectBoth(each.box, each.after);
-        form.day = "";
-    }
-}
-
 TEST_F(Fields, EditInTheMiddleOfTextBeyondTheBasicPlane)
 {
     Focus(form.name);
@@ -115,16 +89,6 @@ TEST_F(Fields, WorkOutALineOverAnAmount)
     ExpectBoth(form.amount, "-1416.00");
     QTest::mouseClick(KeyboardOf(form.name), Qt::LeftButton);
     EXPECT_EQ(form.focused(), &form.name);
-}
-
-TEST_F(Fields, UndoGivesBackWhatWasTyped)
-{
-    form.name = "Mehta";
-    Focus(form.name);
-    Type("X");
-    ExpectBoth(form.name, "X");
-    Press(Qt::Key_Z, Qt::ControlModifier);
-    ExpectBoth(form.name, "Mehta");
 }
 
 TEST_F(Fields, ShowTheWholeTextSelectedOnEveryArrival)

@@ -72,20 +72,6 @@ TEST_F(Pages, TellFieldsByTheirCaptionAndAmountsByTheirSign)
     EXPECT_FALSE(KeyboardOf(form.amount)->isEnabled());
 }
 
-TEST_F(Pages, DrawComputedAmountsInGroups)
-{
-    view.Act([&] {
-        form.total = "2472131.00";
-        form.totalP = "Not Allowed";
-        form.caption = "Section 80, 1250000";
-    });
-    const auto shown = [&](const Label& label) { return view.Find(&label)->widget()->accessibleName(); };
-    EXPECT_EQ(shown(form.total), "24,72,131.00");
-    EXPECT_EQ(shown(form.totalP), "Not Allowed");
-    EXPECT_EQ(shown(form.caption), "Section 80, 1250000");
-    EXPECT_EQ(form.total.text(), "2472131.00");
-}
-
 TEST_F(Pages, FollowTheFormWhenItChangesByItself)
 {
     form.total = "99.00";
@@ -207,18 +193,6 @@ TEST_F(Cards, LieBelowWhatBelongsToTheirFields)
     }
 }
 
-TEST_F(Cards, GrowWithARowThatAppearsWhileTheyAreUp)
-{
-    OpenSide(1);
-    view.Act([&] { form.siderows.visible = form.sideamount.visible = form.cmdadd.visible = false; });
-    Settle();
-    const int heightWithout = view.Find(&form.side)->widget()->height();
-    view.Act([&] { form.sideamount.visible = true; });
-    Settle();
-    EXPECT_GE(view.Find(&form.side)->widget()->height(), heightWithout + RowHeight());
-    EXPECT_EQ(ScrollBars(*KeyboardOf(form.sideamount), Qt::Vertical), 0);
-}
-
 TEST_F(Cards, LeaveThePlaceOfARowThatComesAndGoes)
 {
     OpenSide(1);
@@ -251,16 +225,6 @@ TEST_F(Pages, KeepTheirButtonsNearTheirRowsUnlessAListTakesTheHeight)
     EXPECT_LT(shortView.Find(&shortForm.CmdBack)->widget()->geometry().bottom(), HighestPage() + 3 * RowHeight());
 }
 
-TEST_F(Pages, KeepAButtonBesideTheNumberItBelongsTo)
-{
-    view.Act([&] { form.Raise(form.side, form.sidetext); });
-    Settle();
-    const QRect amount = PlaceOf(form.sideamount);
-    EXPECT_EQ(PlaceOf(form.sidetext).right(), PlaceOf(form.siderows).right());
-    EXPECT_LT(amount.right(), PlaceOf(form.cmdadd).left());
-    EXPECT_LT(PlaceOf(form.cmdadd).right(), amount.right() + amount.width());
-}
-
 TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
 {
     view.resize(1100, 1000);
@@ -281,13 +245,4 @@ TEST_F(Pages, KeepTheTotalsOfAGridUnderTheirColumnsWhileItsRowsScroll)
     view.Act([&] { form.lines.SetFooter({}); });
     Settle();
     EXPECT_EQ(table.height(), table.parentWidget()->height());
-}
-
-TEST_F(Pages, GiveANarrowColumnOfAGridTheLeastFromTheWideOnes)
-{
-    view.Act([&] { form.Raise(form.side, form.sidetext); });
-    Settle();
-    const auto& table = WidgetOf<QTableView>(form.siderows);
-    EXPECT_GT(table.columnWidth(0), table.fontMetrics().horizontalAdvance("10AA"));
-    EXPECT_EQ(table.columnWidth(0) + table.columnWidth(1) + table.columnWidth(2), table.viewport()->width());
 }

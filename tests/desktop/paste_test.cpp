@@ -175,17 +175,6 @@ TEST_F(Pastes, GoThroughTheFilterOfAFreeTextAndAreNeverCut)
     EXPECT_EQ(form.note.text(), "one\ntwo three");
 }
 
-TEST_F(Pastes, ReadADate)
-{
-    form.day = "01-04-2023";
-    Focus(form.day);
-    PasteByKey(form.day, " 15/8/23\n");
-    ExpectBoth(form.day, "15-08-2023", "read");
-    PasteByKey(form.day, "2023-08-15");
-    ExpectBoth(form.day, "15-08-2023", "refused");
-    EXPECT_TRUE(form.notice.get().starts_with("Not taken: "));
-}
-
 TEST_F(Pastes, AreTakenBackByUndo)
 {
     form.amount = "1234.50";

@@ -193,29 +193,6 @@ TEST_F(Windows, TellANoticeInTheStatusLineWithoutTakingTheKeyboard)
         << "what the header says, too, gives way to it";
 }
 
-TEST_F(Windows, EndTheRunWhenTheSummaryIsLeft)
-{
-    Start();
-    const FormView& page = Top();
-    QTest::keyClick(page.focusWidget(), Qt::Key_B, Qt::AltModifier);
-    QApplication::processEvents();
-    EXPECT_TRUE(ended);
-    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 1);
-}
-
-TEST_F(Windows, EndTheRunWithTheHeadOfIncomeWhenTheWindowIsClosed)
-{
-    Start();
-    run->GlBusinessKind = kNormal;
-    run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business"});
-    Top();
-    window->close();
-    EXPECT_FALSE(window->isHidden()) << "hidden by hand, it would leave the program running without a window";
-    QApplication::processEvents();
-    EXPECT_TRUE(ended);
-    EXPECT_EQ(practice.Balance().Scalar("select count(*) from {qelgeneral} where [Type] = 'BUSI'").Number(), 1);
-}
-
 TEST_F(Windows, TakeKeysThatWereTypedAheadOnTheScreenThatComes)
 {
     Start();

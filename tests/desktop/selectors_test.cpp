@@ -32,14 +32,6 @@ TEST_F(Selectors, PressButtonsByMouseSpaceEnterAndLetter)
     EXPECT_EQ(WidgetOf<QPushButton>(form.cmdopen).text(), "&Normal Business");
 }
 
-TEST_F(Selectors, PressLettersOfButtonsThatAreNotLaidOut)
-{
-    bool pressed = false;
-    form.notLaidOut.onClick = [&] { pressed = true; };
-    Press(Qt::Key_H, Qt::AltModifier);
-    EXPECT_TRUE(pressed);
-}
-
 TEST_F(Selectors, KeepTheMainFrameFromUseBehindACard)
 {
     view.Act([&] { form.Raise(form.side, form.sidetext); });
@@ -99,14 +91,6 @@ TEST_F(Selectors, TypeWhatIsNotInTheListWhereThatIsAllowed)
     EXPECT_NE(form.focused(), &form.place);
 }
 
-TEST_F(Selectors, TellOnceThatAButtonPressedByItsLetterFailed)
-{
-    form.cmddetails.onClick = [] { throw std::runtime_error("The report could not be started."); };
-    Focus(form.amount);
-    Press(Qt::Key_D, Qt::AltModifier);
-    EXPECT_EQ(boxes.Take().text, "The report could not be started.");
-}
-
 TEST_F(Selectors, OpenADropDownOnItsFirstEntry)
 {
     for (combo* field : {&form.kinds, &form.place}) {
@@ -143,21 +127,6 @@ TEST_F(Selectors, KeepTheirChoiceWhenTheWheelTurnsOverThem)
     QApplication::sendEvent(&box, &turn);
     EXPECT_EQ(form.kinds.text(), "Firm");
     EXPECT_EQ(form.focused(), &form.name);
-}
-
-TEST_F(Selectors, ShowWhatLiesOverAFieldOverItsCard)
-{
-    view.Act([&] { form.Raise(form.side, form.sidetext); });
-    Settle();
-    form.sidetext.SetOffers({"Rent of godown"});
-    Type("r");
-    const auto* offered = view.findChild<QListWidget*>("offers of sidetext");
-    ASSERT_TRUE(offered);
-    EXPECT_EQ(view.childAt(offered->geometry().center()), offered->viewport());
-    Focus(form.sideamount);
-    Type("=2*3");
-    QWidget* line = view.focusWidget();
-    EXPECT_EQ(view.childAt(line->mapTo(&view, line->rect().center())), line);
 }
 
 TEST_F(Selectors, OfferTextsBelowAFieldWithoutTakingTheKeyboard)
@@ -225,22 +194,6 @@ TEST_F(Selectors, CopyRowsOfAGridForASpreadsheet)
     table.selectAll();
     Press(Qt::Key_C, Qt::ControlModifier);
     EXPECT_EQ(QApplication::clipboard()->text(), "1\tShop\t-1250.50\n2\tMill\t300.00\n3\tFarm\t0.00\n");
-}
-
-TEST_F(Selectors, DrawAmountsInGroupsAndNeverCutThem)
-{
-    const std::string largest = "-12345678901234.50";
-    view.Act([&] {
-        form.lines.SetRows({{"2015", "1250000", "2472131.00", "x"}, {"1", "Mill", largest, "y"}});
-        form.lines.SetFooter({"", "1250000", "-12345676429103.50"});
-    });
-    const auto& table = WidgetOf<QTableView>(form.lines);
-    const auto shown = [&](int row, int column) { return table.model()->index(row, column).data().toString(); };
-    EXPECT_EQ(shown(0, 2), "24,72,131.00");
-    EXPECT_EQ(shown(0, 0), "2015");
-    EXPECT_EQ(shown(0, 1), "1250000");
-    EXPECT_EQ(form.lines.Cell(1, 2), "2472131.00");
-    EXPECT_GE(table.columnWidth(2), table.fontMetrics().horizontalAdvance(shown(1, 2)));
 }
 
 TEST_F(Selectors, MarkAComputedAmountToCopyIt)

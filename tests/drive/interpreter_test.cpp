@@ -154,60 +154,11 @@ TEST_F(Driver, KeepsTheBlanksOfAQuotedText)
     EXPECT_EQ(Play("set Board.txtname \"\"Mall\"\"\nget Board.txtname\n"), "\"Mall\"\n");
 }
 
-TEST_F(Driver, PrintsEachCommandBeforeItReadsTheNext)
-{
-    class Watched : public std::stringbuf {
-      public:
-        int sync() override
-        {
-            flushed = str();
-            return 0;
-        }
-        std::string flushed;
-    } seen;
-    class Typist : public std::streambuf { // gives a line at a time, and notes what was there to read before it
-      public:
-        explicit Typist(const Watched& itsScreen) : screen_(itsScreen) {}
-        std::string before;
-
-      protected:
-        int_type underflow() override
-        {
-            if (next_ == std::size(lines_))
-                return traits_type::eof();
-            before = screen_.flushed;
-            std::string& line = lines_[next_++];
-            setg(line.data(), line.data(), line.data() + line.size());
-            return traits_type::to_int_type(line.front());
-        }
-
-      private:
-        const Watched& screen_;
-        std::string lines_[2] = {"show\n", "get Board.status\n"};
-        std::size_t next_ = 0;
-    } typist(seen);
-    std::istream in(&typist);
-    std::ostream out(&seen);
-    Interpreter(run, boxes, files, transcript).ExecuteScript(in, out);
-    EXPECT_EQ(typist.before, "Board A & B\n");
-}
-
 TEST_F(Driver, SaysThatTheRunHasEnded)
 {
     EXPECT_EQ(Play("say a word\nshow\ncross\nshow\n"), "a word\nBoard A & B\nended\n");
     run.screens.End();
     EXPECT_EQ(Play("show\nget Board.sum\n"), "ended\nerror: line 2: the run has ended");
-}
-
-TEST_F(Driver, SeesThatNothingBehindACardCanBeUsed)
-{
-    auto& board = static_cast<Board&>(*run.screens.OnDisplay());
-    board.Raise(board.fra1, board.fra1);
-    EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
-    board.Lower(board.fra1);
-    EXPECT_EQ(Play("get Board.ask.enabled\n"), "true\n");
-    board.framain.enabled = false;
-    EXPECT_EQ(Play("get Board.ask.enabled\n"), "false\n");
 }
 
 TEST_F(Driver, AnswersBoxesAndPrintsThem)

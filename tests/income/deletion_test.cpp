@@ -1,6 +1,6 @@
 #include "records/deletion.h"
 
-#include "income/summary_under_test.h"
+#include "support/empty_practice.h"
 
 #include <gtest/gtest.h>
 
@@ -41,51 +41,43 @@ class DeletedLineOfAFirm : public testing::Test {
         EXPECT_EQ(form.lbllast.text(), last);
     }
 
-    SummaryUnderTest practice;
+    EmptyPractice practice;
 };
 
 } // namespace
 
 TEST_F(DeletedLineOfAFirm, LeavesNothingOnTheSummary)
 {
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     Expect(form, "500000.00", "60000.00", "1234.00", "438766.00");
     Delete(form);
     Expect(form, "0.00", "0.00", "0.00", "0.00");
     EXPECT_TRUE(form.partners.txtlesspart1.enabled) << "without partners it is typed";
     form.Click(form.CmdBack);
-    EXPECT_EQ(practice.Balance().Scalar("select amt14 from {qelgeneral} where [Type] = 'BUSI'").Number(), 0);
-}
-
-TEST_F(DeletedLineOfAFirm, ComesBackByUndo)
-{
-    auto& form = practice.Begin();
-    form.Press(Key::Undo);
-    EXPECT_EQ(form.notice.get(), "") << "nothing was deleted";
-    Delete(form);
-    form.Press(Key::Undo);
-    Expect(form, "500000.00", "60000.00", "1234.00", "438766.00");
-    EXPECT_EQ(form.notice.get(), "Main works is back, with all its rows");
-    form.Press(Key::Undo);
-    EXPECT_EQ(practice.Company().Query("select * from {business}").Size(), 1U);
+    EXPECT_EQ(practice.HeadOfIncome(), 0);
 }
 
 TEST_F(DeletedLineOfAFirm, ComesBackWithTheRemunerationThatTheProgramCalculates)
 {
-    practice.Company().Insert("setup", {{"code", "A0001r2023-24"}, {"auto_rem", false}});
-    auto& form = practice.Begin();
+    practice.Automatic();
+    auto& form = practice.Begin(2023, "06");
+    form.Press(Key::Undo);
+    EXPECT_EQ(form.notice.get(), "") << "nothing was deleted";
     Expect(form, "500000.00", "60000.00", "354000.00", "86000.00"); // 270000 + 60 % of 140000
     Delete(form);
     Expect(form, "0.00", "0.00", "0.00", "0.00");
     form.Press(Key::Undo);
     Expect(form, "500000.00", "60000.00", "354000.00", "86000.00");
+    EXPECT_EQ(form.notice.get(), "Main works is back, with all its rows");
+    form.Press(Key::Undo);
+    EXPECT_EQ(practice.Company().Query("select * from {business}").Size(), 1U);
     EXPECT_EQ(practice.Company().Query("select * from {business1} where [Type] = 'LESSREMU'").Size(), 1U);
 }
 
 TEST_F(DeletedLineOfAFirm, ComesBackIntoTheListThatIsUp)
 {
     practice.Line("1", {{"SNO", 4}, {"name1", "Other"}, {"NET", 1}});
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     Delete(form);
     form.Click(form.cmd1);
     EXPECT_EQ(form.lines.DBGrid1.Rows(), 1);
@@ -96,7 +88,7 @@ TEST_F(DeletedLineOfAFirm, ComesBackIntoTheListThatIsUp)
 
 TEST_F(DeletedLineOfAFirm, StaysDeletedOnceSomethingWasSaved)
 {
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     Delete(form);
     form.Do([&] { form.SetFocus(form.partners.txtlesspart2); });
     form.Press(Key::Enter);
@@ -111,7 +103,7 @@ TEST_F(DeletedLineOfAFirm, StaysDeletedOnceSomethingWasSaved)
 
 TEST_F(DeletedLineOfAFirm, IsLoadedAfreshWhenAnotherRunDeletedIt)
 {
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     form.Click(form.cmd1);
     practice.Company().Execute("delete from {business} where sno = 3");
     practice.Company().Execute("delete from {business1} where sno = 3");

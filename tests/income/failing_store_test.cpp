@@ -1,9 +1,8 @@
 #include "support/failing_store.h"
 
-#include "income/summary_under_test.h"
 #include "records/deletion.h"
 #include "services/format.h"
-#include "support/typing.h"
+#include "support/empty_practice.h"
 
 #include <gtest/gtest.h>
 
@@ -13,29 +12,27 @@ using namespace pgbp;
 
 namespace {
 
-constexpr const char* kCode = "A0001r2023-24";
-
 /// A preparer's way through the summary: what is stored before, and what is done between the opening and Back.
 struct Story {
     const char* name;
     const char* status;
-    std::function<void(SummaryUnderTest&)> stored;
-    std::vector<std::function<void(SummaryUnderTest&, frmbusiness&)>> deeds;
+    bool byHand; ///< the program does not calculate the remuneration
+    std::vector<std::function<void(EmptyPractice&, frmbusiness&)>> deeds;
 };
 
-void StoreFirm(SummaryUnderTest& practice, bool byHand)
+void StoreFirm(EmptyPractice& practice, bool byHand)
 {
     practice.Line("1", {{"SNO", 3}, {"NET", 500000}});
     practice.Detail("PARTREMU", {{"SNO", 3}, {"amt1", 900000}});
     practice.Detail("LESSREMU", {{"amt1", 1234}, {"name1", "Remuneration to partners"}});
-    practice.Company().Insert("setup", {{"code", kCode}, {"auto_rem", byHand}});
-    practice.Company().Insert("misc_items", {{"code", kCode}, {"Type", "Fast2018"}, {"name3", "0"}});
-    practice.Balance().Insert("qelgeneral", {{"code", kCode}, {"Type", "NEWPL"}, {"amt2", 77}});
-    practice.Balance().Insert("qelgeneral", {{"code", kCode}, {"Type", "BUSI"}, {"amt14", -1}});
+    practice.Company().Insert("setup", {{"code", practice.handOver.Glcode}, {"auto_rem", byHand}});
+    practice.Item("Fast2018", {{"name3", "0"}});
+    practice.Note("NEWPL", {{"amt2", 77}});
+    practice.Note("BUSI", {{"amt14", -1}});
 }
 
 /// The screen of the line; none where the store did not let it open.
-Screen* OpenTheLine(SummaryUnderTest& practice, frmbusiness& form)
+Screen* OpenTheLine(EmptyPractice& practice, frmbusiness& form)
 {
     form.Click(form.cmd1);
     if (form.lines.fra1.visible)
@@ -45,7 +42,7 @@ Screen* OpenTheLine(SummaryUnderTest& practice, frmbusiness& form)
 }
 
 /// A line is opened, stored with another income and other partners, and left.
-void ChangeALine(SummaryUnderTest& practice, frmbusiness& form)
+void ChangeALine(EmptyPractice& practice, frmbusiness& form)
 {
     if (!OpenTheLine(practice, form))
         return;
@@ -56,7 +53,7 @@ void ChangeALine(SummaryUnderTest& practice, frmbusiness& form)
 }
 
 /// A line is deleted; where the store refuses that, the preparer goes back.
-void DeleteALine(SummaryUnderTest& practice, frmbusiness& form)
+void DeleteALine(EmptyPractice& practice, frmbusiness& form)
 {
     Screen* line = OpenTheLine(practice, form);
     if (!line)
@@ -69,25 +66,22 @@ void DeleteALine(SummaryUnderTest& practice, frmbusiness& form)
         line->Do([&] { practice.run->screens.Return(); });
 }
 
-void BringTheLineBack(SummaryUnderTest&, frmbusiness& form) { form.Press(Key::Undo); }
+void BringTheLineBack(EmptyPractice&, frmbusiness& form) { form.Press(Key::Undo); }
 
-void TypeAmount(frmbusiness& form, txtn& field, const char* amount)
+void TypeBoth(EmptyPractice&, frmbusiness& form)
 {
-    form.Do([&] { form.SetFocus(field); });
-    if (form.focused() == &field)
-        TypeText(form, amount);
-    form.Press(Key::Enter);
+    for (const auto& [field, amount] :
+         {std::pair(&form.partners.txtlesspart1, "20000"), {&form.partners.txtlesspart2, "45000"}}) {
+        form.Do([&, to = field] { form.SetFocus(*to); });
+        if (form.focused() == field)
+            TypeText(form, amount);
+        form.Press(Key::Enter);
+    }
 }
 
-void TypeBoth(SummaryUnderTest&, frmbusiness& form)
-{
-    TypeAmount(form, form.partners.txtlesspart1, "20000");
-    TypeAmount(form, form.partners.txtlesspart2, "45000");
-}
+void Calculate(EmptyPractice&, frmbusiness& form) { form.Click(form.partners.cmdmax); }
 
-void Calculate(SummaryUnderTest&, frmbusiness& form) { form.Click(form.partners.cmdmax); }
-
-void LookAtTheReminder(SummaryUnderTest& practice, frmbusiness& form)
+void LookAtTheReminder(EmptyPractice& practice, frmbusiness& form)
 {
     form.Click(form.cmdr);
     if (practice.run->screens.OnDisplay() != &form)
@@ -95,30 +89,19 @@ void LookAtTheReminder(SummaryUnderTest& practice, frmbusiness& form)
 }
 
 const Story kStories[] = {
-    {"calculated, then changed",
-     "06",
-     [](auto& practice) { StoreFirm(practice, false); },
-     {ChangeALine, LookAtTheReminder}},
-    {"typed and calculated by hand",
-     "05",
-     [](auto& practice) { StoreFirm(practice, true); },
-     {TypeBoth, LookAtTheReminder, Calculate}},
-    {"deleted", "05", [](auto& practice) { StoreFirm(practice, true); }, {DeleteALine}},
-    {"deleted, calculated and back",
-     "06",
-     [](auto& practice) { StoreFirm(practice, false); },
-     {DeleteALine, BringTheLineBack, LookAtTheReminder}},
-    {"a line of an individual", "01", [](auto& practice) { StoreFirm(practice, false); }, {ChangeALine}},
+    {"calculated, then changed", "06", false, {ChangeALine, LookAtTheReminder}},
+    {"typed and calculated by hand", "05", true, {TypeBoth, LookAtTheReminder, Calculate}},
+    {"deleted, calculated and back", "06", false, {DeleteALine, BringTheLineBack}},
 };
 
-std::vector<std::string> Figures(const frmbusiness& form)
+std::string Figures(const frmbusiness& form)
 {
-    std::vector<std::string> figures;
+    std::string figures;
     for (const TextControl* figure : std::initializer_list<const TextControl*>{
              &form.lbl1, &form.lbl2, &form.lbl3, &form.lbl4, &form.lbl5, &form.Txt6, &form.Txt7, &form.lbllic,
              &form.lbltotal, &form.partners.txtlesspart1, &form.partners.txtlesspart2, &form.lblinc, &form.lblloss,
              &form.lbllast})
-        figures.push_back(figure->text());
+        figures += figure->text() + ' ';
     return figures;
 }
 
@@ -127,7 +110,7 @@ class Telling {
   public:
     Telling(const Story& story, Refusal itsRefusal) : refusal(itsRefusal)
     {
-        story.stored(practice_);
+        StoreFirm(practice_, story.byHand);
         practice_.screensKnown = [this](pgbp::Run& run) {
             run.screens.Register<NoOpening>(screens::frmbusiness, [this](pgbp::Run& its, const NoOpening&) {
                 LetFail(its, refusal);
@@ -149,29 +132,26 @@ class Telling {
         writes = refusal.writes;
     }
 
-    std::vector<std::string> Stored() const
+    std::string Stored() const
     {
-        std::vector<std::string> head;
-        const Recordset rows = practice_.Balance().Query(
-            "select amt1, amt2, amt3, amt4, amt5, amt6, amt7, amt8, amt9, Amt10, amt11, amt12, amt13, amt14 "
-            "from {qelgeneral} where [Type] = 'BUSI'");
-        for (std::size_t i = 0; rows.Size() == 1 && i < rows.Columns().size(); ++i)
-            head.push_back(Amount(rows.First().At(i).Number()));
+        std::string head;
+        for (int column = 1; column <= 14; ++column)
+            head += Amount(practice_.HeadOfIncome(("amt" + std::to_string(column)).c_str())) + ' ';
         return head;
     }
 
     /// What a run that begins now, and is not disturbed, shows.
-    std::vector<std::string> OpenedAgain()
+    std::string OpenedAgain()
     {
         refusal.write = 0;
         practice_.Start();
-        return Figures(static_cast<frmbusiness&>(*practice_.run->screens.OnDisplay()));
+        return Figures(practice_.Summary());
     }
 
     Refusal refusal;
     bool ended = false;
     int writes = 0; ///< from the opening to the end
-    std::vector<std::string> shown;
+    std::string shown;
 
   private:
     /// A lock that lasted as long as an action is gone at its end.
@@ -182,7 +162,7 @@ class Telling {
         practice_.boxes.answers = {Answer::No}; // to leave without a head of income
     }
 
-    SummaryUnderTest practice_;
+    EmptyPractice practice_;
 };
 
 } // namespace

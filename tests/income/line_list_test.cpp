@@ -1,4 +1,4 @@
-#include "income/summary_under_test.h"
+#include "support/empty_practice.h"
 
 #include <gtest/gtest.h>
 
@@ -14,7 +14,7 @@ class ListOfLines : public testing::Test {
         practice.Line("1", {{"SNO", 9}, {"name1", "asha"}, {"PNL", -1}, {"NET", -2}, {"Minor", 2}});
         practice.Line("2", {{"SNO", 5}, {"name1", "Shares"}, {"PNL", 3}, {"NET", 3}});
     }
-    SummaryUnderTest practice;
+    EmptyPractice practice;
 };
 
 } // namespace
@@ -22,7 +22,7 @@ class ListOfLines : public testing::Test {
 TEST_F(ListOfLines, ComesUpSortedByName)
 {
     TwoLines();
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     form.Click(form.cmd1);
     EXPECT_TRUE(form.lines.fra1.visible);
     EXPECT_EQ(form.lines.fra1.caption.get(), "Normal Business");
@@ -35,7 +35,7 @@ TEST_F(ListOfLines, ComesUpSortedByName)
 TEST_F(ListOfLines, OpensTheChosenLine)
 {
     TwoLines();
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     form.Click(form.cmd1);
     form.Press(Key::Down);
     form.Press(Key::Enter);
@@ -48,39 +48,18 @@ TEST_F(ListOfLines, OpensTheChosenLine)
     EXPECT_FALSE(form.lines.fra1.visible);
 }
 
-TEST_F(ListOfLines, RefusesAChildsLineInTheAssesseesRunOnly)
-{
-    TwoLines();
-    auto& form = practice.Begin();
-    form.Click(form.cmd1);
-    form.Press(Key::Enter);
-    EXPECT_EQ(practice.boxes.Take().text, "This business belongs to minor & can not be changed from here.");
-    EXPECT_TRUE(practice.openings.empty());
-    EXPECT_TRUE(form.lines.fra1.visible);
-
-    SummaryUnderTest minor;
-    minor.Line("1", {{"SNO", 9}, {"name1", "asha"}, {"Minor", 2}});
-    minor.Line("1", {{"SNO", 4}, {"name1", "Zari"}});
-    minor.handOver.GLminor = 2;
-    auto& minors = minor.Begin();
-    minors.Click(minors.cmd1);
-    EXPECT_EQ(minors.lines.DBGrid1.Rows(), 1);
-    minors.Press(Key::Enter);
-    EXPECT_EQ(minor.openings.size(), 1U);
-}
-
 TEST_F(ListOfLines, AddsALineWhereItsKindAllows)
 {
     TwoLines();
     practice.Line("8", {{"SNO", 7}});
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     form.Click(form.cmd2);
     EXPECT_NE(practice.run->GLrep, "ASDF");
     form.Click(form.lines.CmdAdd);
     ASSERT_EQ(practice.openings.size(), 1U);
-    EXPECT_EQ(practice.openings[0].screen, "frmbusinesscal1");
-    EXPECT_EQ(practice.openings[0].opening.caption, "Speculation Business");
-    EXPECT_FALSE(practice.openings[0].opening.business);
+    EXPECT_EQ(practice.openings[0].first, "frmbusinesscal1");
+    EXPECT_EQ(practice.openings[0].second.caption, "Speculation Business");
+    EXPECT_FALSE(practice.openings[0].second.business);
     practice.run->screens.Return();
 
     form.Click(form.CmdSp);
@@ -92,31 +71,18 @@ TEST_F(ListOfLines, AddsALineWhereItsKindAllows)
 
 TEST_F(ListOfLines, OpensTheScreenAtOnceWhenNothingIsStored)
 {
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     form.Click(form.CmdSp);
     ASSERT_EQ(practice.openings.size(), 1U);
-    EXPECT_EQ(practice.openings[0].screen, "frmbusinesscal1");
-    EXPECT_EQ(practice.openings[0].opening.caption, "Specified Business u/s 35AD");
-}
-
-TEST_F(ListOfLines, BackLeavesTheListFirst)
-{
-    TwoLines();
-    auto& form = practice.Begin();
-    form.Click(form.cmd1);
-    form.Click(form.CmdBack);
-    EXPECT_FALSE(practice.run->screens.Ended());
-    EXPECT_EQ(form.focused(), &form.cmd1);
-    form.Click(form.cmd2);
-    form.Press(Key::Escape);
-    EXPECT_EQ(form.focused(), &form.cmd2);
+    EXPECT_EQ(practice.openings[0].first, "frmbusinesscal1");
+    EXPECT_EQ(practice.openings[0].second.caption, "Specified Business u/s 35AD");
 }
 
 TEST_F(ListOfLines, KeepsTheRowsOfOtherAssesseesInTheWorkingTable)
 {
     TwoLines();
     practice.File("client/data/qeltemp.mdb").Insert("misc", {{"code1", "other"}, {"Name", "kept"}});
-    auto& form = practice.Begin();
+    auto& form = practice.Begin(2023, "06");
     form.Click(form.cmd1);
     form.Click(form.CmdBack);
     form.Click(form.cmd1);

@@ -1,8 +1,8 @@
 #include "income/frmReminder.h"
 
 #include "income/FrmHelp.h"
-#include "income/summary_under_test.h"
 #include "startup/shared_services.h"
+#include "support/empty_practice.h"
 #include "support/typing.h"
 
 #include <gtest/gtest.h>
@@ -15,7 +15,7 @@ namespace {
 
 class Reminder : public testing::Test {
   protected:
-    Reminder() : summary(practice.Begin())
+    Reminder() : summary(practice.Begin(2023, "06"))
     {
         EXPECT_TRUE(summary.Mnemonic(U'r'));
         form = dynamic_cast<frmReminder*>(practice.run->screens.OnDisplay());
@@ -34,7 +34,7 @@ class Reminder : public testing::Test {
         form->Do([&] { form->LV.Click(1); });
     }
 
-    SummaryUnderTest practice;
+    EmptyPractice practice;
     frmbusiness& summary;
     frmReminder* form = nullptr;
 };
@@ -42,28 +42,6 @@ class Reminder : public testing::Test {
 using Titles = std::vector<std::string>;
 
 } // namespace
-
-TEST_F(Reminder, KeepsNotesUnderTheirTitles)
-{
-    ASSERT_NE(form, nullptr);
-    Write("Ask for 'Form 16A'", "100% by July; \"urgent\"\nsecond line");
-    EXPECT_FALSE(form->Frame1.visible);
-    EXPECT_EQ(form->LV.items(), Titles{"Ask for Form 16A"}) << "the title drops quotes at the key";
-    OpenFirst();
-    EXPECT_EQ(form->txtmmo.text(), "100% by July; \"urgent\"\nsecond line");
-    EXPECT_EQ(form->lbldate.text(), "Saturday Jul, 15 2023   10:30 AM");
-    EXPECT_EQ(form->mnudel.caption.get(), "&Delete");
-}
-
-TEST_F(Reminder, RefusesASecondNoteOfTheSameTitle)
-{
-    Write("TDS", "one");
-    Write("tds", "two");
-    EXPECT_EQ(practice.boxes.Take().text, "Item Title already exists......");
-    EXPECT_EQ(form->focused(), &form->txthead);
-    EXPECT_TRUE(form->Frame1.visible);
-    EXPECT_EQ(form->LV.items(), Titles{"TDS"});
-}
 
 TEST_F(Reminder, ChangesAndDeletesTheNoteThatWasOpened)
 {
@@ -144,9 +122,9 @@ TEST_F(Reminder, ClosingClearsTheReminderAndReturns)
 
 TEST(Help, ShowsTheTextOfATopic)
 {
-    SummaryUnderTest practice;
+    EmptyPractice practice;
     practice.Tax().Insert("vornhelp", {{"name", "Maximum Deduction ?"}, {"Desc", "Up to the limit."}});
-    practice.Begin();
+    practice.Begin(2023, "06");
     struct {
         const char* topic;
         const char* text;

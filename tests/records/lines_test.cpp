@@ -242,20 +242,6 @@ TEST_F(Lines, TheDeductionsGoWithTheLastPartners)
     }
 }
 
-TEST_F(Lines, OrphanCellsGoAndThoseOfScreensStay)
-{
-    const Connection& balance = practice.run->balance;
-    for (const double owner : {77.0, double{kFirmCells}, double{kCommissionCells}})
-        balance.Insert("qelgeneral", {{"code", kCode}, {"Type", "NEWPL"}, {"amt2", owner}});
-    balance.Insert("qelgeneral", {{"code", kCode}, {"Type", "NEWPL"}, {"amt2", nullptr}});
-    DeleteOrphanCells(*practice.run);
-    std::vector<std::string> owners;
-    for (const Row row : balance.Query("select amt2 from {qelgeneral} where code = ? and [Type] = 'NEWPL'", kCode))
-        owners.push_back(row.At(0).Text());
-    std::sort(owners.begin(), owners.end());
-    EXPECT_EQ(owners, (std::vector<std::string>{"", "5", "6", "9999999", "99999999"}));
-}
-
 TEST_F(Lines, NumbersAreUniqueOverTheFileAndSkipTheUnsavedOne)
 {
     const Transaction transaction({practice.run->company});

@@ -63,40 +63,24 @@ TEST(Format, TakesTheLargestDoubleAndRefusesWhatIsNoNumber)
 
 TEST(Val, ReadsTheLeadingNumber)
 {
-    struct {
-        const char* text;
-        double value;
-    } const rows[] = {
-        {"", 0},
-        {"-", 0},
-        {".", 0},
-        {"-.", 0},
-        {"abc", 0},
-        {"12abc", 12},
-        {"12.50", 12.5},
-        {"-12.5", -12.5},
-        {"+7", 7},
-        {".5", 0.5},
-        {"-.1", -0.1},
-        {"5.", 5},
-        {"1,234", 1},
-        {" 42 ", 42},
-        {"1 000", 1000},
-        {"2023-24", 2023},
-        {"1e5", 1},
-        {"inf", 0},
-        {"nan", 0},
-        {"0x10", 0},
-        {"--5", 0},
-        {"-+5", 0},
-        {"007", 7},
-        {"12.3.4", 12.3},
-        {"\xE0\xA4\x95"
-         "5",
-         0},
+    const std::pair<double, std::vector<const char*>> rows[] = {
+        {0, {"", "-", ".", "-.", "abc", "inf", "nan", "0x10", "--5", "-+5", "\xE0\xA4\x95 5"}},
+        {12.5, {"12.50"}},
+        {-12.5, {"-12.5"}},
+        {0.5, {".5"}},
+        {-0.1, {"-.1"}},
+        {5, {"5."}},
+        {7, {"+7", "007"}},
+        {12, {"12abc"}},
+        {42, {" 42 "}},
+        {12.3, {"12.3.4"}},
+        {1, {"1,234", "1e5"}},
+        {1000, {"1 000"}},
+        {2023, {"2023-24"}},
     };
-    for (const auto& row : rows)
-        EXPECT_EQ(Val(row.text), row.value) << row.text;
+    for (const auto& [value, texts] : rows)
+        for (const char* text : texts)
+            EXPECT_EQ(Val(text), value) << text;
 }
 
 TEST(RoundOff, LooksAtTheTwoPlaceText)

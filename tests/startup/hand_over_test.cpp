@@ -61,21 +61,6 @@ TEST(HandOverRecord, WithoutRowsLeavesTheVariablesAlone)
     EXPECT_EQ(record.Glcode, "kept");
 }
 
-TEST(HandOverRecord, GoesToTheSiblingInAFreshFile)
-{
-    EmptyPractice practice;
-    pgbp::Run& run = practice.Start();
-    run.GLrep = "PGBP";
-    practice.processes.whileRunning = [&] {
-        HandOver seen;
-        ReadHandOver(practice.File("handover/VornTemp.mdb"), seen);
-        EXPECT_EQ(seen.GLrep, "PGBP");
-        EXPECT_EQ(seen.Glcode, run.Glcode);
-    };
-    HandOverTo(run, run, "VornRep.exe");
-    EXPECT_EQ(practice.processes.started, std::vector<std::string>{"VornRep.exe"});
-}
-
 TEST(HandOverRecord, StaysWhenTheTemplateIsMissing)
 {
     EmptyPractice practice;

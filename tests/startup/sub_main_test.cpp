@@ -58,15 +58,6 @@ TEST(SubMain, TouchesNoFileWhenAnotherOneIsMissing)
     EXPECT_FALSE(std::filesystem::exists(practice.folder.path() / "server/company.mdb.v0.bak"));
 }
 
-TEST(SubMain, GivesTheWorkingFileItsOwnStrings)
-{
-    EmptyPractice practice;
-    const pgbp::Run& run = practice.Start();
-    const std::string text = JetConnectionString(DataFileNamed(run, "qeltemp"));
-    EXPECT_NE(text.find("client;Driver="), std::string::npos) << text;
-    EXPECT_EQ(text.find("PWD="), std::string::npos) << text;
-}
-
 TEST(SubMain, ChecksForIndASByYearAndStatus)
 {
     struct {
@@ -239,14 +230,12 @@ TEST(ProgramFolder, IsTheOneToldElseTheOneChosenElseTheProgramsOwn)
 
 TEST(ServerLogins, APasswordInQuotesIsReadAsTheSuiteWritesItAndAsAPersonDoes)
 {
-    const char* folder = std::getenv("PGBP_TEST_SERVER");
-    const std::string address = folder ? FirstLine(std::filesystem::path(folder) / "address") : "";
-    if (address.empty())
-        GTEST_SKIP() << "No database server: install mariadb-server and odbc-mariadb, and run through ctest.";
-    setenv("ODBCSYSINI", folder, 1);
+    const auto login = TestServer();
+    if (!login)
+        GTEST_SKIP() << kNoServer;
     EmptyPractice practice;
     const auto opens = [&](const std::string& password) {
-        practice.folder.Write("VornServer.ini", "[Server]\nServerNM=" + address +
+        practice.folder.Write("VornServer.ini", "[Server]\nServerNM=" + login->server +
                                                     "\n[Login]\nLogName=preparer\nLogPwd=" + password + '\n');
         pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
         std::string why;

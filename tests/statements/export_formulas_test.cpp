@@ -103,25 +103,6 @@ std::map<int, std::string> RulesOf(const std::string& form)
     return rules;
 }
 
-/// Operation -> its formulas as "8 =sum(C6:C7); 9 =...", written out in full.
-std::map<std::string, std::string> FormulasInFull()
-{
-    std::map<std::string, std::string> read;
-    std::ifstream in(PGBP_TESTS "/statements/export_formulas_in_full.txt");
-    for (std::string line; std::getline(in, line);)
-        if (const auto colon = line.find(": "); !line.starts_with('#') && colon != std::string::npos)
-            read[line.substr(0, colon)] = line.substr(colon + 2);
-    return read;
-}
-
-std::string AsText(const ExportFormulas& formulas)
-{
-    std::string text;
-    for (const auto& [row, line] : formulas)
-        text += (text.empty() ? "" : "; ") + std::to_string(row) + ' ' + std::string(line.formula);
-    return text;
-}
-
 /// The form with a figure of its own on each open line, and its totals.
 std::vector<AmountCell> Worked(const Served& served, const TemplateFile& file)
 {
@@ -165,14 +146,6 @@ bool IsUnlocked(const xls::Sheet& sheet, const char* cell)
 }
 
 } // namespace
-
-TEST(ExportFormulas, TablesReadAsWrittenOutInFull)
-{
-    const auto inFull = FormulasInFull();
-    EXPECT_EQ(inFull.size(), AllServed().size());
-    for (const Served& served : AllServed())
-        EXPECT_EQ(AsText(ExportFormulasOf(served.operation)), inFull.at(served.name)) << served.name;
-}
 
 TEST(ExportFormulas, EachTotalAddsTheLinesThatItsRuleAdds)
 {
@@ -224,26 +197,6 @@ TEST(ExportFormulas, CalculatedSheetAgreesWithTheTotalsOfTheForm)
     }
 }
 
-/// Where every total has a formula, a sheet that holds entries alone comes to the same profit.
-TEST(ExportFormulas, SheetWithAllFormulasIsCalculatedFromTheEntriesAlone)
-{
-    for (const Served& served : AllServed()) {
-        if (!served.otherSums.empty() || !served.withoutFormula.empty())
-            continue;
-        SCOPED_TRACE(served.name);
-        const auto amounts = Worked(served, TemplateNamed(served.form));
-        xls::Sheet sheet = AsSheet(amounts);
-        for (const auto& [row, line] : ExportFormulasOf(served.operation))
-            for (const int column : {kAmounts, kPreviousYears})
-                sheet.cells.erase({row - 1, column});
-        PutExportFormulas(sheet, served.operation, static_cast<int>(amounts.size()));
-        const xls::Workbook read = xls::ReadXls(xls::WriteXls({{sheet}}));
-        for (int line = 1; line < static_cast<int>(amounts.size()); ++line)
-            EXPECT_EQ(FigureAt(read.sheets.at(0), line, kAmounts), amounts[static_cast<std::size_t>(line)].figure())
-                << "line " << line;
-    }
-}
-
 TEST(ExportFormulas, OperationGoesByYearAndFormNumber)
 {
     using enum ExportOperation;
@@ -283,14 +236,4 @@ TEST(ExportFormulas, RowsOfFormulasAreShadedAndTheirEntriesOpened)
     EXPECT_EQ(from2021.cells.at(xls::PositionOf("F26")).formula, "=sum(F21-F25)");
     EXPECT_EQ(from2021.cells.at(xls::PositionOf("E26")).style.fill, (xls::Colour{255, 255, 0}));
     EXPECT_TRUE(std::ranges::all_of(from2021.cells, [](const auto& cell) { return cell.second.style.locked; }));
-}
-
-TEST(ExportFormulas, OnlyAddedCellsAreOpened)
-{
-    for (const Served& served : AllServed())
-        for (const auto& [row, entry] : ExportFormulasOf(served.operation)) {
-            const auto added = Addends(std::string(entry.formula), 1).lines;
-            for (const auto& [line, times] : Addends(std::string(entry.unlocked), 1).lines)
-                EXPECT_TRUE(added.contains(line)) << served.name << " row " << row;
-        }
 }

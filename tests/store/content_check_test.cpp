@@ -2,6 +2,7 @@
 #include "store/content_check.h"
 #include "store/engines_under_test.h"
 #include "store/files.h"
+#include "support/new_data_files.h"
 
 #include <fstream>
 #include <random>
@@ -13,7 +14,7 @@ class ContentCheck : public testing::Test {
   protected:
     ContentCheck()
     {
-        const Connection company = OpenNewFiles(folder, {"company"}).front();
+        const Connection company = OpenNewDataFiles(folder, {"company"}).front();
         Transaction transaction({company});
         for (int i = 0; i < 200; ++i)
             company.Insert("business", {{"code", "A" + std::to_string(i)},
@@ -46,7 +47,7 @@ class ContentCheck : public testing::Test {
     }
 
     const TemporaryFolder folder;
-    const std::filesystem::path file = folder / "company.mdb";
+    const std::filesystem::path file = folder.path() / "company.mdb";
     std::string whole;
 };
 

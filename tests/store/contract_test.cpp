@@ -306,30 +306,6 @@ TEST_P(ServerContract, AWrongLoginTellsWhatToCorrect)
     EXPECT_EQ(refusal(login, "Qel_VornBalance"), Cause::Unknown);
 }
 
-TEST_P(ServerContract, ALockedRowCostsOneWaitUntilPatienceIsRenewed)
-{
-    const Connection other = OtherCompany();
-    other.Execute("set session innodb_lock_wait_timeout = 1");
-    AddLine(company, "A", "1", 1);
-    Transaction transaction({company});
-    company.Execute("update {business} set net = 2");
-    const auto secondsUntilRefused = [&] {
-        const auto begin = std::chrono::steady_clock::now();
-        try {
-            other.Execute("update {business} set net = 3");
-            ADD_FAILURE() << "the row is locked";
-        } catch (const StoreError& error) {
-            EXPECT_EQ(error.cause(), Cause::Locked);
-            EXPECT_NE(std::string(error.what()).find("the database server"), std::string::npos) << error.what();
-        }
-        return std::chrono::duration<double>(std::chrono::steady_clock::now() - begin).count();
-    };
-    EXPECT_GT(secondsUntilRefused(), 0.9);
-    EXPECT_LT(secondsUntilRefused(), 0.5);
-    other.engine()->RenewPatience();
-    EXPECT_GT(secondsUntilRefused(), 0.9);
-}
-
 INSTANTIATE_TEST_SUITE_P(Embedded, StoreContract, testing::Values(EngineKind::Embedded));
 INSTANTIATE_TEST_SUITE_P(Server, StoreContract, testing::Values(EngineKind::Server));
 INSTANTIATE_TEST_SUITE_P(Server, ServerContract, testing::Values(EngineKind::Server));

@@ -2,6 +2,7 @@
 #include "store/engines_under_test.h"
 #include "store/files.h"
 #include "store/schema.h"
+#include "support/new_data_files.h"
 #include "support/without_rights.h"
 
 #include <sqlite3.h>
@@ -47,12 +48,12 @@ std::string RandomBytes(std::size_t count)
 /// A company file with rows on many pages.
 std::string FilledFile(const TemporaryFolder& folder)
 {
-    const auto company = OpenNewFiles(folder, {"company"}).front();
+    const auto company = OpenNewDataFiles(folder, {"company"}).front();
     Transaction transaction({company});
     for (int i = 0; i < 2000; ++i)
         company.Insert("business", {{"code", std::to_string(i)}, {"name1", "a line of business"}});
     transaction.Commit();
-    return Read(folder / "company.mdb");
+    return Read(folder.path() / "company.mdb");
 }
 
 /// Why the file can not be opened and read; the error names it. Nothing when it can.
@@ -87,7 +88,7 @@ TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
         {"jet", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(4000), Cause::NoDriver},
     };
     for (const auto& one : cases) {
-        const path file = folder / "company.mdb";
+        const path file = folder.path() / "company.mdb";
         Write(file, one.bytes);
         EXPECT_EQ(Refusal(file), one.cause) << one.name;
         EXPECT_EQ(Read(file), one.bytes) << one.name;
@@ -97,36 +98,36 @@ TEST(DataFiles, AWrongFileIsNamedAndLeftAsItIs)
 TEST(DataFiles, NothingIsMadeWhereNoFileIs)
 {
     const TemporaryFolder folder;
-    EXPECT_EQ(Refusal(folder / "company.mdb"), Cause::Gone);
-    EXPECT_FALSE(std::filesystem::exists(folder / "company.mdb"));
-    EXPECT_EQ(Refusal(folder / "."), Cause::NotADataFile);
-    EXPECT_EQ(Refusal(folder / "nowhere/company.mdb"), Cause::Gone);
+    EXPECT_EQ(Refusal(folder.path() / "company.mdb"), Cause::Gone);
+    EXPECT_FALSE(std::filesystem::exists(folder.path() / "company.mdb"));
+    EXPECT_EQ(Refusal(folder.path() / "."), Cause::NotADataFile);
+    EXPECT_EQ(Refusal(folder.path() / "nowhere/company.mdb"), Cause::Gone);
 }
 
 TEST(DataFiles, TheKindIsReadFromTheFileAndNotFromItsName)
 {
     const TemporaryFolder folder;
-    OpenNewFiles(folder, {"company"});
-    Write(folder / "jet.db", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(100));
-    Write(folder / "ace.db", std::string("\0\1\0\0Standard ACE DB\0", 20) + RandomBytes(100));
-    EXPECT_EQ(KindOf(folder / "company.mdb"), FileKind::Embedded);
-    EXPECT_EQ(KindOf(folder / "jet.db"), FileKind::Jet);
-    EXPECT_EQ(KindOf(folder / "ace.db"), FileKind::Jet);
+    OpenNewDataFiles(folder, {"company"});
+    Write(folder.path() / "jet.db", std::string("\0\1\0\0Standard Jet DB\0", 20) + RandomBytes(100));
+    Write(folder.path() / "ace.db", std::string("\0\1\0\0Standard ACE DB\0", 20) + RandomBytes(100));
+    EXPECT_EQ(KindOf(folder.path() / "company.mdb"), FileKind::Embedded);
+    EXPECT_EQ(KindOf(folder.path() / "jet.db"), FileKind::Jet);
+    EXPECT_EQ(KindOf(folder.path() / "ace.db"), FileKind::Jet);
 }
 
 TEST(DataFiles, ANewFileNeverTakesTheOldOnesPlace)
 {
     const TemporaryFolder folder;
-    OpenNewFiles(folder, {"company"}).front().Insert("business", {{"code", "A"}});
-    EXPECT_THROW(CreateEmbeddedFile(folder / "company.mdb", "company"), StoreError);
-    const auto company = OpenFile({.path = folder / "company.mdb", .dsn = {}});
+    OpenNewDataFiles(folder, {"company"}).front().Insert("business", {{"code", "A"}});
+    EXPECT_THROW(CreateEmbeddedFile(folder.path() / "company.mdb", "company"), StoreError);
+    const auto company = OpenFile({.path = folder.path() / "company.mdb", .dsn = {}});
     EXPECT_EQ(company.Scalar("select count(*) from {business}").Number(), 1);
 }
 
 TEST(DataFiles, SameTableNamesInTwoFilesStayApart)
 {
     const TemporaryFolder folder;
-    const auto files = OpenNewFiles(folder, {"company", "balance", "tax", "qeltemp", "misc", "export1", "export2"});
+    const auto files = OpenNewDataFiles(folder, {"company", "balance", "tax", "qeltemp", "misc", "export1", "export2"});
     files[0].Insert("misc", {{"type", "YEAR"}, {"name", "2023-24"}});
     files[2].Insert("misc", {{"type", "LIC1"}, {"Rate", 50}});
     files[3].Insert("misc", {{"code1", "A"}, {"Name", "one line"}});
@@ -135,53 +136,13 @@ TEST(DataFiles, SameTableNamesInTwoFilesStayApart)
     EXPECT_EQ(files[3].Scalar("select name from {misc}").Text(), "one line");
 }
 
-TEST(DataFiles, AFailureInTheMiddleTakesEveryFileBack)
-{
-    const TemporaryFolder folder;
-    const auto files = OpenNewFiles(folder, {"company", "balance", "qeltemp"});
-    RunInFile(folder / "qeltemp.mdb",
-              "create trigger refuse before insert on temp begin select raise(abort, 'refused'); end");
-    EXPECT_THROW(
-        {
-            Transaction transaction({files[0], files[1], files[2]});
-            files[0].Insert("business", {{"code", "A"}});
-            files[1].Insert("compu", {{"code", "A"}});
-            files[2].Insert("temp", {{"code", "A"}});
-            transaction.Commit();
-        },
-        StoreError);
-    const auto again = OpenFile({.path = folder / "balance.mdb", .dsn = {}});
-    EXPECT_EQ(files[0].Scalar("select count(*) from {business}").Number(), 0);
-    EXPECT_EQ(again.Scalar("select count(*) from {compu}").Number(), 0);
-}
-
-TEST(DataFiles, TwoWritersWaitForEachOtherAndNeitherLosesALine)
-{
-    const TemporaryFolder folder;
-    OpenNewFiles(folder, {"company"});
-    const auto addLines = [&] {
-        const auto company = OpenFile({.path = folder / "company.mdb", .dsn = {}});
-        for (int i = 0; i < 20; ++i) {
-            Transaction transaction({company});
-            const double last = company.Scalar("select max(sno) as [max] from {business}").Number();
-            std::this_thread::sleep_for(std::chrono::milliseconds(1));
-            company.Insert("business", {{"code", "A"}, {"sno", last + 1}});
-            transaction.Commit();
-        }
-    };
-    auto other = std::async(std::launch::async, addLines);
-    EXPECT_NO_THROW(addLines());
-    EXPECT_NO_THROW(other.get());
-    const auto company = OpenFile({.path = folder / "company.mdb", .dsn = {}});
-    EXPECT_EQ(company.Scalar("select count(distinct sno) from {business}").Number(), 40);
-}
-
 TEST(DataFiles, ALockedFileIsNamedAndCostsOneWaitUntilPatienceIsRenewed)
 {
     const TemporaryFolder folder;
-    OpenNewFiles(folder, {"company", "balance"});
-    const auto other = OpenFile({.path = folder / "balance.mdb", .dsn = {}});
-    const DataFile files[] = {{.path = folder / "company.mdb", .dsn = {}}, {.path = folder / "balance.mdb", .dsn = {}}};
+    OpenNewDataFiles(folder, {"company", "balance"});
+    const auto other = OpenFile({.path = folder.path() / "balance.mdb", .dsn = {}});
+    const DataFile files[] = {{.path = folder.path() / "company.mdb", .dsn = {}},
+                              {.path = folder.path() / "balance.mdb", .dsn = {}}};
     const auto connections = OpenFiles(files);
     const Transaction transaction({other});
     const auto secondsUntilRefused = [&] {
@@ -208,7 +169,7 @@ TEST(DataFiles, ALockedFileIsNamedAndCostsOneWaitUntilPatienceIsRenewed)
 TEST(DataFiles, AFileInUseTellsWhyItRefuses)
 {
     const TemporaryFolder folder;
-    const path file = folder / "company.mdb";
+    const path file = folder.path() / "company.mdb";
     const std::string whole = FilledFile(folder);
     const auto update = [](const Connection& company, const std::string& text) {
         Transaction transaction({company});
@@ -253,44 +214,22 @@ TEST(DataFiles, AFileInUseTellsWhyItRefuses)
     }
 }
 
-TEST(DataFiles, AFileThatCanOnlyBeReadIsFoundBeforeItIsWrittenTo)
-{
-    const TemporaryFolder folder;
-    const path file = folder / "company.mdb";
-    const std::string whole = FilledFile(folder);
-    LetEverybodyIn(folder / ".");
-    const auto trial = [&](const path& taken) {
-        const WithoutRights without(taken, kWriting);
-        const auto company = OpenFile({.path = file, .dsn = {}});
-        EXPECT_EQ(company.Scalar("select count(*) from {business}").Number(), 2000);
-        try {
-            company.CheckWritable();
-        } catch (const StoreError& error) {
-            return error.cause();
-        }
-        return Cause::Unknown;
-    };
-    EXPECT_EQ(trial(file), Cause::ReadOnly);
-    EXPECT_EQ(trial(folder / "."), Cause::ReadOnly) << "no journal can stand beside the file";
-    OpenFile({.path = file, .dsn = {}}).CheckWritable();
-    EXPECT_EQ(Read(file), whole) << "a trial leaves nothing behind";
-}
-
 TEST(DataFiles, AFileLeftInAnotherJournalModeComesBackToRollback)
 {
     const TemporaryFolder folder;
-    OpenNewFiles(folder, {"company", "balance"});
-    RunInFile(folder / "balance.mdb", "pragma journal_mode = wal; insert into compu (code) values ('A')");
-    const DataFile files[] = {{.path = folder / "company.mdb", .dsn = {}}, {.path = folder / "balance.mdb", .dsn = {}}};
+    OpenNewDataFiles(folder, {"company", "balance"});
+    RunInFile(folder.path() / "balance.mdb", "pragma journal_mode = wal; insert into compu (code) values ('A')");
+    const DataFile files[] = {{.path = folder.path() / "company.mdb", .dsn = {}},
+                              {.path = folder.path() / "balance.mdb", .dsn = {}}};
     const auto connections = OpenFiles(files);
     EXPECT_EQ(connections[1].Scalar("select count(*) from {compu}").Number(), 1);
-    EXPECT_EQ(Read(folder / "balance.mdb")[18], '\1') << "the header's byte for the way of writing";
+    EXPECT_EQ(Read(folder.path() / "balance.mdb")[18], '\1') << "the header's byte for the way of writing";
 }
 
 TEST(DataFiles, StatementsOfTheScreensReadTheAssesseesRowsOnly)
 {
     const TemporaryFolder folder;
-    const auto files = OpenNewFiles(folder, {"company", "balance", "tax", "qeltemp"});
+    const auto files = OpenNewDataFiles(folder, {"company", "balance", "tax", "qeltemp"});
     const auto& words = files[0].dialect();
     const auto inOrder = std::string(words.insertionOrder);
     const std::pair<int, std::string> statements[] = {

@@ -48,19 +48,6 @@ TEST(ConnectionStrings, AValueOpensNoNewPartAndEndsNone)
                     .starts_with("DBQ={C:\\A;PWD=x\\company.mdb};DefaultDir={C:\\A;PWD=x};Driver={"));
 }
 
-TEST(JetDialect, WordsAsTheFilesWantThem)
-{
-    EXPECT_EQ(std::string(kJetDialect.DeleteWord) + "from temp", "Delete  * from temp");
-    EXPECT_EQ(kJetDialect.Upper("name"), "Ucase(name)");
-    EXPECT_EQ(kJetDialect.noMinor, "isnull(minor) = true");
-    EXPECT_EQ(kJetDialect.noMinorOrZero, "(isnull(minor) = true or val(minor) = 0)");
-    EXPECT_EQ(kJetDialect.noMinorOrZeroUnparsed, "(isnull(minor) = true or minor = 0)");
-    EXPECT_EQ(kJetDialect.statusAtMost3, "val(status) <= 3");
-    EXPECT_EQ(kJetDialect.Right("code", 7), "right(code,7)");
-    EXPECT_EQ(kJetDialect.Left("type", 4), "left(type,4)");
-    EXPECT_EQ(kJetDialect.AsNumber("amt3"), "val(amt3 & '')");
-}
-
 TEST(Dialects, TheLockThatComesWithTheNextNumber)
 {
     EXPECT_EQ(kJetDialect.Lock("business", "SNO"),

@@ -30,7 +30,7 @@ std::string Ask(const path& file, const std::string& statements)
 /// A file as another program leaves it: one table of ours with a column less and one more, no index, no version.
 path OldFile(const TemporaryFolder& folder)
 {
-    const path file = folder / "company.mdb";
+    const path file = folder.path() / "company.mdb";
     Ask(file, "create table Business (code text collate nocase, Type text collate nocase, sno double, extra text);"
               "insert into Business values ('B', '1', 2, 'kept'), ('A', '1', 1, 'kept too')");
     return file;
@@ -77,7 +77,7 @@ TEST(Upgrade, NewerAndForeignFilesAreRefusedAndOthersAreNotTouched)
 {
     const TemporaryFolder folder;
     const auto refusal = [&](const char* name, const std::string& statements) -> std::string {
-        const path file = folder / name;
+        const path file = folder.path() / name;
         Ask(file, statements);
         try {
             OpenFile({.path = file, .dsn = {}});
@@ -91,7 +91,7 @@ TEST(Upgrade, NewerAndForeignFilesAreRefusedAndOthersAreNotTouched)
     EXPECT_NE(refusal("balance.mdb", "create table songs (title text)").find("is no data file of this program"),
               std::string::npos);
     EXPECT_EQ(refusal("balancesheet.mdb", "create table accounts (code text)"), "opened");
-    EXPECT_EQ(Ask(folder / "balancesheet.mdb", "select count(*) from sqlite_master"), "1");
+    EXPECT_EQ(Ask(folder.path() / "balancesheet.mdb", "select count(*) from sqlite_master"), "1");
     EXPECT_EQ(refusal("export1.mdb", "create table anything (code text)"), "opened");
 }
 

@@ -130,26 +130,6 @@ TEST_F(Chooser, LettersTypedAnywhereReplaceTheSearchAndEscapeClearsIt)
     EXPECT_EQ(Search().text(), "") << "no button has this letter";
 }
 
-TEST_F(Chooser, KeepsTheOrderOfTheList)
-{
-    window.Search("1006r2022");
-    QTest::keyClick(&Search(), Qt::Key_2, Qt::ControlModifier); // by year
-    EXPECT_EQ(Cell(Table().currentIndex().row(), YearList::Code), "1006r2022-23");
-    QTest::keyClick(&Table(), Qt::Key_Escape);
-    EXPECT_EQ(Cell(0, YearList::Year), "2024-25");
-    auto* heading = Table().horizontalHeader();
-    QTest::mouseClick(heading->viewport(), Qt::LeftButton, {},
-                      {heading->sectionViewportPosition(YearList::Code) + 20, 10});
-    EXPECT_EQ(Cell(0, YearList::Code), "1001r2021-22");
-    EXPECT_EQ(heading->sortIndicatorSection(), YearList::Code);
-    window.close();
-
-    const ChooserWindow again(folder.folder(), Module());
-    const auto* table = again.findChild<QTableView*>();
-    EXPECT_EQ(table->model()->index(0, YearList::Code).data().toString(), "1001r2021-22");
-    EXPECT_EQ(table->horizontalHeader()->sortIndicatorSection(), YearList::Code);
-}
-
 TEST_F(Chooser, EnterWalksADialogToItsButton)
 {
     InDialog("&New Client ...", [&](QDialog& dialog) {
@@ -200,61 +180,6 @@ TEST_F(Chooser, SettingsAreKeyedInADialogAndGoIntoTheRun)
     EXPECT_TRUE(record.GlLarge);
 }
 
-/// The child's figures must not be taken for the assessee's: the row is marked, also after a restart, and what Enter
-/// starts next is the assessee's own run.
-TEST_F(Chooser, AMinorsHeadIsMarkedUntilTheAssesseesOwnRun)
-{
-    Write("until [ -e \"$0.back\" ]; do sleep 0.02; done");
-    const auto run = [&](double amount) {
-        std::filesystem::remove(scripts.path() / "module.back");
-        window.Open();
-        WaitFor("is open in the module");
-        const Connection balance = folder.Open().balance;
-        balance.Delete("from {qelgeneral} where code = '1007r2022-23' and [Type] = 'BUSI'");
-        balance.Insert("qelgeneral", {{"code", "1007r2022-23"}, {"Type", "BUSI"}, {"amt14", amount}});
-        scripts.Write("module.back", "");
-    };
-    window.Search("nair 2022");
-    auto* whose = window.findChild<QComboBox*>();
-    whose->setCurrentIndex(1);
-    run(91700);
-    WaitFor("Profits & gains of Ramesh Nair, 2022-23: 91,700.00 (minor 1)");
-    EXPECT_EQ(Cell(0, YearList::WrittenBy), "minor 1");
-    EXPECT_EQ(whose->currentIndex(), 0);
-    EXPECT_TRUE(Search().hasFocus());
-    QTest::keyClicks(&Search(), "nair"); // replaces what was searched for
-    EXPECT_EQ(Search().text(), "nair");
-
-    ChooserWindow again(folder.folder(), Module());
-    again.Search("1007r2022");
-    auto& table = *again.findChild<QTableView*>();
-    EXPECT_EQ(table.model()->index(0, YearList::WrittenBy).data().toString(), "minor 1");
-    EXPECT_TRUE(table.model()->index(0, YearList::Head).data(Qt::BackgroundRole).isValid());
-
-    window.Search("1007r2022");
-    run(430050);
-    HandOver record;
-    ReadHandOver(OpenFile({folder.Open().HandOverFile(), {}}), record);
-    EXPECT_EQ(record.GLminor, 0);
-    WaitFor("4,30,050.00");
-    EXPECT_EQ(Cell(0, YearList::WrittenBy), "");
-}
-
-TEST_F(Chooser, EnterStartsTheModuleOnTheRowAndStaysAlive)
-{
-    Write("echo \"$PGBP_PROGRAM_FOLDER\" > \"$0.seen\"; until [ -e \"$0.back\" ]; do sleep 0.02; done");
-    window.Search("1006r2022");
-    QTest::keyClick(window.findChild<QLineEdit*>(), Qt::Key_Return);
-    WaitFor("is open in the module");
-    window.Open(); // a second run waits for the first to end
-    const Connection balance = folder.Open().balance;
-    balance.Delete("from {qelgeneral} where code = '1006r2022-23' and [Type] = 'BUSI'");
-    balance.Insert("qelgeneral", {{"code", "1006r2022-23"}, {"Type", "BUSI"}, {"amt14", 497000}});
-    scripts.Write("module.back", "");
-    WaitFor("Profits & gains of Gurpreet Singh, 2022-23: 4,97,000.00");
-    EXPECT_EQ(scripts.Read("module.seen"), folder.folder().string() + "\n");
-}
-
 TEST_F(Chooser, TellsWhyTheModuleEnded)
 {
     struct Case {
@@ -300,26 +225,6 @@ TEST_F(Chooser, TellsWhatTheStoreRefusesAndStaysOpen)
     Write("exit 1");
     window.Open();
     WaitFor("could not be read");
-}
-
-TEST(ChooserNames, AreShownAsTheyAreWritten)
-{
-    const TemporaryFolder place;
-    const std::string name = "<b>Bold & Sons";
-    CreatePractice(place.path() / name, PGBP_DATA);
-    const Practice practice(place.path() / name);
-    practice.company.Execute("update {assessee1} set comp_name = ? where code = '1001r2022-23'", name);
-    ChooserWindow window(place.path() / name, "module");
-    window.show();
-    QToolTip::showText({}, Text(name));
-    QApplication::processEvents();
-    int labels = 0;
-    for (const QWidget* widget : QApplication::allWidgets())
-        if (const auto* label = qobject_cast<const QLabel*>(widget)) {
-            EXPECT_EQ(label->textFormat(), Qt::PlainText) << label->text().toStdString();
-            labels += label->text() == Text(name) ? 1 : 0;
-        }
-    EXPECT_GE(labels, 2) << "the folder's name and the tip";
 }
 
 } // namespace

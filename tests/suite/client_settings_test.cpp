@@ -42,19 +42,6 @@ TEST_F(Settings, ComeBackAsTheyWereStoredForThatYearAlone)
     EXPECT_EQ(InWords(stored, Year("1003r2023-24")), "ITR-6, locked, remuneration by hand");
 }
 
-TEST_F(Settings, ThatDoNotConcernTheClientAreLeftAlone)
-{
-    const auto rows = [&] {
-        return practice.company.Scalar("select count(*) from {setup}").Number() +
-               practice.balance.Scalar("select count(*) from {qelgeneral} where [Type] = 'CHERI'").Number();
-    };
-    const double before = rows();
-    StoreSettings(practice, Year("1001r2023-24"),
-                  {.returnForm = 4, .remunerationByHand = false, .indAs = true, .section11 = true});
-    EXPECT_EQ(rows(), before);
-    EXPECT_FALSE(ReadSettings(practice, "1001r2023-24").indAs);
-}
-
 TEST_F(Settings, AreStoredAllOrNone)
 {
     const ClientSettings before = ReadSettings(practice, "1003r2023-24");

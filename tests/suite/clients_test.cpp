@@ -164,61 +164,6 @@ TEST_F(DemonstrationClients, AnnexureFollowsTheBlocksFromYearToYear)
     EXPECT_GT(closing.size(), 12u);
 }
 
-TEST_F(DemonstrationClients, PresumptiveFiguresAgreeWithTheirDetails)
-{
-    for (const Row line : Lines("'3', '5', 'A'")) {
-        SCOPED_TRACE(line["code"].Text());
-        const Recordset details =
-            practice.company.Query("select * from {misc_items} where code = ? and sno = ? and type = ?", line["code"],
-                                   line["sno"], "PGBP" + line["Type"].Text());
-        ASSERT_EQ(details.Size(), 1u);
-        const Row row = details.First();
-        EXPECT_EQ(line["turnover"].Number(), row["Am3"].Number() + row["am4"].Number());
-        EXPECT_EQ(line["sec44"].Number(),
-                  row["Am3"].Number() * row["amt1"].Number() / 100 + row["am4"].Number() * row["amt2"].Number() / 100);
-        EXPECT_EQ(line["net44"].Number(), line["sec44"].Number());
-        EXPECT_EQ(line["NET"].Number(), 0);
-    }
-    for (const Row line : Lines("'4'")) {
-        double income = 0;
-        for (const Row vehicle :
-             practice.company.Query("select * from {misc_items} where code = ? and type = '44AE_N'", line["code"])) {
-            const double tons = vehicle["amt1"].Number(), months = vehicle["amt2"].Number();
-            EXPECT_EQ(vehicle["Am3"].Number(), tons > 12 ? tons * 1000 * months : 7500 * months);
-            income += vehicle["Am3"].Number();
-        }
-        EXPECT_EQ(line["sec44"].Number(), income) << line["code"].Text();
-        EXPECT_GT(income, 0);
-    }
-}
-
-TEST_F(DemonstrationClients, PartnersGetWhatSection40bAllows)
-{
-    for (const char* year : {"2021-22", "2022-23", "2023-24"})
-        EXPECT_EQ(Company("sum(amt2) from {business1} where type = 'PARTREMU'", CodeOf(1003, year)), 100);
-    // by hand: total 1842750 less interest 180000 = 1662750; limit 270000 + 60 % of 1362750 = 1087650; paid 720000
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2021-22"), 720000);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'PARTREMU'", "1003r2021-22"), 720000);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSINTT'", "1003r2021-22"), 180000);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'LESSREMU'", "1003r2022-23"), 840000);
-    // the partner's own return shows the same
-    const Recordset firms =
-        practice.balance.Query("select * from {qelgeneral} where code = '1001r2021-22' and [Type] = 'FIRM'");
-    const Row firm = firms.First();
-    EXPECT_EQ(firm["amt3"].Number(), 180000);
-    EXPECT_EQ(firm["amt4"].Number(), 40000);
-    EXPECT_EQ(firm["amt2"].Number(), RoundOff(942750.0 / 4, 0));
-}
-
-TEST_F(DemonstrationClients, AdHocDeductionFromCommission)
-{
-    // 2021-22: 50 % of 20000, 15 % of 18000, 50 % of 6000; 2022-23: 11000 + 3150 + 1500 + 4000
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'ZADHOC'", "1007r2021-22"), 15700);
-    EXPECT_EQ(Company("sum(amt1) from {business1} where type = 'ZADHOC'", "1007r2022-23"), 19650);
-    // 2023-24: the total is above 60000
-    EXPECT_EQ(Company("count(*) from {business1} where type = 'ZADHOC'", "1007r2023-24"), 0);
-}
-
 TEST_F(DemonstrationClients, YearsAreLinkedAndTheLastOneIsInWork)
 {
     std::map<double, std::vector<AssesseeYear>> clients;
@@ -237,27 +182,6 @@ TEST_F(DemonstrationClients, YearsAreLinkedAndTheLastOneIsInWork)
             EXPECT_EQ(FindAssesseeYear(practice, code).headOfIncome.has_value(), i + 1 < years.size());
             EXPECT_GE(ReturnForm(practice, code), 4);
         }
-    }
-}
-
-TEST_F(DemonstrationClients, ShowEveryKindOfLineEveryStatusAndAMinor)
-{
-    std::string kinds;
-    for (const Row row : practice.company.Query("select distinct type from {business} order by type"))
-        kinds += row.At(0).Text();
-    EXPECT_EQ(kinds, "0123456789A");
-    std::set<std::string> statuses;
-    for (const auto& year : AssesseeYears(practice))
-        statuses.insert(year.status);
-    EXPECT_EQ(statuses, (std::set<std::string>{"01", "05", "08", "13"}));
-    EXPECT_EQ(MinorsOf(practice, "1007r2023-24"), (std::vector<double>{1, 2}));
-    EXPECT_EQ(Balance("amt1 from {qelgeneral} where [Type] = 'CHERI'", "1005r2023-24"), 1);
-    EXPECT_GT(Balance("amt1 from {qelgeneral} where [Type] = 'SEC(11)4'", "1005r2023-24"), 0);
-    EXPECT_FALSE(practice.company.Scalar("select auto_rem from {setup} where code = '1003r2023-24'").Flag());
-    // the fourth letter of a PAN tells the kind of assessee
-    for (const Row row : practice.company.Query("select pan, status from {assessee}")) {
-        const std::map<std::string, char> letters = {{"01", 'P'}, {"05", 'F'}, {"08", 'T'}, {"13", 'C'}};
-        EXPECT_EQ(row["pan"].Text().at(3), letters.at(row["status"].Text())) << row["pan"].Text();
     }
 }
 

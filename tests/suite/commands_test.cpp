@@ -72,22 +72,6 @@ TEST_F(Commands, AddAnAssesseeWithTwoLinkedYears)
         "0");
 }
 
-TEST_F(Commands, ReturnFormFollowsTheStatus)
-{
-    struct Case {
-        const char* status;
-        double form;
-    };
-    constexpr Case kCases[] = {{"01", 4}, {"02", 4}, {"05", 5}, {"07", 5}, {"08", 5}, {"12", 6}, {"15", 6}};
-    for (const auto& [status, form] : kCases) {
-        std::string number = Run({"add-assessee", "A", std::string("ABCPD12") + status + "K", status});
-        number.pop_back();
-        std::string code = Run({"add-year", number, "2023-24"});
-        code.pop_back();
-        EXPECT_EQ(ReturnForm(made.Open(), code), form) << status;
-    }
-}
-
 TEST_F(Commands, RefuseWithASentenceAndLeaveThePracticeAsItWas)
 {
     struct Case {
@@ -126,39 +110,6 @@ TEST_F(Commands, RefuseWithASentenceAndLeaveThePracticeAsItWas)
     }
     EXPECT_EQ(Run({"list"}), before);
     EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 10);
-}
-
-TEST_F(Commands, ListFindsByAllWordsInAnyCase)
-{
-    const std::vector<std::string> searches[] = {
-        {"hosiery"}, {"AAQFV5512C"}, {"firm"}, {"1003R"}, {"business", "verma"}};
-    for (std::vector<std::string> words : searches) {
-        SCOPED_TRACE(words.front());
-        words.insert(words.begin(), "list");
-        const std::string listed = Run(words);
-        EXPECT_EQ(std::ranges::count(listed, '\n'), 3);
-        EXPECT_NE(listed.find("1003r2022-23"), std::string::npos);
-        EXPECT_NE(listed.find("Firm (business)"), std::string::npos);
-        EXPECT_NE(listed.find("11,77,397.00"), std::string::npos);
-    }
-    EXPECT_EQ(std::ranges::count(Run({"list", "2022 hos"}), '\n'), 1);
-    EXPECT_EQ(Run({"list", "hosiery", "nobody"}), "");
-}
-
-TEST_F(Commands, SettingsAreStoredAndHandedOver)
-{
-    EXPECT_EQ(Run({"settings", "1003r2023-24"}), "form=5\nlocked=no\nprevious-year=yes\nremuneration-by-hand=no\n");
-    Run({"settings", "1003r2023-24", "LOCKED=yes", "previous-year=no", "remuneration-by-hand=yes", "form=6"});
-    EXPECT_EQ(Run({"settings", "1003r2023-24"}), "form=6\nlocked=yes\nprevious-year=no\nremuneration-by-hand=yes\n");
-
-    HandOver seen;
-    Run({"handover", "1003r2023-24"});
-    ReadHandOver(OpenFile({made.Open().HandOverFile(), {}}), seen);
-    EXPECT_EQ(seen.GLlock, 1);
-    EXPECT_FALSE(seen.GlLarge);
-    Run({"handover", "1003r2023-24", "GLlock=0"});
-    ReadHandOver(OpenFile({made.Open().HandOverFile(), {}}), seen);
-    EXPECT_EQ(seen.GLlock, 0);
 }
 
 TEST_F(Commands, RunHandsOverAndShowsWhatCameBack)

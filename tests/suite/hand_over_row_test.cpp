@@ -38,26 +38,6 @@ struct TextFor {
     std::string operator()(bool HandOver::*) const { return "yes"; }
 };
 
-TEST(HandOverRow, CarriesEveryColumn)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    HandOver record;
-    for (const HandOverColumn& column : HandOverColumns())
-        SetColumn(record, std::string(column.name) + '=' + std::visit(TextFor(), column.variable));
-    WriteHandOverFile(practice, {});
-    WriteHandOverFile(practice, record);
-
-    const Connection file = OpenFile({practice.HandOverFile(), {}});
-    const Recordset rows = file.Query("select * from {main}");
-    ASSERT_EQ(rows.Size(), 1u);
-    for (const HandOverColumn& column : HandOverColumns()) {
-        const std::string expected = std::visit(TextFor(), column.variable);
-        EXPECT_EQ(rows.First()[column.name].Text(), expected == "yes" ? "1" : expected) << column.name;
-    }
-    EXPECT_TRUE(ReadBack(practice).GlProv);
-}
-
 TEST(HandOverRow, FileIsMadeAgainWhereItIsMissing)
 {
     const NewPractice made;
@@ -67,18 +47,6 @@ TEST(HandOverRow, FileIsMadeAgainWhereItIsMissing)
     record.Glcode = "O'Brien & Söhne; -- 100%";
     WriteHandOverFile(practice, record);
     EXPECT_EQ(ReadBack(practice).Glcode, record.Glcode);
-}
-
-TEST(HandOverRow, TakesWordsOfEachKindInAnyCase)
-{
-    HandOver record;
-    for (const char* word : {"GLLARGE=TRUE", "glrem=-1", "GLlock=-32768", "GLminor=1e3", "GlPrCode=", "GLtitle=a=b"})
-        SetColumn(record, word);
-    EXPECT_TRUE(record.GlLarge);
-    EXPECT_TRUE(record.GLrem);
-    EXPECT_EQ(record.GLlock, -32768);
-    EXPECT_EQ(record.GLminor, 1000);
-    EXPECT_EQ(record.GLtitle, "a=b");
 }
 
 TEST(HandOverRow, RefusesWhatDoesNotFit)

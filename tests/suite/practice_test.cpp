@@ -17,11 +17,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-double Count(const Connection& connection, const std::string& fromWhere)
-{
-    return connection.Scalar("select count(*) " + fromWhere).Number();
-}
-
 TEST(NewPracticeFolder, HoldsEveryFileThatARunOpens)
 {
     const NewPractice made;
@@ -37,56 +32,6 @@ TEST(NewPracticeFolder, HoldsEveryFileThatARunOpens)
     EXPECT_EQ(FileExists(made.folder() / "vorn.hlp"), 1);
 }
 
-TEST(NewPracticeFolder, HoldsEveryTemplateInTheStoreAndInTheReference)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    const Connection reference = OpenFile({made.folder() / "qel.mmm", {}});
-    const auto lines = [](const fs::path& path) {
-        std::ifstream in(path);
-        std::string line;
-        int count = -1; // the heading
-        while (std::getline(in, line))
-            ++count;
-        return count;
-    };
-    struct Case {
-        const Connection& connection;
-        std::string table;
-        int templates;
-    };
-    for (const auto& [connection, table, templates] :
-         {Case{practice.tax, "taxaudit", 17}, Case{practice.tax, "taxauditjson", 2}, Case{reference, "taxaudit", 17}}) {
-        int found = 0;
-        for (const auto& entry : fs::directory_iterator(fs::path(PGBP_DATA) / table)) {
-            if (entry.path().extension() != ".tsv")
-                continue;
-            const std::string name = entry.path().stem().string();
-            EXPECT_EQ(connection.Scalar("select count(*) from {" + table + "} where d_type = ?", name).Number(),
-                      lines(entry.path()))
-                << name;
-            ++found;
-        }
-        EXPECT_EQ(found, templates);
-    }
-    EXPECT_EQ(practice.tax.Scalar("select blocked from {taxaudit} where d_type = 'PL_5_2019' and slno = 549").Flag(),
-              false);
-}
-
-TEST(NewPracticeFolder, EveryTableThatARunReadsHasRows)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    for (const auto& [connection, tables] :
-         {std::pair(&practice.company, std::vector{"business", "business1", "misc_items", "assessee", "assessee1",
-                                                   "setup", "user1", "user_comp", "misc"}),
-          std::pair(&practice.balance, std::vector{"qelgeneral", "fassets", "compu", "misc_items"}),
-          std::pair(&practice.tax, std::vector{"system", "misc", "statecode", "Coun", "air", "vornhelp"})})
-        for (const char* table : tables)
-            EXPECT_GT(Count(*connection, std::string("from {") + table + '}'), 0) << table;
-    EXPECT_EQ(Count(practice.tax, "from {air} where type = '10ABC'"), 8);
-}
-
 TEST(NewPracticeFolder, EveryStateHasItsCodeAndEveryAddressAState)
 {
     const NewPractice made;
@@ -98,16 +43,6 @@ TEST(NewPracticeFolder, EveryStateHasItsCodeAndEveryAddressAState)
         EXPECT_NE(StateCode(row[office ? "state_o" : "state_r"].Text()), "0");
         EXPECT_EQ(row[office ? "pin_o" : "pin_r"].Text().size(), 6u);
     }
-}
-
-TEST(NewPracticeFolder, AssessmentYearsFollowEachOther)
-{
-    const NewPractice made;
-    const auto years = AssessmentYears(made.Open());
-    EXPECT_EQ(years.front(), "2001-02");
-    EXPECT_EQ(years[8], "2009-10");
-    EXPECT_EQ(years.back(), "2026-27");
-    EXPECT_EQ(years.size(), 26u);
 }
 
 TEST(NewPracticeFolder, NeverTouchesAFolderThatHoldsSomething)
@@ -139,47 +74,6 @@ TEST(PracticeThatStands, IsRefusedWithASentenceWhenItIsNone)
     EXPECT_THROW(Practice{empty.path()}, std::runtime_error);
     clsIniFile{made.folder() / "Settings.ini"}.WriteValue("DBTYPE", "DB", "sql");
     EXPECT_THROW(made.Open(), std::runtime_error);
-}
-
-TEST(PracticeThatStands, TellsWhereDriveTxtIsWrong)
-{
-    const NewPractice made;
-    std::ofstream(made.folder() / "Drive.txt") << "/no/such/folder\n";
-    EXPECT_THROW(made.Open().HandOverFile(), std::runtime_error);
-}
-
-TEST(FilledPractice, HoldsExactlyTheAssesseeYearsAskedFor)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    const double before = Count(practice.company, "from {assessee1}");
-    constexpr const char* kTables[] = {"business", "business1", "misc_items", "assessee", "assessee1", "setup"};
-    const auto rows = [&] {
-        double all = Count(practice.balance, "from {qelgeneral}") + Count(practice.balance, "from {fassets}") +
-                     Count(practice.balance, "from {compu}") + Count(practice.balance, "from {misc_items}");
-        for (const char* table : kTables)
-            all += Count(practice.company, std::string("from {") + table + '}');
-        return all;
-    };
-    const double rowsBefore = rows();
-    const long added = FillPractice(practice, PGBP_DATA, 100);
-    EXPECT_EQ(Count(practice.company, "from {assessee1}"), before + 100);
-    EXPECT_EQ(rows(), rowsBefore + static_cast<double>(added));
-    EXPECT_EQ(Count(practice.company, "from {business} group by sno having count(*) > 1"), 0);
-    EXPECT_EQ(Count(practice.company, "from {assessee} group by pan having count(*) > 1"), 0);
-    EXPECT_EQ(Count(practice.company, "from {assessee} group by company having count(*) > 1"), 0);
-    EXPECT_EQ(Count(practice.company, "from {assessee1} group by code having count(*) > 1"), 0);
-}
-
-TEST(LineNumbersOfAPractice, LeaveOutTheNumberOfUnsavedLines)
-{
-    const NewPractice made;
-    const Practice practice = made.Open();
-    practice.company.Execute("insert into {business} (code, sno) values ('x', 89998)");
-    LineNumbers lines(practice.company);
-    EXPECT_EQ(lines.Next(), 89999);
-    EXPECT_EQ(lines.Next(), 90001);
-    EXPECT_EQ(lines.Next(), 90002);
 }
 
 } // namespace

@@ -79,19 +79,6 @@ TEST_F(ListOfYears, FindsEachWordAnywhereInAnyOrder)
     EXPECT_EQ(reads, 0);
 }
 
-TEST_F(ListOfYears, FindsTheSameLetterByLetterAsAtOnce)
-{
-    const std::string search = "verma 7 23";
-    for (std::size_t typed = 1; typed <= search.size(); ++typed)
-        list.Search(search.substr(0, typed));
-    EXPECT_EQ(Codes(), "9r2023-24 7r2023-24 7r2022-23");
-    for (std::size_t typed = search.size(); typed > 0; --typed) // and with Backspace
-        list.Search(search.substr(0, typed));
-    EXPECT_EQ(list.Size(), 6u); // each kind or PAN holds a v
-    list.Search("");
-    EXPECT_EQ(list.Size(), 6u);
-}
-
 TEST_F(ListOfYears, SortsByAnyColumnWithTheNewestYearOfAClientFirst)
 {
     amounts = {{"7r2022-23", -5}, {"7r2023-24", 100}, {"12r2023-24", 20}};
@@ -126,40 +113,6 @@ TEST_F(ListOfYears, ReadsAHeadOnceAndAgainAfterARun)
     EXPECT_EQ(list.CellText(0, YearList::Head), "12,50,000.00");
     EXPECT_EQ(list.CellText(0, YearList::WrittenBy), "");
     EXPECT_EQ(reads, 2);
-}
-
-TEST_F(ListOfYears, HeadsThatCanNotBeReadAreNotAskedForAgain)
-{
-    int tried = 0;
-    YearList broken([&](AssesseeYear&) {
-        ++tried;
-        throw std::runtime_error("disk");
-    });
-    broken.Show({Year("7r2022-23", 7, "A", "P", "01")});
-    broken.Sort({YearList::Head, true});
-    EXPECT_EQ(broken.CellText(0, YearList::Head), "cannot be read");
-    EXPECT_EQ(tried, 1);
-}
-
-TEST_F(ListOfYears, SaysWhyItIsEmpty)
-{
-    list.Search("nobody");
-    EXPECT_NE(list.WhyEmpty().find("\"nobody\""), std::string::npos);
-    EXPECT_EQ(list.RowOf("7r2022-23"), std::nullopt);
-    list.Show({});
-    EXPECT_NE(list.WhyEmpty().find("no clients yet"), std::string::npos);
-}
-
-TEST(OrderOfYears, TurnsRoundOnTheSameColumnAndIsKeptAsAWord)
-{
-    using Order = YearList::Order;
-    EXPECT_EQ(OrderAfter({YearList::Client, false}, YearList::Client), (Order{YearList::Client, true}));
-    EXPECT_EQ(OrderAfter({YearList::Client, false}, YearList::Year), (Order{YearList::Year, true}));
-    EXPECT_EQ(OrderAfter({YearList::Year, true}, YearList::Pan), (Order{YearList::Pan, false}));
-    for (const Order order : {Order{YearList::Pan, true}, Order{YearList::Code, false}, Order{YearList::Client, true}})
-        EXPECT_EQ(OrderFrom(OrderText(order)), order);
-    EXPECT_EQ(OrderFrom(OrderText({YearList::Head, true})), Order{}); // would read every head of the practice
-    EXPECT_EQ(OrderFrom("colour"), Order{});
 }
 
 } // namespace

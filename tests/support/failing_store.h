@@ -64,14 +64,21 @@ class FailingEngine : public Engine {
     Refusal& refusal_;
 };
 
-/// Puts the refusing engine before the files that a run on embedded files writes to.
+/// Puts the refusing engine before the files, or the databases of a server, that a run writes to.
 inline void LetFail(Run& run, Refusal& refusal)
 {
-    const auto practice = std::make_shared<FailingEngine>(run.company.engine(), refusal);
+    const auto failing = [&](const Connection& connection) {
+        return std::make_shared<FailingEngine>(connection.engine(), refusal);
+    };
+    const auto practice = failing(run.company);
+    if (run.balance.engine() == run.company.engine()) {
+        run.balance = Connection(practice, "[balance].");
+        run.tax = Connection(practice, "[tax].");
+    } else {
+        run.balance = Connection(failing(run.balance), "");
+    }
     run.company = Connection(practice, "");
-    run.balance = Connection(practice, "[balance].");
-    run.tax = Connection(practice, "[tax].");
-    run.qeltemp = Connection(std::make_shared<FailingEngine>(run.qeltemp.engine(), refusal), "");
+    run.qeltemp = Connection(failing(run.qeltemp), "");
 }
 
 } // namespace pgbp

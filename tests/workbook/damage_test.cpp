@@ -83,32 +83,6 @@ TEST(DamageTest, RecordsCutAtAnyByteAreRefused)
     }
 }
 
-TEST(DamageTest, FilesOfOtherProgramsCutAtAnyByteGiveAResultOrAreRefused)
-{
-    for (const char* name : {"libreoffice.xls", "gnumeric.xls"}) {
-        const std::string file = SampleFile(name);
-        ASSERT_TRUE(ReadOrRefuse(file));
-        for (std::size_t size = 0; size < file.size(); ++size)
-            ReadOrRefuse(file.substr(0, size));
-    }
-}
-
-TEST(DamageTest, TurnedBytesGiveAResultOrAreRefused)
-{
-    std::mt19937 random(20260401);
-    for (const std::string& file :
-         {WriteXls(SampleOfAllKinds()), SampleFile("libreoffice.xls"), SampleFile("gnumeric.xls")})
-        for (int round = 0; round < 700; ++round) {
-            std::string records = StreamOf(file), container = file;
-            for (auto turns = random() % 8 + 1; turns > 0; --turns) {
-                records[random() % records.size()] = static_cast<char>(random());
-                container[random() % container.size()] = static_cast<char>(random());
-            }
-            ReadOrRefuse(container);
-            ReadOrRefuse(WriteCompoundFile("Workbook", records));
-        }
-}
-
 TEST(DamageTest, WhatIsWrongIsTold)
 {
     const auto cell = [](RecordId id, auto fill) {

@@ -47,7 +47,7 @@ std::string Replaced(std::string text, const std::string& from, const std::strin
 std::string Converted(const std::string& file, const std::string& command, const std::string& made = "book.xls")
 {
     const TemporaryFolder folder;
-    const auto in = folder.Path() / "book.xls", out = folder.Path() / "out";
+    const auto in = folder.path() / "book.xls", out = folder.path() / "out";
     std::filesystem::create_directory(out);
     WriteBytes(in, file);
     const std::string line = Replaced(Replaced(command, "IN", in.string()), "OUT", out.string()) + " >/dev/null 2>&1";

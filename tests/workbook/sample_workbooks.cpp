@@ -131,12 +131,4 @@ std::string SampleFile(const std::string& name)
     return ReadBytes(std::filesystem::path(PGBP_WORKBOOK_SAMPLES) / name);
 }
 
-TemporaryFolder::TemporaryFolder()
-{
-    std::string pattern = (std::filesystem::temp_directory_path() / "workbook-XXXXXX").string();
-    path_ = mkdtemp(pattern.data());
-}
-
-TemporaryFolder::~TemporaryFolder() { std::filesystem::remove_all(path_); }
-
 } // namespace pgbp::xls

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "support/temporary_folder.h"
 #include "workbook/workbook.h"
 
 #include <filesystem>
@@ -21,17 +22,6 @@ Workbook AsRead(const Workbook& workbook);
 
 /// Bytes of a file in the samples folder.
 std::string SampleFile(const std::string& name);
-
-/// A folder of its own that goes away with everything in it.
-class TemporaryFolder {
-  public:
-    TemporaryFolder();
-    ~TemporaryFolder();
-    std::filesystem::path Path() const { return path_; }
-
-  private:
-    std::filesystem::path path_;
-};
 
 std::string ReadBytes(const std::filesystem::path& path);
 void WriteBytes(const std::filesystem::path& path, const std::string& bytes);
