@@ -121,12 +121,12 @@ StatementScreen::StatementScreen(Run& itsRun, ScreenName<StatementOpening> name,
 void StatementScreen::LayOut()
 {
     MSH.SetEditors({&TxtNum, &CmbYN, &Txt1});
-    framain.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Button, LayoutColumn::Button},
+    framain.Lay({.columns = {LayoutColumn::Caption, LayoutColumn::Field, LayoutColumn::Caption, LayoutColumn::Amount},
                  .rows = {{{&lblfind, &TxtFind, &ChkPr, &ChkDet}},
                           {{&MSH}},
-                          {{&lblTot1c, &LblTot1, &lblIndAs}, RowStyle::Final},
-                          {{&lblTot2c, &LblTot2}, RowStyle::Final},
-                          {{&lblTot3c, &lblTot3}, RowStyle::Final}},
+                          {{&lblIndAs, nullptr, &lblTot1c, &LblTot1}, RowStyle::Final},
+                          {{nullptr, nullptr, &lblTot2c, &LblTot2}, RowStyle::Final},
+                          {{nullptr, nullptr, &lblTot3c, &lblTot3}, RowStyle::Final}},
                  .buttonsLeft = {&Command1, &CmdNew3, &CmdMulEntry, &cmdexport, &cmdImport, &Command2},
                  .buttonsRight = {&CmdSave, &CmdDel}});
     FraBooks.Lay({.columns = {LayoutColumn::Button}, .rows = {{{&ChkBooks}}}, .buttonsRight = {&CmdBackFra}});
