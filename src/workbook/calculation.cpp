@@ -12,6 +12,9 @@ namespace {
 
 using Operand = std::variant<Value, Area>;
 
+/// The most cells that all formulas together look at: a small damaged file can hold areas that overlap a thousandfold.
+constexpr std::size_t kMostLooks = 20'000'000;
+
 Value AsNumber(const std::string& text)
 {
     constexpr std::string_view blank = " ";
@@ -100,11 +103,24 @@ class Calculator {
         }
     }
 
-    void PushNeeded(const Formula& formula, std::vector<Position>& path) const
+    /// Calls `use` for each entry of a map by position that lies in the area, row by row.
+    template <typename Map, typename Use>
+    void Walk(const Map& map, const Area& area, Use use)
+    {
+        const auto end = map.upper_bound(area.last);
+        for (auto entry = map.lower_bound(area.first); entry != end; ++entry) {
+            if (++looks_ > kMostLooks)
+                throw WorkbookError("The workbook holds more formulas than can be worked out.");
+            if (entry->first.column >= area.first.column && entry->first.column <= area.last.column)
+                use(*entry);
+        }
+    }
+
+    void PushNeeded(const Formula& formula, std::vector<Position>& path)
     {
         for (const Token& token : formula)
             if (token.operation == Operation::Cell || token.operation == Operation::Cells)
-                ForEachIn(entries_, token.area, [&](const auto& needed) {
+                Walk(entries_, token.area, [&](const auto& needed) {
                     if (needed.second.state == State::Open)
                         throw WorkbookError("cell " + NameOf(needed.first) + ": its formula needs its own result.");
                     if (needed.second.state == State::Waiting)
@@ -123,13 +139,13 @@ class Calculator {
         return cell != sheet_.cells.end() ? ValueOf(position, cell->second) : Value();
     }
 
-    Value SumOf(const Operand& argument) const
+    Value SumOf(const Operand& argument)
     {
         const auto* area = std::get_if<Area>(&argument);
         if (!area)
             return AsNumber(std::get<Value>(argument));
         Value sum = 0.0;
-        ForEachIn(sheet_.cells, *area, [&](const auto& entry) {
+        Walk(sheet_.cells, *area, [&](const auto& entry) {
             const Value& value = ValueOf(entry.first, entry.second);
             if (std::holds_alternative<double>(value) || std::holds_alternative<ErrorCode>(value))
                 sum = Combine(sum, 1, value);
@@ -137,7 +153,7 @@ class Calculator {
         return sum;
     }
 
-    Value Sum(std::span<const Operand> arguments) const
+    Value Sum(std::span<const Operand> arguments)
     {
         Value sum = 0.0;
         for (const Operand& argument : arguments)
@@ -145,7 +161,7 @@ class Calculator {
         return sum;
     }
 
-    void Step(const Token& token, std::vector<Operand>& stack) const
+    void Step(const Token& token, std::vector<Operand>& stack)
     {
         // Takes as many operands off the stack as the operation has and puts its result there.
         const auto replace = [&](std::size_t count, auto operation) {
@@ -174,7 +190,7 @@ class Calculator {
         }
     }
 
-    Value Result(const Formula& formula) const
+    Value Result(const Formula& formula)
     {
         std::vector<Operand> stack;
         for (const Token& token : formula)
@@ -185,6 +201,7 @@ class Calculator {
 
     const Sheet& sheet_;
     std::map<Position, Entry> entries_;
+    std::size_t looks_ = 0;
 };
 
 } // namespace

@@ -10,7 +10,6 @@ namespace {
 
 constexpr std::size_t kMostArguments = 30;
 constexpr int kDeepest = 64;
-constexpr std::size_t kLongest = 1024;
 
 class Parser {
   public:
@@ -18,7 +17,7 @@ class Parser {
 
     Formula Parse()
     {
-        if (text_.size() > kLongest || !Take('='))
+        if (text_.size() > kLongestFormula || !Take('='))
             Fail();
         Expression();
         SkipBlanks();

@@ -29,6 +29,9 @@ using Formula = std::vector<Token>;
 /// letter case. Throws WorkbookError that quotes the place that is not understood.
 Formula ParseFormula(std::string_view text);
 
+/// The longest text of a formula.
+inline constexpr std::size_t kLongestFormula = 1024;
+
 /// The tokens of the format.
 std::string EncodeFormula(const Formula& formula);
 

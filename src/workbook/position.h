@@ -33,14 +33,4 @@ std::optional<Position> TakePosition(std::string_view& text);
 /// The place that the text names. Throws WorkbookError for a text that is not wholly the name of a cell.
 Position PositionOf(std::string_view name);
 
-/// Calls `use` for each entry of a map by position that lies in the area, row by row.
-template <typename Map, typename Use>
-void ForEachIn(Map& map, const Area& area, Use use)
-{
-    const auto end = map.upper_bound(area.last);
-    for (auto entry = map.lower_bound(area.first); entry != end; ++entry)
-        if (entry->first.column >= area.first.column && entry->first.column <= area.last.column)
-            use(*entry);
-}
-
 } // namespace pgbp::xls

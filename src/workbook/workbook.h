@@ -99,8 +99,9 @@ std::string WriteXls(const Workbook& workbook);
 /// Writes the file in one step: an existing file is replaced only by a whole new one. Throws WorkbookError.
 void WriteXlsFile(const Workbook& workbook, const std::filesystem::path& path);
 
-/// The worksheets with the cells that hold a value; styles, columns and protection are not read, charts and macro
-/// sheets are left out. Throws WorkbookError for anything that is not a whole, unencrypted workbook of this format.
+/// The worksheets with the cells that hold a value; a formula that the file has no result for is worked out where it is
+/// understood. Styles, columns and protection are not read, charts and macro sheets are left out. Throws WorkbookError
+/// for anything that is not a whole, unencrypted workbook of this format.
 Workbook ReadXls(std::string_view bytes);
 
 /// As ReadXls; the message begins with the file's name.

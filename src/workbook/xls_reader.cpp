@@ -1,7 +1,9 @@
+#include "workbook/calculation.h"
 #include "workbook/compound_file.h"
 #include "workbook/record_reader.h"
 #include "workbook/workbook.h"
 
+#include <algorithm>
 #include <bit>
 #include <cmath>
 #include <utility>
@@ -121,7 +123,19 @@ class WorkbookReader {
         walked_ += record.Offset() - bound.offset;
         if (walked_ > stream_.size())
             FailDamaged("two sheets share the same records");
+        WorkOut(sheet);
         return sheet;
+    }
+
+    /// What the program that wrote the file left to be calculated.
+    void WorkOut(Sheet& sheet)
+    {
+        for (auto& [position, formula] : waiting_)
+            sheet.cells.at(position).formula = std::move(formula);
+        const auto results = waiting_.empty() ? std::map<Position, Calculated>() : Calculate(sheet);
+        for (const auto& [position, calculated] : results)
+            sheet.cells.at(position) = Cell{calculated.result};
+        waiting_.clear();
     }
 
     void ReadCells(RecordReader& record, Sheet& sheet)
@@ -181,6 +195,7 @@ class WorkbookReader {
     Value ReadFormula(RecordReader& record, Position position)
     {
         const auto result = record.U64();
+        TakeUncalculated(record, position, result);
         if (result >> 48 != 0xFFFF)
             return NumberValue(std::bit_cast<double>(result));
         const auto value = static_cast<std::uint8_t>(result >> 16);
@@ -196,6 +211,26 @@ class WorkbookReader {
             return std::string();
         }
         FailDamaged("a formula has a result of an unknown kind");
+    }
+
+    /// Keeps a formula that has no result of its own: it is marked as to be calculated, or has the empty text, which
+    /// writers leave that do not calculate. One that is not understood keeps what stands there.
+    void TakeUncalculated(RecordReader& record, Position position, std::uint64_t result)
+    {
+        constexpr std::size_t marksAndLength = 8;
+        constexpr std::uint16_t toBeCalculated = 0x0003; // always, or when the file is opened
+        if (record.Left() < marksAndLength)
+            return;
+        const bool isMarked = (record.U16() & toBeCalculated) != 0;
+        const bool isEmptyText = result >> 48 == 0xFFFF && static_cast<std::uint8_t>(result) == kEmptyText;
+        if (!isMarked && !isEmptyText)
+            return;
+        record.Skip(4);
+        std::string tokens(std::min<std::size_t>(record.U16(), record.Left()), '\0');
+        for (char& byte : tokens)
+            byte = static_cast<char>(record.U8());
+        if (auto formula = DecodeFormula(tokens))
+            waiting_.insert_or_assign(position, *std::move(formula));
     }
 
     static std::string ReadText(RecordReader& record)
@@ -229,8 +264,9 @@ class WorkbookReader {
     const std::string_view stream_;
     std::vector<BoundSheet> sheets_;
     std::vector<std::string> strings_;
-    std::optional<Position> textOf_; // the formula whose text is still to come
-    std::size_t text_ = 0;           // bytes of text in cells so far
+    std::map<Position, std::string> waiting_; // formulas of the sheet that are without a result
+    std::optional<Position> textOf_;          // the formula whose text is still to come
+    std::size_t text_ = 0;                    // bytes of text in cells so far
     std::size_t cells_ = 0;
     std::size_t walked_ = 0; // bytes of the stream that sheets took so far
 };

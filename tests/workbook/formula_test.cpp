@@ -55,8 +55,11 @@ TEST(FormulaTest, ResultsWorkedOutByHand)
         {ErrorCode::BadNumber, {"=1e308+1e308"}},
     };
     for (const auto& [result, formulas] : rows)
-        for (const char* formula : formulas)
+        for (const char* formula : formulas) {
             EXPECT_EQ(ResultOf(formula), result) << formula;
+            const Formula parsed = ParseFormula(formula);
+            EXPECT_EQ(ParseFormula(DecodeFormula(EncodeFormula(parsed)).value_or("")), parsed) << formula;
+        }
 }
 
 TEST(FormulaTest, WhatIsNotUnderstoodIsQuoted)

@@ -34,6 +34,25 @@ TEST(RoundTripTest, SamplesComeBackWithTheirResults)
         EXPECT_EQ(ReadXls(WriteXls(workbook)), AsRead(workbook));
 }
 
+TEST(RoundTripTest, FormulasWithoutAStoredResultAreWorkedOut)
+{
+    const std::string file = WriteXls(SampleStatement(197));
+    constexpr std::uint64_t emptyText = 0xFFFF'0000'0000'0003;
+    EXPECT_EQ(ReadXls(WithStoredResults(file, emptyText)), AsRead(SampleStatement(197)));
+    for (const std::uint16_t marks : {1, 2, 3})
+        EXPECT_EQ(ReadXls(WithStoredResults(file, 0, marks)), AsRead(SampleStatement(197)));
+    EXPECT_NE(ReadXls(WithStoredResults(file, 0)), AsRead(SampleStatement(197))) << "a stored zero is a result";
+}
+
+/// Each formula adds up all the others before it, over areas that overlap.
+TEST(RoundTripTest, FormulasThatWouldTakeForEverAreRefused)
+{
+    Sheet sheet{"Sheet1", {{{0, 0}, {1.0}}}};
+    for (int row = 1; row < 20000; ++row)
+        sheet.cells[{row, 0}] = {{}, "=sum(A1:A" + std::to_string(row) + ')'};
+    EXPECT_THAT([&] { WriteXls({{sheet}}); }, ThrowsMessage<WorkbookError>(HasSubstr("more formulas")));
+}
+
 TEST(RoundTripTest, ValuesComeBackToTheLastBit)
 {
     using Limits = std::numeric_limits<double>;

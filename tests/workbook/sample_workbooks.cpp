@@ -1,6 +1,9 @@
 #include "workbook/sample_workbooks.h"
 
+#include "workbook/bytes.h"
 #include "workbook/calculation.h"
+#include "workbook/compound_file.h"
+#include "workbook/records.h"
 
 #include <cstdlib>
 #include <fstream>
@@ -113,6 +116,19 @@ Workbook AsRead(const Workbook& workbook)
             plain.cells[position].value = formula.result;
     }
     return read;
+}
+
+std::string WithStoredResults(const std::string& file, std::uint64_t result, std::uint16_t marks)
+{
+    constexpr std::size_t resultAt = kRecordHeader + 6, marksAt = resultAt + 8;
+    std::string stream = *ReadStream(file, "Workbook");
+    const auto u16 = [&](std::size_t at) { return NumberAt<std::uint16_t>(stream, at).value_or(0); };
+    for (std::size_t at = 0; at < stream.size(); at += kRecordHeader + u16(at + 2))
+        if (u16(at) == static_cast<std::uint16_t>(RecordId::Formula) && u16(at + resultAt + 6) != 0xFFFF) {
+            Overwrite(stream, at + resultAt, result);
+            Overwrite(stream, at + marksAt, marks);
+        }
+    return WriteCompoundFile("Workbook", stream);
 }
 
 std::string ReadBytes(const std::filesystem::path& path)

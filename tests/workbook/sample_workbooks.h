@@ -3,6 +3,7 @@
 #include "support/temporary_folder.h"
 #include "workbook/workbook.h"
 
+#include <cstdint>
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -19,6 +20,10 @@ Workbook SampleOfAllKinds();
 
 /// The workbook as it is read back: results in place of formulas, cells without a value and all looks gone.
 Workbook AsRead(const Workbook& workbook);
+
+/// The file with this as the stored result of every formula that gives a number or a truth value, and these marks on
+/// it.
+std::string WithStoredResults(const std::string& file, std::uint64_t result, std::uint16_t marks = 0);
 
 /// Bytes of a file in the samples folder.
 std::string SampleFile(const std::string& name);
