@@ -74,7 +74,7 @@ int Shoot(const Options& options)
     std::ostringstream messages;
     pgbp::DrivenBoxes boxes(messages);
     pgbp::DrivenFiles files;
-    pgbp::SystemProcesses processes;
+    pgbp::DrivenProcesses processes(messages);
     pgbp::Run run({boxes, files, processes, options.programFolder});
     pgbp::RegisterScreens(run);
     std::string why;

@@ -52,6 +52,12 @@ Answer DrivenBoxes::Show(const Message& message)
     return DefaultOf(message);
 }
 
+bool DrivenProcesses::Open(const std::filesystem::path& file)
+{
+    out_ << "open | " << file.filename().string() << '\n';
+    return true;
+}
+
 std::optional<std::filesystem::path> DrivenFiles::AskOpen(const std::string&, const std::string&)
 {
     if (files.empty())

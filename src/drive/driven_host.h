@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/message_box.h"
+#include "services/processes.h"
 
 #include <deque>
 #include <ostream>
@@ -18,6 +19,17 @@ class DrivenBoxes : public MessageBoxes {
 
     std::deque<Answer> answers; ///< for the next boxes
     std::string complaint;      ///< what was wrong with an answer; empty when nothing was
+
+  private:
+    std::ostream& out_;
+};
+
+/// Processes of a driven run: sibling programs run, a file that would be shown is printed.
+class DrivenProcesses : public SystemProcesses {
+  public:
+    explicit DrivenProcesses(std::ostream& out) : out_(out) {}
+
+    bool Open(const std::filesystem::path& file) override;
 
   private:
     std::ostream& out_;

@@ -13,10 +13,10 @@ constexpr const char* kUsage = R"(pgbp-drive: runs the module without a window, 
 
 Reads the hand-over record, starts the module and reads commands from SCRIPT, or from standard input. F is a form, C a
 control of it, members of a control array are written C(0). # begins a comment; > begins a line that the command before
-it must have printed. Each message box is printed as
-"message | title | buttons | text". An unknown name, or an action on a control that is hidden or disabled, ends the
-script with the number of its line and exit status 1. With --go-on it is printed behind "error | ", the next line follows,
-and the exit status is 1 at the end.
+it must have printed. Each message box is printed as "message | title | buttons | text", a file that would be shown in
+another program as "open | name". An unknown name, or an action on a control that is hidden or disabled, ends the script
+with the number of its line and exit status 1. With --go-on it is printed behind "error | ", the next line follows, and
+the exit status is 1 at the end.
 
 )";
 
@@ -48,7 +48,7 @@ int Drive(const Options& options)
     std::ostringstream transcript;
     pgbp::DrivenBoxes boxes(transcript);
     pgbp::DrivenFiles files;
-    pgbp::SystemProcesses processes;
+    pgbp::DrivenProcesses processes(transcript);
     pgbp::Run run({.boxes = boxes,
                    .files = files,
                    .processes = processes,

@@ -34,6 +34,15 @@ int SystemProcesses::RunAndWait(const std::filesystem::path& program)
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
 }
 
+bool SystemProcesses::Open(const std::filesystem::path& file)
+{
+    std::string opener = "xdg-open";
+    std::string path = std::filesystem::absolute(file).string();
+    char* const arguments[] = {opener.data(), path.data(), nullptr};
+    pid_t child = 0;
+    return posix_spawnp(&child, opener.c_str(), nullptr, nullptr, arguments, environ) == 0;
+}
+
 void SystemProcesses::Start(const std::filesystem::path& program) { Spawn(program); }
 
 } // namespace pgbp

@@ -14,6 +14,9 @@ class Processes {
     virtual int RunAndWait(const std::filesystem::path& program) = 0;
     /// Starts the program and comes back at once.
     virtual void Start(const std::filesystem::path& program) = 0;
+    /// Asks the platform to show a file in the program of its kind, and comes back at once. False when there is nobody
+    /// to ask.
+    virtual bool Open(const std::filesystem::path& file) = 0;
 };
 
 /// Processes of this computer.
@@ -21,6 +24,7 @@ class SystemProcesses : public Processes {
   public:
     int RunAndWait(const std::filesystem::path& program) override;
     void Start(const std::filesystem::path& program) override;
+    bool Open(const std::filesystem::path& file) override;
 };
 
 } // namespace pgbp

@@ -24,6 +24,7 @@ class FakeModule : public Processes {
         return work();
     }
     void Start(const std::filesystem::path&) override {}
+    bool Open(const std::filesystem::path&) override { return false; }
 
     std::function<int()> work = [] { return 0; };
     std::string programFolder;

@@ -28,7 +28,15 @@ class TestProcesses : public Processes {
     }
     void Start(const std::filesystem::path& program) override { started.push_back(program.filename().string()); }
 
+    bool Open(const std::filesystem::path& file) override
+    {
+        opened.push_back(file);
+        return hasOpener;
+    }
+
     std::vector<std::string> started;
+    std::vector<std::filesystem::path> opened; ///< files that were to be shown
+    bool hasOpener = true;
     std::function<void()> whileRunning;
 };
 
