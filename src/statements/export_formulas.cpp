@@ -1,6 +1,7 @@
 #include "statements/export_formulas.h"
 
 #include "statements/form_predicates.h"
+#include "statements/template_row.h"
 #include "workbook/formula.h"
 
 #include <algorithm>
@@ -203,9 +204,22 @@ constexpr std::span<const Line> kLayers21Firm[] = {kFirm2021};
 constexpr std::span<const Line> kLayers21Individual[] = {kFirm2021, kWithoutPartners2021, kIndividual2021};
 constexpr std::span<const Line> kLayers21Company[] = {kFirm2021, kWithoutPartners2021, kCompany2021};
 
-/// By operation, in the order of their names. A later layer replaces rows of the earlier ones.
-constexpr Layers kLayers[] = {kLayersUpTo2016, kLayers17Firm,       kLayers17Individual, kLayers17Company,
-                              kLayers21Firm,   kLayers21Individual, kLayers21Company};
+struct Sheet {
+    Layers layers; ///< a later one replaces rows of the earlier ones
+    ExportLook look;
+};
+
+constexpr ExportLook kLookUpTo2020 = {.addsUpPreviousYear = false, .opensCells = true, .numberFormat = "General"};
+constexpr ExportLook kLookFrom2021 = {.addsUpPreviousYear = true, .opensCells = false, .numberFormat = "0"};
+
+/// By operation, in the order of their names.
+constexpr Sheet kSheets[] = {
+    {kLayersUpTo2016, kLookUpTo2020},  {kLayers17Firm, kLookUpTo2020}, {kLayers17Individual, kLookUpTo2020},
+    {kLayers17Company, kLookUpTo2020}, {kLayers21Firm, kLookFrom2021}, {kLayers21Individual, kLookFrom2021},
+    {kLayers21Company, kLookFrom2021},
+};
+
+const Sheet& SheetOf(ExportOperation operation) { return kSheets[static_cast<std::size_t>(operation)]; }
 
 /// The first line that reaches back to the year and serves the form's number tells the operation.
 struct Choice {
@@ -224,13 +238,9 @@ constexpr Choice kChoices[] = {
 };
 
 constexpr xls::Colour kYellow = {255, 255, 0};
-constexpr int kAmountColumn = 2;
-constexpr int kPreviousYearColumn = 5;
 
 /// Locked in every sheet that unlocks anything, whatever stands there in its form.
 constexpr int kAlwaysLockedRows[] = {8, 20, 30, 51, 57, 81};
-
-bool AddsUpPreviousYear(ExportOperation operation) { return operation >= ExportOperation::excel_mod_21_PL1; }
 
 xls::Cell& CellAt(xls::Sheet& sheet, int row, int column) { return sheet.cells[{row - 1, column}]; }
 
@@ -256,7 +266,7 @@ void Unlock(xls::Sheet& sheet, std::string_view cells)
             continue;
         const int last = token.operation == xls::Operation::Cells ? token.area.last.row : token.area.first.row;
         for (int row = token.area.first.row; row <= last; ++row)
-            sheet.cells[{row, kAmountColumn}].style.locked = false;
+            sheet.cells[{row, kAmount}].style.locked = false;
     }
 }
 
@@ -272,28 +282,31 @@ ExportOperation ExportOperationFor(const StatementForm& form)
 ExportFormulas ExportFormulasOf(ExportOperation operation)
 {
     ExportFormulas formulas;
-    for (const auto& layer : kLayers[static_cast<std::size_t>(operation)])
+    for (const auto& layer : SheetOf(operation).layers)
         for (const Line& line : layer)
             formulas[line.row] = {line.formula, line.unlocked};
     std::erase_if(formulas, [](const auto& entry) { return entry.second.formula.empty(); });
     return formulas;
 }
 
-void PutExportFormulas(xls::Sheet& sheet, ExportOperation operation, int lastRow)
+const ExportLook& ExportLookOf(ExportOperation operation) { return SheetOf(operation).look; }
+
+void PutExportFormulas(xls::Sheet& sheet, ExportOperation operation, std::span<const std::size_t> computedLines)
 {
-    const bool previousYear = AddsUpPreviousYear(operation);
+    const ExportLook& look = ExportLookOf(operation);
     for (const auto& [row, line] : ExportFormulasOf(operation)) {
-        if (row > lastRow)
-            break;
-        CellAt(sheet, row, kAmountColumn).formula = line.formula;
-        if (previousYear)
-            CellAt(sheet, row, kPreviousYearColumn).formula = InPreviousYear(line.formula);
-        Shade(sheet, row, previousYear ? kPreviousYearColumn : kAmountColumn);
-        Unlock(sheet, line.unlocked);
+        if (std::ranges::find(computedLines, static_cast<std::size_t>(row) - 1) == computedLines.end())
+            continue;
+        CellAt(sheet, row, kAmount).formula = line.formula;
+        if (look.addsUpPreviousYear)
+            CellAt(sheet, row, kPreviousYear).formula = InPreviousYear(line.formula);
+        Shade(sheet, row, look.addsUpPreviousYear ? kPreviousYear : kAmount);
+        if (look.opensCells)
+            Unlock(sheet, line.unlocked);
     }
-    if (!previousYear)
+    if (look.opensCells)
         for (const int row : kAlwaysLockedRows)
-            CellAt(sheet, row, kAmountColumn).style.locked = true;
+            CellAt(sheet, row, kAmount).style.locked = true;
 }
 
 } // namespace pgbp

@@ -3,7 +3,9 @@
 #include "statements/statement_form.h"
 #include "workbook/workbook.h"
 
+#include <cstddef>
 #include <map>
+#include <span>
 #include <string_view>
 
 namespace pgbp {
@@ -33,9 +35,18 @@ using ExportFormulas = std::map<int, ExportFormula>;
 
 ExportFormulas ExportFormulasOf(ExportOperation operation);
 
-/// Puts the operation's formulas up to the sheet row `lastRow` in place of the amounts, shades these rows yellow up to
-/// the last column with a formula and opens the cells they unlock. The operations from 2021 add up the previous year
-/// (column F) as well and unlock nothing. A total without a formula keeps the figure that the sheet holds.
-void PutExportFormulas(xls::Sheet& sheet, ExportOperation operation, int lastRow);
+/// What else the sheets of an operation have.
+struct ExportLook {
+    bool addsUpPreviousYear; ///< the formulas stand in column F, too
+    bool opensCells;         ///< cells that are typed into are not locked
+    std::string_view numberFormat;
+};
+const ExportLook& ExportLookOf(ExportOperation operation);
+
+/// Puts the operation's formulas in place of the amounts of the lines that the statement computes, shades these rows
+/// yellow up to the last column with a formula and opens the cells they unlock. A line that is typed keeps its figure
+/// and a heading stays empty, where the form is not the one that the operation was made for; so does a total without a
+/// formula.
+void PutExportFormulas(xls::Sheet& sheet, ExportOperation operation, std::span<const std::size_t> computedLines);
 
 } // namespace pgbp

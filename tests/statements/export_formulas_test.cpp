@@ -103,16 +103,21 @@ std::map<int, std::string> RulesOf(const std::string& form)
     return rules;
 }
 
-/// The form with a figure of its own on each open line, and its totals.
-std::vector<AmountCell> Worked(const Served& served, const TemplateFile& file)
+StatementTotals TotalsOf(const Served& served, std::size_t lines)
 {
     const StatementForm form = OpenStatementForm(served.year, served.glITR, StatementKind::ProfitAndLoss);
     EXPECT_EQ(TemplateName(form), served.form);
+    return {TotalsRules(OperationFor(form), form), lines};
+}
+
+/// The form with a figure of its own on each open line, and its totals.
+std::vector<AmountCell> Worked(const Served& served, const TemplateFile& file)
+{
     std::vector<AmountCell> amounts(file.rows.size() + 1);
     for (std::size_t line = 1; line <= file.rows.size(); ++line)
         if (file.At(line).isNumber && !file.At(line).isBlocked)
             amounts[line].SetText(std::to_string(1000003 + 7919 * line * line));
-    StatementTotals(TotalsRules(OperationFor(form), form), file.rows.size()).Run(amounts);
+    TotalsOf(served, file.rows.size()).Run(amounts);
     return amounts;
 }
 
@@ -179,7 +184,7 @@ TEST(ExportFormulas, CalculatedSheetAgreesWithTheTotalsOfTheForm)
         SCOPED_TRACE(served.name);
         const auto amounts = Worked(served, TemplateNamed(served.form));
         xls::Sheet sheet = AsSheet(amounts);
-        PutExportFormulas(sheet, served.operation, static_cast<int>(amounts.size()));
+        PutExportFormulas(sheet, served.operation, TotalsOf(served, amounts.size() - 1).ComputedRows());
         const xls::Workbook read = xls::ReadXls(xls::WriteXls({{sheet}}));
 
         std::set<int> different;
@@ -221,18 +226,24 @@ TEST(ExportFormulas, OperationGoesByYearAndFormNumber)
 TEST(ExportFormulas, RowsOfFormulasAreShadedAndTheirEntriesOpened)
 {
     xls::Sheet sheet;
-    PutExportFormulas(sheet, ExportOperation::excel_mod, 90);
+    constexpr std::size_t kComputed[] = {1, 7, 19, 21, 86, 89, 101};
+    PutExportFormulas(sheet, ExportOperation::excel_mod, kComputed);
     EXPECT_EQ(sheet.cells.at(xls::PositionOf("A90")).style.fill, (xls::Colour{255, 255, 0}));
     EXPECT_EQ(sheet.cells.at(xls::PositionOf("C90")).formula, "=sum(C87-C88-C89)");
     EXPECT_FALSE(sheet.cells.contains(xls::PositionOf("D90")));
-    EXPECT_FALSE(sheet.cells.contains(xls::PositionOf("C93"))) << "behind the last row";
+    for (const char* cell : {"C2", "C93"})
+        EXPECT_TRUE(!sheet.cells.contains(xls::PositionOf(cell)) ||
+                    sheet.cells.at(xls::PositionOf(cell)).formula.empty())
+            << cell << " is not computed, or has no formula";
+    EXPECT_FALSE(sheet.cells.at(xls::PositionOf("C102")).formula.empty());
     for (const char* cell : {"C2", "C4", "C7", "C39", "C74", "C86"})
         EXPECT_TRUE(IsUnlocked(sheet, cell)) << cell;
     for (const char* cell : {"C8", "C20", "C30", "C51", "C57", "C81", "C87", "C90", "A8"})
         EXPECT_FALSE(IsUnlocked(sheet, cell)) << cell;
 
     xls::Sheet from2021;
-    PutExportFormulas(from2021, ExportOperation::excel_mod_21_PL1, 198);
+    constexpr std::size_t kComputedFrom2021[] = {25, 197};
+    PutExportFormulas(from2021, ExportOperation::excel_mod_21_PL1, kComputedFrom2021);
     EXPECT_EQ(from2021.cells.at(xls::PositionOf("F26")).formula, "=sum(F21-F25)");
     EXPECT_EQ(from2021.cells.at(xls::PositionOf("E26")).style.fill, (xls::Colour{255, 255, 0}));
     EXPECT_TRUE(std::ranges::all_of(from2021.cells, [](const auto& cell) { return cell.second.style.locked; }));
