@@ -22,6 +22,8 @@ namespace {
 
 constexpr int kFormOfCompanies = 6;
 
+constexpr const char* kWorkbooks = "Excel file(*.xls)|*.xls";
+
 /// Lines that the line of business takes its figures from.
 constexpr int kNetProfit = 255;
 constexpr int kDepreciation = 254;
@@ -181,6 +183,12 @@ void StatementScreen::Wire()
     details.onClose = [this](std::vector<DetailEntry> entries, double total) {
         CloseDetails(std::move(entries), total);
     };
+    cmdexport.onClick = [this] {
+        Export(keeping_.isIndAS ? SheetOfIndStatement(Texts())
+                                : SheetOfStatement(Texts(), ExportOperationFor(form_), lines_.ComputedLines()));
+    };
+    Command2.onClick = [this] { Export(BlankSheetOfIndStatement(Texts())); };
+    cmdImport.onClick = [this] { ImportSheet(); };
     CmdSave.onClick = [this] { Save(); };
     CmdDel.onClick = [this] { Delete(); };
 }
@@ -678,6 +686,53 @@ void StatementScreen::Store()
         transaction);
     transaction.Commit();
     sno_ = sno;
+}
+
+GridTexts StatementScreen::Texts() const
+{
+    GridTexts grid;
+    for (int row = 0; row <= MSH.Rows(); ++row) {
+        std::vector<std::string>& texts = grid.emplace_back();
+        for (int column = 0; column < kStatementColumns; ++column)
+            texts.push_back(MSH.Cell(row, column));
+    }
+    return grid;
+}
+
+void StatementScreen::Export(const xls::Workbook& workbook)
+{
+    MSH.HideEditor();
+    const auto chosen = run.host.files.AskSave(caption.get(), kWorkbooks);
+    if (!chosen)
+        return;
+    xls::WriteXlsFile(workbook, *chosen);
+    notice = "Exported to " + chosen->string();
+    if (!run.host.processes.Open(*chosen))
+        notice = notice.get() + ". There is no program that shows it";
+}
+
+/// The rows up to the first one that does not fit stand, without the totals; nothing is stored before Save.
+void StatementScreen::ImportSheet()
+{
+    MSH.HideEditor();
+    const auto chosen = run.host.files.AskOpen(caption.get(), kWorkbooks);
+    if (!chosen)
+        return;
+    const Import import = TakeOver(ReadStatementSheet(*chosen), Texts());
+    Undo undo;
+    for (std::size_t line = 1; line <= import.amounts.size(); ++line) {
+        undo.amounts.emplace_back(line, lines_.At(line).text());
+        SetAmount(line, import.amounts[line - 1]);
+    }
+    if (!undo.amounts.empty())
+        undo_.push_back(std::move(undo));
+    if (import.end == ImportEnd::Completed) {
+        for (std::size_t line = 1; line <= import.amounts.size(); ++line)
+            if (lines_.TakesNumber(line))
+                SetAmount(line, FormatAmountIndian(import.amounts[line - 1], kIndianGrouping));
+        RunTotals();
+    }
+    boxes().Show({import.message, ""});
 }
 
 void StatementScreen::Delete()

@@ -3,6 +3,7 @@
 #include "controls/lists.h"
 #include "statements/ind_as_totals.h"
 #include "statements/statement_details.h"
+#include "statements/statement_sheet.h"
 #include "statements/totals_rules.h"
 
 #include <optional>
@@ -121,6 +122,10 @@ class StatementScreen : public Screen {
     std::vector<std::vector<Field>> StoredFields() const;
     void Delete();
     void Leave();
+    GridTexts Texts() const;
+    void Export(const xls::Workbook& workbook);
+    void ImportSheet();
+
     double AmountOf(int slno, std::size_t distance) const;
 
     const StatementKeeping& keeping_;
