@@ -61,7 +61,10 @@ std::vector<Part> PartsOf(const Run& run, BusinessKind kind)
     const char* details = kind == kPresumptive44AD ? "(sno = ? or [Type] = '44AD')" : "sno = ?";
     std::vector<Part> parts = {{company, "business", "sno = ?"},
                                {company, "business1", details},
-                               {balance, "qelgeneral", "[Type] = 'NEWPL' and amt2 = ?"}};
+                               {balance, "qelgeneral", "[Type] = 'NEWPL' and amt2 = ?"},
+                               {balance, "qelgeneral", "[Type] = 'SNEWPL' and amt2 = ?"},
+                               {balance, "qelgeneral", "[Type] = 'NEWINDPL' and amt2 = ?"},
+                               {balance, "qelgeneral", "[Type] = 'INDNEWPL' and amt2 = ?"}};
     if (Kind(kind).isShort)
         return parts;
     const std::string presumptive = company->dialect().Left("[Type]", 4) + " = 'PGBP' and sno = ?";

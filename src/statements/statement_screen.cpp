@@ -167,7 +167,10 @@ void StatementScreen::Wire()
     Txt1.onChange = [this] { TypeDescription(); };
     framain.onUndo = [this] { TakeBack(); };
     framain.onEscape = CmdBack.onClick = [this] { Close(); };
-    ChkPr.onClick = ChkDet.onClick = [this] { ShowColumns(); };
+    ChkPr.onClick = ChkDet.onClick = [this] {
+        ShowColumns();
+        MSH.EnterCell(std::max(MSH.currentRow(), 1), kAmount);
+    };
     Command1.onClick = [this] { Raise(FraBooks, ChkBooks); };
     FraBooks.onEscape = CmdBackFra.onClick = [this] { Proceed(); };
     CmdNew3.onClick = [this] { Raise(FraNew3, TxtNew3_1); };
