@@ -17,17 +17,21 @@
 namespace pgbp {
 
 /// A column of a list of items: how the grid shows it, the member of the item that holds it, and the field or tick in
-/// which it is entered; none of them where the screen computes it.
+/// which it is entered; none of them where the screen computes it. A column whose member is none shows the running
+/// number.
 template <typename Item>
 struct ItemColumn {
+    using Member = std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*>;
+
     GridColumn shown;
-    std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*> member;
+    Member member;
     TextBox* field = nullptr;
     CheckBox* tick = nullptr;
     int places = 2;          ///< of a number: rupees and paise, or 0
     bool tellsApart = false; ///< items that are alike in all such columns are taken back together
     bool inGrid = true;      ///< else it is only a field
 
+    bool IsRunningNumber() const { return member == Member(); }
     bool IsNumber() const { return member.index() == 1 || member.index() == 2; }
     double Number(const Item& item) const
     {
@@ -335,7 +339,7 @@ void ItemEntry<Item>::Show(std::size_t current)
         auto& cells = rows.emplace_back();
         for (const ItemColumn<Item>& column : columns_)
             if (column.inGrid)
-                cells.push_back(column.Text(item));
+                cells.push_back(column.IsRunningNumber() ? std::to_string(rows.size()) : column.Text(item));
     }
     if (rows.empty() && blankRowWhenEmpty)
         rows.emplace_back();

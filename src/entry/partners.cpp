@@ -1,6 +1,7 @@
 #include "entry/partners.h"
 
 #include "law/remuneration_limit.h"
+#include "records/rows_of_type.h"
 #include "records/working_copies.h"
 #include "services/format.h"
 #include "services/states.h"
@@ -74,14 +75,6 @@ std::string KindInWords(const std::string& kind)
 }
 
 std::string LeftInWords(const std::string& left) { return left == "True" ? "Left" : ""; }
-
-std::vector<std::string> Names(const Recordset& rows)
-{
-    std::vector<std::string> names;
-    for (const Row row : rows)
-        names.push_back(row.At(0).Text());
-    return names;
-}
 
 /// The shares as the decimal numbers they are: a double's last digits do not count, a paisa does.
 bool AddUpToHundred(const std::vector<PartnerRow>& partners)
@@ -195,8 +188,8 @@ void Partners::Wire()
 
 void Partners::FillLists()
 {
-    txtstate.SetItems(Names(run_.tax.Query("select nm from {statecode} order by nm")));
-    TxtCity.SetItems(Names(run_.company.Query("select name from {misc} where [type] = 'CITY' order by name")));
+    txtstate.SetItems(FirstFields(run_.tax.Query("select nm from {statecode} order by nm")));
+    TxtCity.SetItems(FirstFields(run_.company.Query("select name from {misc} where [type] = 'CITY' order by name")));
     std::vector<std::string> kinds;
     for (const Kind& kind : kKinds)
         if (run_.Year() >= kind.since)

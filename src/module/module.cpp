@@ -2,6 +2,7 @@
 
 #include "computation/computation.h"
 #include "income/income.h"
+#include "schedules/schedules.h"
 #include "services/options.h"
 #include "startup/frmmdi.h"
 #include "statements/statements.h"
@@ -16,6 +17,7 @@ void RegisterScreens(Run& run)
     RegisterIncomeScreens(run.screens);
     RegisterComputationScreens(run.screens);
     RegisterStatementScreens(run.screens);
+    RegisterScheduleScreens(run.screens);
 }
 
 std::filesystem::path TakeProgramFolder(std::vector<std::string>& words)

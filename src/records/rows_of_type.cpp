@@ -24,6 +24,14 @@ RowsOfType RowsOfType::OfCode(std::string code) const
     return other;
 }
 
+std::vector<std::string> FirstFields(const Recordset& rows)
+{
+    std::vector<std::string> texts;
+    for (const Row row : rows)
+        texts.push_back(row.At(0).Text());
+    return texts;
+}
+
 Value FirstField(const Recordset& rows) { return rows.Empty() ? Value() : rows.First().At(0); }
 
 std::string RowsOfType::Condition() const

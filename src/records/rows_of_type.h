@@ -48,6 +48,9 @@ class RowsOfType {
 /// First field of the first row; Null when there is no row.
 Value FirstField(const Recordset& rows);
 
+/// First field of each row, as text.
+std::vector<std::string> FirstFields(const Recordset& rows);
+
 /// Cells of the return's schedules: "NEWPL" and its kin, the head of income "BUSI".
 RowsOfType ScheduleCells(const Run& run, std::string_view type, std::optional<double> line = {});
 

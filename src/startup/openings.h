@@ -76,7 +76,7 @@ inline constexpr ScreenName<NoOpening> FrmFirm{"FrmFirm"};
 /// All of them.
 inline constexpr std::tuple kAll{frmmdi,          frmbusiness, frmReminder, FrmHelp,       frmbusinesscal,
                                  frmbusinesscal1, Frm10ABC,    frmfassets,  frmfassetsNew, FrmbspnlPGBP,
-                                 FrmbspnlINDAS,   FrmGST,      Frm44AENew,  FrmFirm};
+                                 FrmbspnlINDAS,   FrmQ47ii,    FrmGST,      Frm44AENew,    FrmFirm};
 
 } // namespace screens
 } // namespace pgbp

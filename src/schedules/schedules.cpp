@@ -1,0 +1,9 @@
+#include "schedules/schedules.h"
+
+#include "schedules/FrmQ47ii.h"
+
+namespace pgbp {
+
+void RegisterScheduleScreens(Screens& screens) { screens.Register<FrmQ47ii>(screens::FrmQ47ii); }
+
+} // namespace pgbp
