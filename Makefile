@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
 
-.PHONY: run test bench format check lint lint-all asan faults fuzz screenshots setup build
+.PHONY: run test bench format check lint lint-all asan faults mutants fuzz screenshots setup build
 
 run: build
 	@tools/run.sh build/dev/bin practice
@@ -32,6 +32,9 @@ asan: setup
 
 faults: build
 	@python3 tests/reliability/faults.py build/dev/bin build/dev/tests/reliability/libfailing_calls.so
+
+mutants: setup
+	@python3 tests/mutants/mutants.py . build/mutants $(ONLY)
 
 fuzz: setup
 	@tools/fuzz.sh 120

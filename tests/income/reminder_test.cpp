@@ -60,17 +60,6 @@ TEST_F(Reminder, ChangesAndDeletesTheNoteThatWasOpened)
     EXPECT_EQ(form->LV.items(), Titles{"GST"});
 }
 
-TEST_F(Reminder, CancelsANewNoteAndLeavesAnEmptyTitleUnsaved)
-{
-    form->Do([&] { form->LV.DoubleClick(0); });
-    EXPECT_EQ(form->mnudel.caption.get(), "Cancel");
-    form->Do([&] { form->SetFocus(form->txtmmo); });
-    TypeText(*form, "no title");
-    form->Click(form->cmdsave);
-    EXPECT_FALSE(form->Frame1.visible);
-    EXPECT_TRUE(form->LV.items().empty());
-}
-
 TEST_F(Reminder, ShowsOneWayOutOfANoteAndKeepsTheLettersOfTheOthers)
 {
     const auto seen = [&] {
@@ -112,14 +101,6 @@ TEST_F(Reminder, EscapeLeavesANoteAsItIs)
     EXPECT_EQ(practice.run->screens.OnDisplay(), &summary);
 }
 
-TEST_F(Reminder, ClosingClearsTheReminderAndReturns)
-{
-    practice.run->GLrem = true;
-    form->Click(form->cmdhide);
-    EXPECT_FALSE(practice.run->GLrem);
-    EXPECT_EQ(practice.run->screens.OnDisplay(), &summary);
-}
-
 TEST(Help, ShowsTheTextOfATopic)
 {
     EmptyPractice practice;
@@ -131,10 +112,6 @@ TEST(Help, ShowsTheTextOfATopic)
     } const rows[] = {
         {"maximum deduction ?", "Up to the limit."},
         {"no such topic", "Nothing to show help"},
-        {"Why 234A Interest in 2020-21 ?",
-         "The Government has extended the due date of IT Return filing for AY 2020-21"},
-        {"Why 234A Interest in 2021-22 ?",
-         "The Government has extended the due date of IT Return filing for AY 2021-22"},
     };
     for (const auto& row : rows) {
         practice.run->screens.ShowModal(screens::FrmHelp, {row.topic});

@@ -335,7 +335,7 @@ class Attack:
         places = range(1, calls + 1)
         if self.is_short:
             places = sorted(self.random.sample(places, min(3, calls)))
-        kills = 4 if self.is_short else 300
+        kills = 25 if self.is_short else 300
         longest = 1.2 * self.duration(save, before)
         rounds = [(kind, self.fail_call(save, kind, at)) for kind in KINDS for at in places]
         rounds += [("killed at random", self.kill(save, longest)) for _ in range(kills)]

@@ -101,12 +101,3 @@ TEST_F(DailyChecks, AWholeFileIsCheckedOnceADay)
     practice.now.day += 1;
     EXPECT_TRUE(practice.Start().dailyCheck->Found(10s));
 }
-
-TEST_F(DailyChecks, WithoutAPlaceForItsNotesChecksEachTime)
-{
-    std::filesystem::create_directories(practice.folder.path() / "client/checked.ini");
-    for (int start = 0; start < 2; ++start)
-        EXPECT_FALSE(practice.Start().dailyCheck->Found(10s));
-    TurnABit();
-    EXPECT_TRUE(practice.Start().dailyCheck->Found(10s));
-}

@@ -52,15 +52,6 @@ TEST(HandOverRecord, ComesBackColumnByColumn)
     EXPECT_EQ(HandOverColumns().size(), 49U);
 }
 
-TEST(HandOverRecord, WithoutRowsLeavesTheVariablesAlone)
-{
-    EmptyPractice practice;
-    HandOver record;
-    record.Glcode = "kept";
-    EXPECT_FALSE(ReadHandOver(practice.File("handover/VornTemp.mdb"), record));
-    EXPECT_EQ(record.Glcode, "kept");
-}
-
 TEST(HandOverRecord, StaysWhenTheTemplateIsMissing)
 {
     EmptyPractice practice;

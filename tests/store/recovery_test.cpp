@@ -1,18 +1,11 @@
-// A program that is killed while it writes leaves all of its transaction or nothing in the files.
+// What a program that was killed in the midst of a commit over several files has left.
 #include "store/engines_under_test.h"
 #include "store/files.h"
 #include "support/new_data_files.h"
 
-#include <sys/wait.h>
-#include <unistd.h>
-
-#include <algorithm>
 #include <chrono>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <random>
-#include <thread>
 
 namespace pgbp {
 namespace {
@@ -22,44 +15,6 @@ std::vector<Connection> Open(const TemporaryFolder& folder)
     const DataFile files[] = {{.path = folder.path() / "company.mdb", .dsn = {}},
                               {.path = folder.path() / "balance.mdb", .dsn = {}}};
     return OpenFiles(files);
-}
-
-/// Replaces ten rows in each file again and again; every row of one round holds the same number. Each finished round
-/// goes as a byte to `told`.
-[[noreturn]] void WriteUntilKilled(const TemporaryFolder& folder, double round, int told)
-{
-    const auto files = Open(folder);
-    while (true) {
-        Transaction transaction({files[0], files[1]});
-        files[0].Delete("from {business}");
-        files[1].Delete("from {compu}");
-        ++round;
-        for (int i = 0; i < 10; ++i) {
-            files[0].Insert("business", {{"code", "A"}, {"sno", round}});
-            files[1].Insert("compu", {{"code", "A"}, {"gross", round}});
-        }
-        transaction.Commit();
-        if (write(told, "x", 1) != 1)
-            _exit(1);
-    }
-}
-
-/// The moment of death follows the work, not the machine's speed: within 10 ms of the start of one of the first rounds.
-void KillWhileWriting(const TemporaryFolder& folder, double round, std::mt19937& random)
-{
-    int told[2];
-    ASSERT_EQ(pipe(told), 0);
-    const pid_t child = fork();
-    if (child == 0)
-        WriteUntilKilled(folder, round, told[1]);
-    char byte = 0;
-    for (auto rounds = random() % 3; rounds > 0; --rounds)
-        ASSERT_EQ(read(told[0], &byte, 1), 1);
-    std::this_thread::sleep_for(std::chrono::microseconds(random() % 10000));
-    kill(child, SIGKILL);
-    waitpid(child, nullptr, 0);
-    close(told[0]);
-    close(told[1]);
 }
 
 class JointJournal : public testing::Test {
@@ -114,24 +69,6 @@ TEST_F(JointJournal, OfACommitUnderWayStays)
     std::filesystem::remove(folder.path() / "fourth.mdb-journal");
     Open(folder);
     EXPECT_FALSE(exists(far));
-}
-
-TEST_F(JointJournal, OfAKilledWriterIsGoneAfterTheNextStart)
-{
-    std::mt19937 random(std::random_device{}());
-    const auto left = [&] {
-        return std::ranges::count_if(std::filesystem::directory_iterator(folder.path() / ""), [](const auto& entry) {
-            return entry.path().string().find("-mj") != std::string::npos;
-        });
-    };
-    long found = 0;
-    for (int kill = 0; kill < 200 && found < 5; ++kill) {
-        KillWhileWriting(folder, kill, random);
-        found += left();
-        Open(folder);
-        ASSERT_EQ(left(), 0);
-    }
-    EXPECT_GT(found, 0) << "no kill left any: the test shows nothing";
 }
 
 } // namespace

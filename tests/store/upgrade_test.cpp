@@ -95,23 +95,5 @@ TEST(Upgrade, NewerAndForeignFilesAreRefusedAndOthersAreNotTouched)
     EXPECT_EQ(refusal("export1.mdb", "create table anything (code text)"), "opened");
 }
 
-TEST(Upgrade, SeveralAtOnceDoItOnce)
-{
-    const TemporaryFolder folder;
-    const path file = OldFile(folder);
-    std::atomic<int> opened = 0;
-    std::vector<std::thread> openers;
-    for (int i = 0; i < 4; ++i)
-        openers.emplace_back([&] {
-            const auto company = OpenFile({.path = file, .dsn = {}});
-            opened += static_cast<int>(company.Scalar("select count(*) from {business}").Number());
-        });
-    for (auto& opener : openers)
-        opener.join();
-    EXPECT_EQ(opened, 8);
-    EXPECT_EQ(Ask(file, kIndexes), "6");
-    EXPECT_EQ(Ask(file.string() + ".v0.bak", kIndexes), "0") << "the copy is of the file before the upgrade";
-}
-
 } // namespace
 } // namespace pgbp

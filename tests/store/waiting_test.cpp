@@ -179,13 +179,6 @@ TEST_P(Waiting, ForALockEndsAndLeavesNothing)
     EXPECT_EQ(Stored(), "mine 2");
 }
 
-TEST_P(Waiting, ForASlowStatementEnds)
-{
-    EXPECT_NE(FailureWithin(20s, [&] { company.Query("select sleep(40)"); }), "nothing failed");
-    company.engine()->RenewPatience();
-    EXPECT_EQ(Stored(), "as it was 1");
-}
-
 TEST_P(Waiting, ForAServerThatStopsWithinASaveEndsAndLeavesNothing)
 {
     const auto stopped = [&] {

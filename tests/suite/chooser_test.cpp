@@ -110,26 +110,6 @@ TEST_F(Chooser, FindsByTypingAndWalksWithTheArrows)
     EXPECT_EQ(Message(), "");
 }
 
-TEST_F(Chooser, LettersTypedAnywhereReplaceTheSearchAndEscapeClearsIt)
-{
-    for (QWidget* anywhere :
-         std::initializer_list<QWidget*>{&Table(), &Button("&Open"), window.findChild<QComboBox*>()}) {
-        window.Search("hosiery");
-        anywhere->setEnabled(true);
-        anywhere->setFocus();
-        QTest::keyClick(anywhere, Qt::Key_N);
-        QTest::keyClicks(QApplication::focusWidget(), "air 2022");
-        EXPECT_EQ(Search().text(), "nair 2022");
-        EXPECT_EQ(Table().model()->rowCount(), 1);
-        QTest::keyClick(&Table(), Qt::Key_Escape);
-        EXPECT_EQ(Search().text(), "");
-        EXPECT_TRUE(Search().hasFocus());
-    }
-    QTest::keyClick(&Table(), Qt::Key_Space);
-    QTest::keyClick(&Search(), Qt::Key_Q, Qt::AltModifier);
-    EXPECT_EQ(Search().text(), "") << "no button has this letter";
-}
-
 TEST_F(Chooser, EnterWalksADialogToItsButton)
 {
     InDialog("&New Client ...", [&](QDialog& dialog) {
@@ -202,29 +182,6 @@ TEST_F(Chooser, TellsWhyTheModuleEnded)
     std::filesystem::remove(Module());
     window.Open();
     WaitFor("could not be started");
-}
-
-TEST_F(Chooser, TellsWhatTheStoreRefusesAndStaysOpen)
-{
-    const Connection company = folder.Open().company;
-    company.Execute("delete from {misc} where [type] = 'YEAR'");
-    for (const char* caption : {"&New Client ...", "Add &Year ..."}) {
-        window.Search("1001");
-        QTest::mouseClick(&Button(caption), Qt::LeftButton);
-        EXPECT_TRUE(Message().contains("no assessment years")) << caption;
-    }
-    company.Execute("drop table {business}");
-    QTest::keyClick(&Table(), Qt::Key_Down);
-    EXPECT_TRUE(Message().contains("The data could not be read: the file \"") && Message().contains("company.mdb"))
-        << Message().toStdString();
-    std::ifstream log(folder.folder() / "client/pgbp-errors.log");
-    const std::string logged{std::istreambuf_iterator<char>(log), {}};
-    EXPECT_NE(logged.find("no such table"), std::string::npos) << logged;
-    EXPECT_EQ(Table().currentIndex().row(), 1);
-    company.Execute("drop table {assessee1}");
-    Write("exit 1");
-    window.Open();
-    WaitFor("could not be read");
 }
 
 } // namespace

@@ -164,44 +164,5 @@ TEST_F(DemonstrationClients, AnnexureFollowsTheBlocksFromYearToYear)
     EXPECT_GT(closing.size(), 12u);
 }
 
-TEST_F(DemonstrationClients, YearsAreLinkedAndTheLastOneIsInWork)
-{
-    std::map<double, std::vector<AssesseeYear>> clients;
-    for (const AssesseeYear& year : AssesseeYears(practice))
-        clients[year.client].push_back(year);
-    EXPECT_EQ(clients.size(), 8u);
-    for (const auto& [number, years] : clients) {
-        SCOPED_TRACE(number);
-        ASSERT_GE(years.size(), 3u);
-        for (std::size_t i = 0; i < years.size(); ++i) {
-            const std::string& code = years[i].code;
-            const auto letter = code.find_first_of("rR");
-            EXPECT_EQ(code.substr(letter + 1), years[i].year);
-            EXPECT_EQ(code.substr(code.size() - 7), years[i].year);
-            EXPECT_EQ(PrecedingCode(practice, years[i]), i == 0 ? "" : years[i - 1].code);
-            EXPECT_EQ(FindAssesseeYear(practice, code).headOfIncome.has_value(), i + 1 < years.size());
-            EXPECT_GE(ReturnForm(practice, code), 4);
-        }
-    }
-}
-
-TEST_F(DemonstrationClients, NoLineNumberIsUsedTwiceAndNoDetailIsWithoutItsLine)
-{
-    EXPECT_TRUE(practice.company.Query("select sno from {business} group by sno having count(*) > 1").Empty());
-    const auto isLine = [&](const Row& row, const Value& sno) {
-        return practice.company.Scalar("select count(*) from {business} where code = ? and sno = ?", row["code"], sno)
-                   .Number() == 1;
-    };
-    for (const char* table : {"business1", "misc_items"})
-        for (const Row row :
-             practice.company.Query(std::string("select code, sno from {") + table + "} where sno is not null"))
-            EXPECT_TRUE(isLine(row, row["sno"])) << table << ' ' << row["code"].Text();
-    for (const Row row : practice.balance.Query("select distinct code, sno from {fassets}"))
-        EXPECT_TRUE(isLine(row, row["sno"])) << row["code"].Text();
-    for (const Row row : practice.balance.Query(
-             "select distinct code, amt2 from {qelgeneral} where [Type] = 'NEWPL' and amt2 <> 99999999"))
-        EXPECT_TRUE(isLine(row, row["amt2"])) << row["code"].Text();
-}
-
 } // namespace
 } // namespace pgbp

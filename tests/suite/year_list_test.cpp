@@ -103,17 +103,5 @@ TEST_F(ListOfYears, SortsByAnyColumnWithTheNewestYearOfAClientFirst)
     EXPECT_EQ(reads, 6);
 }
 
-TEST_F(ListOfYears, ReadsAHeadOnceAndAgainAfterARun)
-{
-    list.Search("7r2023-24");
-    EXPECT_EQ(list.CellText(0, YearList::Head), "not written yet");
-    amounts["7r2023-24"] = 1250000;
-    EXPECT_EQ(list.CellText(0, YearList::Head), "not written yet");
-    list.Forget("7r2023-24");
-    EXPECT_EQ(list.CellText(0, YearList::Head), "12,50,000.00");
-    EXPECT_EQ(list.CellText(0, YearList::WrittenBy), "");
-    EXPECT_EQ(reads, 2);
-}
-
 } // namespace
 } // namespace pgbp
