@@ -200,14 +200,6 @@ TEST_F(Driver, RefusesWhatAPersonCouldNotDo)
         EXPECT_EQ(Play(std::string("\n") + command + '\n'), std::string("error: line 2: ") + complaint);
 }
 
-TEST_F(Driver, ReadsHiddenAndDisabledControls)
-{
-    EXPECT_EQ(Play("get Board.secret.visible\nget Board.frozen.enabled\nget Board.secret.caption\n"),
-              "false\nfalse\nSecret\n");
-    const std::string dump = Play("dump Board\n");
-    EXPECT_NE(dump.find("secret = Secret (hidden)\nfrozen = Frozen (disabled)\n"), std::string::npos) << dump;
-}
-
 TEST_F(Driver, HoldsTheScriptToItsExpectations)
 {
     EXPECT_EQ(Play("get Board.status\n\n# empty\n>\nshow\n> Board A & B\n"), "\nBoard A & B\n");
