@@ -99,7 +99,7 @@ class EmptyPractice {
     {
         Put(Balance(), "fassets", {{"Type", "P"}, {"SNO", sno}, {"f_name", name}, {"F_Dep", depreciation}}, {});
     }
-    /// A row of `misc_items` or of the balance file's `qelgeneral`.
+    /// A row of `misc_items`, and one of `qelgeneral`.
     void Item(const char* type, const std::vector<Field>& more)
     {
         Put(Company(), "misc_items", {{"Type", type}}, more);
@@ -269,6 +269,7 @@ class EmptyPractice {
             for (const char* sub : {"handover", "server", "client/data"})
                 std::filesystem::create_directories(made.path() / sub);
             CreateEmbeddedFile(made.path() / "VornTemp.mdb", "VornTemp");
+            CreateEmbeddedFile(made.path() / "qel.mmm", "qel");
             CreateEmbeddedFile(made.path() / "handover/VornTemp.mdb", "VornTemp");
             CreateEmbeddedFile(made.path() / "client/data/qeltemp.mdb", "qeltemp");
             for (const char* name : {"company", "balance", "tax", "misc", "export1", "export2"})
