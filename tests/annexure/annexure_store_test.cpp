@@ -54,7 +54,7 @@ TEST_F(AnnexureStore, GivesBackWhatWasSaved)
                      .expenses = 14,
                      .isEmpty = true,
                      .dateOfSale = DateTime{2022, 9, 30}};
-    EXPECT_FALSE(Save({full, AnnexureRow{}, Block("Barge")}, kOwner));
+    EXPECT_FALSE(Save({full, Block(" "), Block("Barge")}, kOwner));
     const auto rows = LoadAnnexure(balance, kOwner);
     ASSERT_EQ(rows.size(), 2u) << "the row without a name is not stored";
     const AnnexureRow& row = rows[0];
