@@ -147,6 +147,45 @@ click frmbusiness.cmd2
 dblclick frmbusiness.DBGrid1 1
 END
 
+# the account of a line, and what lies over it
+account="$line
+click frmbusinesscal.CmdPNL"
+shot statement 1003r2023-24 GlLarge=1 <<END
+$account
+click FrmbspnlPGBP.ChkPr
+END
+PGBP_THEME=dark shot statement-dark 1003r2023-24 <<END
+$account
+click FrmbspnlPGBP.ChkDet
+END
+QT_SCALE_FACTOR=1.5 shot statement-large 1003r2023-24 <<END
+$account
+END
+shot statement-details 1003r2023-24 <<END
+$account
+enter FrmbspnlPGBP.MSH 6 2
+click FrmbspnlPGBP.CmdMulEntry
+set FrmbspnlPGBP.TxtDescr Cotton yarn
+set FrmbspnlPGBP.TxtAmt 1490000
+click FrmbspnlPGBP.CmdAdd
+END
+shot statement-no-books 1001r2023-24 <<END
+click frmbusiness.cmd1
+click frmbusiness.CmdAdd
+click frmbusinesscal.CmdPNL
+click FrmbspnlPGBP.ChkBooks
+click FrmbspnlPGBP.CmdBackFra
+keys FrmbspnlPGBP 900000{ENTER}300000{ENTER}120000{ENTER}
+END
+shot bad-debts 1003r2023-24 <<END
+$account
+set FrmbspnlPGBP.TxtFind PAN is not available
+keys FrmbspnlPGBP.TxtFind {ENTER}
+click FrmbspnlPGBP.CmdMulEntry
+set FrmQ47ii.Txt1 Mahesh Traders
+set FrmQ47ii.Txt2 12/4
+END
+
 # a minor's run wrote the head of income last
 $suite handover 1007r2023-24 GLminor=1 >/dev/null
 printf 'click frmbusiness.CmdBack\n' | "$programs/pgbp-drive" --program-folder "$practice" >/dev/null
