@@ -206,7 +206,8 @@ bool TextBox::KeyDown(Key key)
     if (walks_ == Walks::No && (key == Key::Up || key == Key::Down))
         return true;
     if (walks_ == Walks::Yes && key == Key::Enter) {
-        form().FocusNextField();
+        if (form().focused() == this) // else onEnter has led to another place
+            form().FocusNextField();
         return true;
     }
     if (walks_ == Walks::Yes && key == Key::Down) {
