@@ -151,6 +151,9 @@ void StatementScreen::Wire()
     MSH.onPaste = [this](int row, int column, const auto& lines) { return PasteLines(row, column, lines); };
     MSH.onFind = [this] { SetFocus(TxtFind); };
     MSH.onType = [this](char32_t letter) {
+        const bool isOfNumber = letter == U'-' || (letter >= U'0' && letter <= U'9');
+        if (letter == U' ' || (isOfNumber && CanEnter(MSH.currentRow(), MSH.currentColumn())))
+            return false;
         SetFocus(TxtFind);
         TxtFind.SelectAll();
         return TxtFind.Type(letter);
@@ -493,27 +496,30 @@ void StatementScreen::TakeBack()
     RunTotals();
 }
 
-/// The next line below the marked one that has the serial, or all the words.
+/// The next line from the marked one on that has the serial, else one that has all the words.
 void StatementScreen::FindLine()
 {
     const std::string wanted = Upper(Trim(TxtFind.text()));
     if (wanted.empty())
         return;
-    const auto has = [&](int row) {
-        if (MSH.IsHidden(row))
-            return false;
-        if (Upper(Trim(MSH.Cell(row, kSerial))) == wanted)
-            return true;
+    const auto hasSerial = [&](int row) { return Upper(Trim(MSH.Cell(row, kSerial))) == wanted; };
+    const auto hasWords = [&](int row) {
         const std::string line = Upper(MSH.Cell(row, kDescription));
         std::istringstream words(wanted);
         return std::all_of(std::istream_iterator<std::string>(words), {},
                            [&](const std::string& word) { return line.find(word) != std::string::npos; });
     };
-    const int rows = MSH.Rows();
-    for (int step = 0; step < rows; ++step)
-        if (const int row = (std::max(MSH.currentRow(), 1) - 1 + step) % rows + 1; has(row))
-            return MSH.SetCurrentRow(row);
-    notice = "No line has \"" + TxtFind.text() + "\".";
+    const auto goTo = [this](const auto& has) {
+        const int rows = MSH.Rows();
+        for (int step = 0; step < rows; ++step)
+            if (const int row = (std::max(MSH.currentRow(), 1) - 1 + step) % rows + 1; !MSH.IsHidden(row) && has(row)) {
+                MSH.SetCurrentRow(row);
+                return true;
+            }
+        return false;
+    };
+    if (!goTo(hasSerial) && !goTo(hasWords))
+        notice = "No line has \"" + TxtFind.text() + "\".";
 }
 
 void StatementScreen::OpenDetails()
@@ -646,7 +652,9 @@ void StatementScreen::Save()
     if (RefusesNoBooks())
         return;
     WarnOfNegativeReceipts();
+    DataAltered = true; // while the store may refuse: what was keyed is not left without a question then
     Store();
+    DataAltered = false;
     TellSaved(keeping_.isIndAS ? "Statement under Ind AS" : caption.get());
     TellLeftOut();
     Leave();
