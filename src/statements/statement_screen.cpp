@@ -159,7 +159,11 @@ void StatementScreen::Wire()
         return TxtFind.Type(letter);
     };
     TxtFind.onChange = [this] { FindLine(); };
-    TxtFind.onEnter = [this] { MSH.EnterCell(std::max(MSH.currentRow(), 1), kAmount); };
+    TxtFind.onEnter = [this] {
+        MSH.EnterCell(std::max(MSH.currentRow(), 1), kAmount);
+        if (!MSH.editor()) // a heading, or a total: on to the next line that can be typed
+            MSH.KeyDown(Key::Enter);
+    };
     TxtNum.onKeyPress = [this](char32_t key) {
         DataAltered = DataAltered || (key >= U'.' && key <= U'8');
         return key;
