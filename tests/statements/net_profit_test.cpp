@@ -2,6 +2,7 @@
 #include "statements/template_files.h"
 
 #include <gtest/gtest.h>
+#include <set>
 
 using namespace pgbp;
 using namespace pgbp::test;
@@ -59,4 +60,23 @@ TEST(NetProfit, OfABalanceSheetLeavesTheLabelOrTakesItsPlace)
     }
     const std::vector<AmountCell> headingOnly(1);
     EXPECT_FALSE(NetProfitText(OperationFor(form), form, true, headingOnly));
+}
+
+TEST(NetProfit, OfTheseFormsStandsElsewhereThanTheDistancesFromTheEndTell)
+{
+    std::set<std::string> ofLabel;
+    std::set<std::string> ofSave; // depreciation stands one row above the net profit, in every form
+    for (int year = 2005; year <= 2026; ++year)
+        for (const int glITR : {4, 5, 6}) {
+            const StatementForm form = OpenStatementForm(year, glITR, StatementKind::ProfitAndLoss);
+            const TemplateFile& lines = TemplateNamed(TemplateName(form));
+            EXPECT_EQ(lines.Line(254) + 1, lines.Line(255)) << lines.name;
+            if (AmountCell(NetProfit(year, glITR, false)).figure() != 1000.0 * static_cast<double>(lines.Line(255)))
+                ofLabel.insert(lines.name);
+            const std::size_t fromEnd = year >= 2017 ? 20 : form.GlITR <= 4 ? 13 : 14;
+            if (lines.rows.size() + 1 - fromEnd != lines.Line(255))
+                ofSave.insert(lines.name + (year == 2017 ? " in 2017" : ""));
+        }
+    EXPECT_EQ(ofLabel, std::set<std::string>({"PL_6"}));
+    EXPECT_EQ(ofSave, std::set<std::string>({"PL_5_1", "PL_5_2015", "PL_6_1 in 2017"}));
 }
