@@ -52,8 +52,8 @@ void Frm10ABC::Open(const SectionOpening& opening)
     section_ = opening;
     caption = "Deduction u/s " + section_.section + '-' + section_.description;
     LBLSNO = std::to_string(section_.index);
-    LblSec = Replace(section_.section, "&", "&&");
-    LblDescr = Replace(section_.description, "&", "&&");
+    LblSec.ShowData(section_.section);
+    LblDescr.ShowData(section_.description);
     std::vector<ClaimedItem> items;
     for (const Row row : run.qeltemp.Query("select * from {temp1} where code = ? and [Type] = '10ABC' and amt4 = ?" +
                                                std::string(run.qeltemp.dialect().insertionOrder),

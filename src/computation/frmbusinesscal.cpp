@@ -68,13 +68,19 @@ std::vector<AdjustmentList> frmbusinesscal::MakeLists()
 {
     const auto limit = [this] { return Amount(RemunerationLimit(BookProfit(0, 0), run.Year(), run.Glstatus)); };
     return {
-        {.type = "511", .button = cmd511, .caption = lbl511c, .keptIn = fra1},
+        {.type = "511", .button = cmd511, .caption = lbl511c, .keptIn = fra1, .total = &lbl511},
         {.type = "544",
          .button = cmd17,
          .caption = lbl17c,
          .keptIn = fra1,
+         .total = &lbl17,
          .asksForExemption = RulesOf(run).AsksForExemption()},
-        {.type = "less", .button = cmdless, .caption = lbllessc, .keptIn = fra1, .offers = HeadsOfDeductions(run)},
+        {.type = "less",
+         .button = cmdless,
+         .caption = lbllessc,
+         .keptIn = fra1,
+         .total = &lblless,
+         .offers = HeadsOfDeductions(run)},
         {.type = "intt",
          .button = presumptive.cmdintt,
          .caption = presumptive.lblinttc,
@@ -85,18 +91,35 @@ std::vector<AdjustmentList> frmbusinesscal::MakeLists()
          .caption = presumptive.lblremuc,
          .keptIn = fra1,
          .limit = limit},
-        {.type = "560", .button = cmd560, .caption = lbl560c, .keptIn = fra2},
-        {.type = "23a", .button = cmd23a, .caption = lbl23ac, .keptIn = fra2, .offers = HeadsOfAdditions(run)},
-        {.type = "23l", .button = cmd23l, .caption = lbl23lc, .keptIn = fra2},
-        {.type = "564", .button = other.cmd564, .caption = other.lbl564c, .keptIn = fra2, .isOther = true},
+        {.type = "560", .button = cmd560, .caption = lbl560c, .keptIn = fra2, .total = &lbl560},
+        {.type = "23a",
+         .button = cmd23a,
+         .caption = lbl23ac,
+         .keptIn = fra2,
+         .total = &lbl23a,
+         .offers = HeadsOfAdditions(run)},
+        {.type = "23l", .button = cmd23l, .caption = lbl23lc, .keptIn = fra2, .total = &lbl23l},
+        {.type = "564",
+         .button = other.cmd564,
+         .caption = other.lbl564c,
+         .keptIn = fra2,
+         .total = &other.lbl564,
+         .isOther = true},
         {.type = "570",
          .button = other.cmd570,
          .caption = other.lbl570c,
          .keptIn = fra2,
+         .total = &other.lbl570,
          .isOther = true,
          .storeAlong = [this](const Transaction& proof) { accounts.Store(proof); },
          .alteredAlong = [this] { return accounts.Altered(); }},
-        {.type = "568", .button = other.cmd568, .caption = other.lbl568c, .keptIn = fra4, .isOther = true},
+        {.type = "568",
+         .button = other.cmd568,
+         .caption = other.lbl568c,
+         .keptIn = fra4,
+         .total = &other.lbl568,
+         .sum = ItemSum::Amt3LessAmt2,
+         .isOther = true},
         {.type = "10abc", // up to 2006; later its items stand under the sections of a frame of their own
          .button = other.section10abc.cmd10abc,
          .caption = other.section10abc.lbl10abcc,
@@ -282,23 +305,14 @@ void frmbusinesscal::RefreshTotals()
 
 void frmbusinesscal::ShowListTotals()
 {
-    const std::pair<Label*, double> sums[] = {
-        {&lbl511, totals_.Amt1("511")},
-        {&lbl560, totals_.Amt1("560")},
-        {&lbl23a, totals_.Amt1("23a")},
-        {&lbl17, totals_.Amt1("544")},
-        {&lblless, totals_.Amt1("less")},
-        {&lbl23l, totals_.Amt1("23l")},
-        {&other.lbl564, totals_.Amt1("564")},
-        {&other.lbl570, totals_.Amt1("570")},
-        {&other.lbl568, totals_.Amt3LessAmt2("568")},
-        {&other.Lbl35, totals_.Amt3("35")},
-        {&lbladdintt, totals_.Amt1("PARTINTT")},
-        {&lbladdremu, totals_.Amt1("PARTREMU")},
-        {&other.section10abc.lbl10abc, other.section10abc.Counted(totals_.Amt2("10abc"))},
-    };
-    for (const auto& [shown, sum] : sums)
-        *shown = SumText(sum);
+    for (const AdjustmentList& list : lists_)
+        if (list.total)
+            *list.total =
+                SumText(list.sum == ItemSum::Amt1 ? totals_.Amt1(list.type) : totals_.Amt3LessAmt2(list.type));
+    other.Lbl35 = SumText(totals_.Amt3("35"));
+    lbladdintt = SumText(totals_.Amt1("PARTINTT"));
+    lbladdremu = SumText(totals_.Amt1("PARTREMU"));
+    other.section10abc.lbl10abc = SumText(other.section10abc.Counted(totals_.Amt2("10abc")));
 }
 
 /// The sums of the lists stand as they are between two changes of a list: a key in an amount asks the store nothing.

@@ -19,12 +19,12 @@ void ListTotals::Read(const Run& run)
     }
 }
 
-ListTotals::Sums ListTotals::Of(const char* type) const
+ListTotals::Sums ListTotals::Of(std::string_view type) const
 {
     const auto found = byType_.find(Upper(type));
     return found == byType_.end() ? Sums() : found->second;
 }
 
-bool ListTotals::Has(const char* type) const { return byType_.contains(Upper(type)); }
+bool ListTotals::Has(std::string_view type) const { return byType_.contains(Upper(type)); }
 
 } // namespace pgbp

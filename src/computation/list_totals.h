@@ -4,6 +4,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 
 namespace pgbp {
 
@@ -15,12 +16,12 @@ class ListTotals {
     /// Reads the sums anew from `temp1`.
     void Read(const Run& run);
 
-    double Amt1(const char* type) const { return Of(type).amt1; }
-    double Amt2(const char* type) const { return Of(type).amt2; }
-    double Amt3(const char* type) const { return Of(type).amt3; }
-    double Amt3LessAmt2(const char* type) const { return Of(type).amt3LessAmt2; }
+    double Amt1(std::string_view type) const { return Of(type).amt1; }
+    double Amt2(std::string_view type) const { return Of(type).amt2; }
+    double Amt3(std::string_view type) const { return Of(type).amt3; }
+    double Amt3LessAmt2(std::string_view type) const { return Of(type).amt3LessAmt2; }
     /// The line has rows of this type.
-    bool Has(const char* type) const;
+    bool Has(std::string_view type) const;
 
   private:
     struct Sums {
@@ -29,7 +30,7 @@ class ListTotals {
         double amt3 = 0;
         double amt3LessAmt2 = 0;
     };
-    Sums Of(const char* type) const;
+    Sums Of(std::string_view type) const;
 
     std::map<std::string, Sums, std::less<>> byType_; ///< type in upper case
 };

@@ -22,8 +22,8 @@ void Section10abc::Line::Name(const std::string& itsSection, const std::string& 
 {
     section = itsSection;
     description = itsDescription;
-    Lbl10 = Replace(section, "&", "&&");
-    Lbl10_1 = Replace(description, "&", "&&");
+    Lbl10.ShowData(section);
+    Lbl10_1.ShowData(description);
     Cmd10A.toolTip = "Items of section " + section + ": " + description;
 }
 

@@ -31,6 +31,8 @@ Label::Label(Form& form, std::string_view name, std::string text, LabelLook labe
     Set(std::move(text));
 }
 
+void Label::ShowData(std::string_view text) { Set(Replace(text, "&", "&&")); }
+
 void Label::Click()
 {
     if (onClick)

@@ -47,6 +47,9 @@ class Label : public TextControl {
     LabelLook look;
     std::function<void()> onClick; ///< set before the label is drawn
 
+    /// Shows a text of the data, in which "&" is the letter itself.
+    void ShowData(std::string_view text);
+
     void Click();
     bool TakesFocus() const override { return static_cast<bool>(onClick); }
     bool KeyDown(Key key) override;         ///< Enter clicks

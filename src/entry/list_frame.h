@@ -15,12 +15,17 @@ namespace pgbp {
 
 class ListFrame;
 
+/// What of its rows a list is summed up by.
+enum class ItemSum { Amt1, Amt3LessAmt2 };
+
 /// One list of items of a line of business.
 struct AdjustmentList {
-    std::string_view type;                   ///< of its rows in `temp1`
-    cmd& button;                             ///< opens it, and has the focus after it
-    const TextControl& caption;              ///< heads its frame
-    ListFrame& keptIn;                       ///< its frame
+    std::string_view type;      ///< of its rows in `temp1`
+    cmd& button;                ///< opens it, and has the focus after it
+    const TextControl& caption; ///< heads its frame
+    ListFrame& keptIn;          ///< its frame
+    Label* total = nullptr;     ///< shows the list's sum; none where the sum is not the list's alone
+    ItemSum sum = ItemSum::Amt1;
     bool isOther = false;                    ///< opened from the frame of the other adjustments, not from the line
     std::vector<std::string> offers = {};    ///< descriptions to choose from; any other can be typed
     bool asksForExemption = false;           ///< kind of exemption and PAN of the payer

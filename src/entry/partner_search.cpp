@@ -136,7 +136,7 @@ void PanDetails::Open(const Person& person)
                                                            {&LblD4, &person_.state},
                                                            {&LblD5, &person_.pin}};
     for (const auto& [shown, text] : lines)
-        *shown = Replace(*text, "&", "&&");
+        shown->ShowData(*text);
     form_.Raise(FraDEt, CmdACC);
 }
 

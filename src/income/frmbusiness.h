@@ -93,7 +93,7 @@ class frmbusiness : public Screen {
     Label lblothers{*this, "lblothers", "", LabelLook::Hint}; ///< what counts there without a column of its own
     Label lblothersP{*this, "lblothersP", "0.00", LabelLook::Amount};
 
-    PartnerDeductions partners{*this};
+    PartnerDeductions partners{*this, [this] { return Val(lbltotal); }};
     Label lblafter{*this, "lblafter", "Income after Interest & Remuneration :"};
     Label lblinc{*this, "lblinc", "0.00", LabelLook::Amount};
     Label lblincP{*this, "lblincP", "0.00", LabelLook::Amount};
@@ -113,7 +113,15 @@ class frmbusiness : public Screen {
     cmd CmdBack{*this, "CmdBack", "&Back"};
     cmd cmdr{*this, "cmdr", "&R"}; ///< laid out nowhere: only its hot key Alt+R reaches it
 
-    LineList lines{*this}; ///< the list of lines, `fra1`
+    /// The list of lines, `fra1`.
+    LineList lines{*this,
+                   {.bringBack = [this] { BringBack(); },
+                    .lineIsGone =
+                        [this] {
+                            StartFromZero();
+                            Activate();
+                        },
+                    .buttonOf = [this](BusinessKind kind) -> Control& { return kind == kNormal ? cmd1 : cmd2; }}};
 
     double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
 

@@ -1,6 +1,5 @@
 #include "income/line_list.h"
 
-#include "income/frmbusiness.h"
 #include "records/keys.h"
 #include "services/format.h"
 
@@ -28,15 +27,16 @@ enum ListColumn { kDescription, kProfit, kIncome, kMinor, kSno };
 
 } // namespace
 
-LineList::LineList(frmbusiness& summary)
-    : form(summary), fra1(summary, "fra1"), lblchoose(summary, "lblchoose", "Double click to choose", LabelLook::Hint),
+LineList::LineList(Screen& summary, LineListUse use)
+    : fra1(summary, "fra1"), lblchoose(summary, "lblchoose", "Double click to choose", LabelLook::Hint),
       DBGrid1(summary, "DBGrid1",
               {{"Description", GridColumnKind::Text},
                {"Profit/Loss", GridColumnKind::Amount},
                {"Income", GridColumnKind::Amount},
                {"Amt3", GridColumnKind::Hidden},
                {"Sno", GridColumnKind::Hidden}}),
-      CmdAdd(summary, "CmdAdd", "&Add"), cmdback1(summary, "cmdback1", "&Cancel"), run_(summary.run)
+      CmdAdd(summary, "CmdAdd", "&Add"), cmdback1(summary, "cmdback1", "&Cancel"), form_(summary), run_(summary.run),
+      use_(std::move(use))
 {
     fra1.Lay({.columns = {LayoutColumn::Field},
               .rows = {{{&DBGrid1}}, {{&lblchoose}}},
@@ -44,7 +44,7 @@ LineList::LineList(frmbusiness& summary)
               .buttonsRight = {&cmdback1}});
     fra1.onEscape = [this] { Leave(); };
     fra1.onUndo = [this] {
-        form.BringBack();
+        use_.bringBack();
         Open(KindByCaption().kind);
     };
     DBGrid1.onDoubleClick = [this](int row) { Choose(row); };
@@ -77,7 +77,7 @@ void LineList::Open(BusinessKind kind)
         return run_.screens.Show(chosen.screen, {.caption = chosen.caption});
     Fill(lines);
     fra1.caption = chosen.caption;
-    form.Raise(fra1, DBGrid1);
+    form_.Raise(fra1, DBGrid1);
 }
 
 /// The working table gives the order, by name as the store sorts.
@@ -117,11 +117,9 @@ void LineList::Choose(int row)
     const Kind& kind = KindByCaption();
     const Recordset line = run_.company.Query("select * from {business} where code = ? and [Type] = ? and sno = ?",
                                               run_.Glcode, TypeOf(kind.kind), Val(DBGrid1.Cell(row, kSno)));
-    form.Lower(fra1);
-    if (line.Empty()) { // another user deleted it meanwhile
-        form.StartFromZero();
-        return form.Activate();
-    }
+    form_.Lower(fra1);
+    if (line.Empty()) // another user deleted it meanwhile
+        return use_.lineIsGone();
     run_.screens.Show(kind.screen, {.caption = kind.caption, .business = Record(line.First())});
 }
 
@@ -130,14 +128,14 @@ void LineList::Add()
     const Kind& kind = KindByCaption();
     if (!kind.canAdd)
         return;
-    form.Lower(fra1);
+    form_.Lower(fra1);
     run_.screens.Show(kind.screen, {.caption = kind.caption});
 }
 
 void LineList::Leave()
 {
-    form.Lower(fra1);
-    form.SetFocus(KindByCaption().kind == kNormal ? form.cmd1 : form.cmd2);
+    form_.Lower(fra1);
+    form_.SetFocus(use_.buttonOf(KindByCaption().kind));
 }
 
 } // namespace pgbp

@@ -9,20 +9,24 @@
 
 namespace pgbp {
 
-class frmbusiness;
+/// What the list of lines asks of the summary.
+struct LineListUse {
+    std::function<void()> bringBack;                ///< the line that was deleted last
+    std::function<void()> lineIsGone;               ///< the chosen line was deleted meanwhile
+    std::function<Control&(BusinessKind)> buttonOf; ///< that opens the kind
+};
 
 /// The frame `fra1` of the summary: the stored lines of a kind of business of which there may be many, to choose one or
 /// to add one. Its caption tells which kind is listed.
 class LineList {
   public:
-    explicit LineList(frmbusiness& summary);
+    LineList(Screen& summary, LineListUse use);
 
     /// Opens the kind: straight to the detail screen when nothing is stored yet, else the list.
     void Open(BusinessKind kind);
     /// Hides the list; the focus goes back to the button it came from.
     void Leave();
 
-    frmbusiness& form;
     Frame fra1;
     Label lblchoose;
     Grid DBGrid1;
@@ -39,7 +43,9 @@ class LineList {
     static const Kind& Find(BusinessKind kind);
     Recordset LinesOf(BusinessKind kind) const;
 
+    Screen& form_;
     Run& run_;
+    LineListUse use_;
     static const Kind kKinds[3];
 };
 

@@ -1,6 +1,6 @@
 #include "income/partner_deductions.h"
 
-#include "income/frmbusiness.h"
+#include "income/summary_rules.h"
 #include "law/remuneration_limit.h"
 #include "records/keys.h"
 #include "services/format.h"
@@ -30,12 +30,13 @@ Value DeductedAmount(const Run& run, std::string_view type)
 
 } // namespace
 
-PartnerDeductions::PartnerDeductions(frmbusiness& summary)
-    : form(summary), lblpart1(summary, "lblpart1", "Less : Interest"), txtlesspart1(summary, "txtlesspart1"),
+PartnerDeductions::PartnerDeductions(Screen& summary, std::function<double()> total)
+    : lblpart1(summary, "lblpart1", "Less : Interest"), txtlesspart1(summary, "txtlesspart1"),
       txtlesspart1P(summary, "txtlesspart1P", "0.00", LabelLook::Amount),
       cmdmax(summary, "cmdmax", "Calculate Maximum Remuneration"), lblpart2(summary, "lblpart2", "Less : Remuneration"),
       txtlesspart2(summary, "txtlesspart2"), txtlesspart2P(summary, "txtlesspart2P", "0.00", LabelLook::Amount),
-      run_(summary.run), interest_{txtlesspart1, "LESSINTT", "Interest to partners", true},
+      form_(summary), run_(summary.run),
+      total_(std::move(total)), interest_{txtlesspart1, "LESSINTT", "Interest to partners", true},
       remuneration_{txtlesspart2, "LESSREMU", "Remuneration to partners", false}
 {
     txtlesspart1.onLostFocus = [this] { Leave(interest_); };
@@ -88,7 +89,7 @@ double PartnerDeductions::MaximumRemuneration() const
                              "([Type] = '544' or [Type] = 'less')",
                              run_.Glcode)
                      .Number();
-    const double bookProfit = Val(form.lbltotal) + exempt - Val(txtlesspart1);
+    const double bookProfit = total_() + exempt - Val(txtlesspart1);
     const double limit = RoundOff(RemunerationLimit(bookProfit, run_.Year(), run_.Glstatus), 0);
     const double paid =
         run_.company
@@ -125,7 +126,7 @@ void PartnerDeductions::Leave(const Deduction& deduction) const
     const bool isChanged = DeductedAmount(run_, deduction.type).Number() != Val(deduction.field);
     Store(deduction);
     if (isChanged)
-        form.TellSaved(std::string(deduction.name), Val(deduction.field));
+        form_.TellSaved(std::string(deduction.name), Val(deduction.field));
 }
 
 /// The condition of the rows that a new row replaces. The remuneration keeps a stored minor of 0.

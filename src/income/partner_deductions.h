@@ -6,13 +6,12 @@
 
 namespace pgbp {
 
-class frmbusiness;
-
 /// The part of the summary that is a firm's alone: interest and remuneration of the partners, deducted from the total,
 /// and the limit of the remuneration.
 class PartnerDeductions {
   public:
-    explicit PartnerDeductions(frmbusiness& summary);
+    /// `total` gives the head of income before the deductions, rupees.
+    PartnerDeductions(Screen& summary, std::function<double()> total);
 
     /// Shows the stored deductions.
     void Show();
@@ -23,7 +22,6 @@ class PartnerDeductions {
     /// Deducts the most that the law allows. True when another amount was stored than before.
     bool CalculateMaximum();
 
-    frmbusiness& form;
     Label lblpart1;
     txtn txtlesspart1;
     Label txtlesspart1P;
@@ -48,7 +46,9 @@ class PartnerDeductions {
     static bool IsTheRow(const Recordset& rows, const Deduction& deduction, double amount);
     std::string OwnRows(const Deduction& deduction) const;
 
+    Screen& form_;
     Run& run_;
+    std::function<double()> total_;
     Deduction interest_;
     Deduction remuneration_;
 };
