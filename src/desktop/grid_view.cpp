@@ -58,7 +58,8 @@ class GridModel : public QAbstractTableModel {
     {
         if (orientation == Qt::Vertical)
             return {};
-        return role == Qt::TextAlignmentRole || role == Qt::DisplayRole ? CellData(0, section, role) : QVariant();
+        const bool isShown = role == Qt::TextAlignmentRole || role == Qt::DisplayRole || role == Qt::ToolTipRole;
+        return isShown ? CellData(0, section, role) : QVariant();
     }
 
     void Reload()
