@@ -13,7 +13,7 @@ namespace {
 using Operand = std::variant<Value, Area>;
 
 /// The most cells that all formulas together look at: a small damaged file can hold areas that overlap a thousandfold.
-constexpr std::size_t kMostLooks = 20'000'000;
+constexpr std::size_t kMostLooks = 5'000'000;
 
 Value AsNumber(const std::string& text)
 {
