@@ -1,5 +1,6 @@
 #include "services/format.h"
 #include "services/year.h"
+#include "statements/ind_as_totals.h"
 #include "statements/statement_totals.h"
 #include "statements/totals_rules.h"
 #include "suite/assessee_years.h"
@@ -52,14 +53,18 @@ class DemonstrationClients : public testing::Test {
                     line["code"], line["sno"])
             .Number();
     }
-    /// A cell of the line's profit and loss account.
-    double Cell(const Row& line, int slno) const
+    bool IsIndAs(const Row& line) const { return ReadSettings(practice, line["code"].Text()).indAs; }
+    /// Sum over the cells of the line's statement, or over their details.
+    double Cell(const Row& line, int slno, const char* ofReturn = "NEWPL", const char* underIndAs = "NEWINDPL") const
     {
         return practice.balance
-            .Scalar("select name8 from {qelgeneral} where code = ? and [Type] = 'NEWPL' and amt2 = ? and amt1 = ?",
-                    line["code"], line["sno"], slno)
+            .Scalar("select sum(cast(name8 as float)) from {qelgeneral} where code = ? and [Type] = ? and amt2 = ? and "
+                    "amt1 = ?",
+                    line["code"], IsIndAs(line) ? underIndAs : ofReturn, line["sno"], slno)
             .Number();
     }
+    /// Net profit with books, without them, or under Ind AS.
+    double NetProfit(const Row& line) const { return Cell(line, 255) + Cell(line, 272) + Cell(line, 7149); }
     Recordset Lines(const std::string& kinds) const
     {
         return practice.company.Query("select * from {business} where type in (" + kinds + ")");
@@ -72,7 +77,7 @@ class DemonstrationClients : public testing::Test {
 TEST_F(DemonstrationClients, HeadOfIncomeOfClosedYearsIsTheSumOfTheirRows)
 {
     const Recordset heads = practice.balance.Query("select * from {qelgeneral} where [Type] = 'BUSI'");
-    EXPECT_EQ(heads.Size(), 16u);
+    EXPECT_EQ(heads.Size(), 18u);
     for (const Row head : heads) {
         const std::string code = head["code"].Text();
         SCOPED_TRACE(code);
@@ -99,7 +104,7 @@ TEST_F(DemonstrationClients, NetIncomeOfEachLineFollowsFromItsAccountAndItsAdjus
 {
     for (const Row line : Lines("'1'")) {
         SCOPED_TRACE(line["code"].Text() + " " + line["name1"].Text());
-        EXPECT_EQ(line["PNL"].Number(), Cell(line, 255));
+        EXPECT_EQ(line["PNL"].Number(), NetProfit(line));
         EXPECT_EQ(line["dep1"].Number(), Cell(line, 254) + Cell(line, 8015));
         const double allowed = practice.balance
                                    .Scalar("select sum(f_dep) from {fassets} where code = ? and type = 'P' and sno = ?",
@@ -111,13 +116,13 @@ TEST_F(DemonstrationClients, NetIncomeOfEachLineFollowsFromItsAccountAndItsAdjus
                 .Scalar("select sum(amt1) from {misc_items} where code = ? and type = 'BusOth' and sno = ?",
                         line["code"], line["sno"])
                 .Number();
-        EXPECT_DOUBLE_EQ(line["NET"].Number(), Cell(line, 255) + Cell(line, 254) + Cell(line, 8015) - allowed + other +
+        EXPECT_DOUBLE_EQ(line["NET"].Number(), NetProfit(line) + Cell(line, 254) + Cell(line, 8015) - allowed + other +
                                                    Details(line, "'23a', 'PARTINTT', 'PARTREMU'") -
                                                    Details(line, "'23l', 'less', '544'"));
     }
     for (const Row line : Lines("'2', '8'")) {
         SCOPED_TRACE(line["code"].Text() + " " + line["name1"].Text());
-        EXPECT_EQ(line["PNL"].Number(), Cell(line, 255));
+        EXPECT_EQ(line["PNL"].Number(), NetProfit(line));
         EXPECT_DOUBLE_EQ(line["NET"].Number(), Cell(line, 255) + Details(line, "'28a'") - Details(line, "'28l'"));
     }
     for (const Row line : Lines("'6', '7'"))
@@ -132,17 +137,26 @@ TEST_F(DemonstrationClients, StatementsAddUp)
         const StatementForm form =
             OpenStatementForm(YearNumber(code.substr(code.size() - 7)), static_cast<int>(ReturnForm(practice, code)),
                               StatementKind::ProfitAndLoss);
-        const Recordset rows = practice.tax.Query(
-            "select slno, blocked from {taxaudit} where d_type = ? order by pslno", TemplateName(form));
+        const bool isIndAs = IsIndAs(line);
+        const Recordset rows =
+            practice.tax.Query(std::string("select slno, blocked from {") + (isIndAs ? "taxauditjson" : "taxaudit") +
+                                   "} where d_type = ? order by pslno",
+                               isIndAs ? "INDASPL" : TemplateName(form));
         ASSERT_FALSE(rows.Empty());
         std::vector<AmountCell> amounts(1);
         for (const Row row : rows)
             amounts.emplace_back(row["blocked"].Flag() ? ""
                                                        : Rupees(Cell(line, static_cast<int>(row["slno"].Number()))));
-        StatementTotals(TotalsRules(OperationFor(form), form), rows.Size()).Run(amounts);
-        for (std::size_t i = 0; i < rows.Size(); ++i)
-            EXPECT_EQ(amounts[i + 1].figure(), Cell(line, static_cast<int>(rows[i]["slno"].Number())))
-                << "line " << rows[i]["slno"].Number();
+        StatementTotals(isIndAs ? IndTotalsRules(IndStatement::INDPNL, rows.Size())
+                                : TotalsRules(OperationFor(form), form),
+                        rows.Size())
+            .Run(amounts);
+        for (std::size_t i = 0; i < rows.Size(); ++i) {
+            const int slno = static_cast<int>(rows[i]["slno"].Number());
+            EXPECT_EQ(amounts[i + 1].figure(), Cell(line, slno)) << "line " << slno;
+            const double details = Cell(line, slno, "SNEWPL", "INDNEWPL");
+            EXPECT_TRUE(details == 0 || details == Cell(line, slno)) << "line " << slno;
+        }
     }
 }
 

@@ -110,7 +110,7 @@ TEST_F(Commands, RefuseWithASentenceAndLeaveThePracticeAsItWas)
         EXPECT_NE(refusal.find(each.sentence), std::string::npos) << refusal;
     }
     EXPECT_EQ(Run({"list"}), before);
-    EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 10);
+    EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 11);
 }
 
 TEST_F(Commands, RunHandsOverAndShowsWhatCameBack)
@@ -190,7 +190,7 @@ TEST_F(Commands, EnsureMakesAPracticeOnceAndThenLeavesIt)
 {
     Run({"add-assessee", "Lata", "AFZPD1234K", "01"});
     EXPECT_EQ(Run({"ensure"}), "");
-    EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 11);
+    EXPECT_EQ(made.Open().company.Scalar("select count(*) from {assessee}").Number(), 12);
     std::filesystem::remove_all(made.folder());
     Run({"ensure"});
     EXPECT_TRUE(IsPractice(made.folder()));
