@@ -74,7 +74,7 @@ class Screens {
     template <typename Opening>
     void ShowModal(
         ScreenName<Opening> name, const std::type_identity_t<Opening>& opening = {},
-        std::function<void()> left = [] {});
+        const std::function<void()>& left = [] {});
     /// Leaves the screen on display for the one it was opened from.
     void Return();
     /// Ends the run.
@@ -143,9 +143,9 @@ void Screens::Show(ScreenName<Opening> name, const std::type_identity_t<Opening>
 
 template <typename Opening>
 void Screens::ShowModal(ScreenName<Opening> name, const std::type_identity_t<Opening>& opening,
-                        std::function<void()> left)
+                        const std::function<void()>& left)
 {
-    Display(name.text, opening, std::move(left));
+    Display(name.text, opening, left);
 }
 
 } // namespace pgbp
