@@ -170,7 +170,6 @@ void StatementScreen::Wire()
     };
     TxtNum.onChange = [this] { TypeAmount(); };
     CmbYN.onClick = [this] { ChooseItem(); };
-    CmbYN.onEnter = [this] { MSH.HideEditor(); };
     Txt1.onChange = [this] { TypeDescription(); };
     framain.onUndo = [this] { TakeBack(); };
     framain.onEscape = CmdBack.onClick = [this] { Close(); };
@@ -238,8 +237,8 @@ void StatementScreen::OfferIntraday()
     const auto stored = isAsked ? rows_.ReadIntraday(sno_) : std::nullopt;
     CmdNew3.visible = isAsked && !stored;
     if (stored) {
-        TxtNew3_1 = Rupees(stored->turnover);
-        TxtNew3_2 = Rupees(stored->profit);
+        TxtNew3_1 = Amount(stored->turnover);
+        TxtNew3_2 = Amount(stored->profit);
     }
 }
 
