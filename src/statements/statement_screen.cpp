@@ -173,9 +173,14 @@ void StatementScreen::Wire()
     Txt1.onChange = [this] { TypeDescription(); };
     framain.onUndo = [this] { TakeBack(); };
     framain.onEscape = CmdBack.onClick = [this] { Close(); };
-    ChkPr.onClick = ChkDet.onClick = [this] {
+    const auto showColumns = [this] {
         ShowColumns();
         MSH.EnterCell(std::max(MSH.currentRow(), 1), kAmount);
+    };
+    ChkPr.onClick = showColumns;
+    ChkDet.onClick = [this, showColumns] {
+        KeepChoiceOfDetails();
+        showColumns();
     };
     Command1.onClick = [this] { Raise(FraBooks, ChkBooks); };
     FraBooks.onEscape = CmdBackFra.onClick = [this] { Proceed(); };
@@ -318,13 +323,15 @@ void StatementScreen::ShowColumns()
     MSH.ShowColumn(kPreviousYear, ChkPr.value && ChkPr.visible);
     MSH.ShowColumn(kDetail, ChkDet.value);
     ChkDet.caption = ChkDet.value ? "Hide &Details" : "Show &Details";
-    const clsIniFile settings{run.host.programFolder / "Settings.ini"};
-    const std::string flag = ChkDet.value ? "1" : "0";
-    if (settings.GetValue(keeping_.settings, "Flags") == flag || (flag == "0" && !FileExists(settings.File)))
-        return;
+}
+
+/// A program folder that can only be read does not remember the choice.
+void StatementScreen::KeepChoiceOfDetails()
+{
     try {
-        settings.WriteValue(keeping_.settings, "Flags", flag);
-    } catch (const Fault& fault) { // a program folder that can only be read: the choice is not remembered
+        clsIniFile{run.host.programFolder / "Settings.ini"}.WriteValue(keeping_.settings, "Flags",
+                                                                       ChkDet.value ? "1" : "0");
+    } catch (const Fault& fault) {
         run.Log(fault);
     }
 }

@@ -93,6 +93,7 @@ class StatementScreen : public Screen {
     void ApplyVisibility();
     void ApplyLock();
     void ShowColumns();
+    void KeepChoiceOfDetails();
     void RunTotals();
     void ShowTotals();
 
