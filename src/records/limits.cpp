@@ -47,6 +47,13 @@ double CommissionLimit(const Run& run)
         .Number();
 }
 
+double YearLimit(const Run& run, std::string_view type)
+{
+    return run.tax
+        .Scalar("select amount from {system} where [type] = ? and [from] <= ? order by [from] desc", type, run.Year())
+        .Number();
+}
+
 void PlantLimits2017(const Run& run)
 {
     constexpr double kTurnover = 20000000;

@@ -8,6 +8,10 @@ namespace pgbp {
 /// 0 when there is none. Rupees.
 double CommissionLimit(const Run& run);
 
+/// The limit of this type that counts in the run's year: the one with the latest first year not after it; 0 when there
+/// is none. Rupees.
+double YearLimit(const Run& run, std::string_view type);
+
 /// Adds the presumptive limits of assessment year 2017-18 where an older tax file misses them.
 void PlantLimits2017(const Run& run);
 

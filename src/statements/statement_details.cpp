@@ -48,6 +48,7 @@ void StatementDetails::Open(int slno, const std::string& lineName, const std::ve
     slno_ = slno;
     Frame1.caption = lineName;
     std::vector<Item> items;
+    items.reserve(entries.size());
     for (const DetailEntry& entry : entries)
         items.push_back({std::to_string(slno), entry.description, entry.amount});
     entry_.Open(std::move(items));

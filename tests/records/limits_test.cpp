@@ -33,6 +33,16 @@ TEST_F(LimitsOf2024, AreAddedOnce)
     EXPECT_EQ(Planted(), kRight);
 }
 
+TEST_F(LimitsOf2024, TheLatestThatHasBegunCounts)
+{
+    Limit("H_VEH", 2019, 1000);
+    Limit("H_VEH", 2023, 2000);
+    Limit("H_VEH", 2024, 3000);
+    Start(); // of 2023-24
+    EXPECT_EQ(YearLimit(*run, "H_VEH"), 2000);
+    EXPECT_EQ(YearLimit(*run, "none"), 0);
+}
+
 TEST_F(LimitsOf2024, ChangedByThePracticeStay)
 {
     Limit("44AD", 2024, 1);
