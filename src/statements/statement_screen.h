@@ -80,7 +80,8 @@ class StatementScreen : public Screen {
   private:
     /// Amounts that one deed of the preparer changed, as they were.
     struct Undo {
-        std::vector<std::pair<std::size_t, std::string>> amounts;
+        std::vector<std::pair<std::size_t, std::string>> amounts;       ///< by line
+        std::optional<std::vector<DetailEntry>> details = std::nullopt; ///< of the one line, where they made its amount
     };
 
     void LayOut();
