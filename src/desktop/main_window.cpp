@@ -72,7 +72,7 @@ QString Heading(const Run& run)
 }
 
 /// What stands behind the client's name in the status line.
-QString StatusLine(const Run& run)
+QString StatusLine(const Run& run, double returnForm)
 {
     QString line;
     const auto add = [&](bool when, const QString& part) {
@@ -81,7 +81,7 @@ QString StatusLine(const Run& run)
     };
     add(!run.Glyear.empty(), "A.Y. " + Text(run.Glyear));
     add(true, Text(StatusInWords(run.Glstatus)));
-    add(run.GlITR != 0, "ITR-" + QString::number(run.GlITR));
+    add(returnForm != 0, "ITR-" + QString::number(returnForm));
     add(run.GLminor != 0, Text(run.IncomeOf()));
     add(run.GLlock != 0,
         run.readOnly ? "Read-only" : "Locked: nothing can be keyed, Back writes the head of income anew");
@@ -247,7 +247,7 @@ void MainWindow::ShowTexts(const Screen& page)
     client_->Show(client);
     year_->Show(Heading(run_));
     statusClient_->Show(client);
-    status_->Show(StatusLine(run_));
+    status_->Show(StatusLine(run_, returnForm_));
 }
 
 void MainWindow::ShowNotice()

@@ -55,6 +55,7 @@ class MainWindow : public QWidget {
     void AwaitCheck();
 
     Run& run_;
+    const double returnForm_ = run_.GlITR; ///< of the client: a statement that is open may run with another number
     WindowMemory* memory_;
     Actions actions_;
     int changedListener_;
