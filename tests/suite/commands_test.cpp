@@ -55,20 +55,20 @@ class Commands : public testing::Test {
 
 TEST_F(Commands, AddAnAssesseeWithTwoLinkedYears)
 {
-    EXPECT_EQ(Run({"add-assessee", "Lata d'Souza", "AFZPD1234K", "01", "city_o=Panaji", "comm=O"}), "1011\n");
-    EXPECT_EQ(Run({"add-year", "1011", "2009-10"}), "1011r2009-10\n");
-    EXPECT_EQ(Run({"add-year", "1011", "2010-11", "5"}), "1011r2010-11\n");
+    EXPECT_EQ(Run({"add-assessee", "Lata d'Souza", "AFZPD1234K", "01", "city_o=Panaji", "comm=O"}), "1012\n");
+    EXPECT_EQ(Run({"add-year", "1012", "2009-10"}), "1012r2009-10\n");
+    EXPECT_EQ(Run({"add-year", "1012", "2010-11", "5"}), "1012r2010-11\n");
 
     const Practice practice = made.Open();
-    const AssesseeYear year = FindAssesseeYear(practice, "1011r2010-11");
+    const AssesseeYear year = FindAssesseeYear(practice, "1012r2010-11");
     EXPECT_EQ(year.name, "Lata d'Souza");
-    EXPECT_EQ(PrecedingCode(practice, year), "1011r2009-10");
-    EXPECT_EQ(ReturnForm(practice, "1011r2009-10"), 4);
-    EXPECT_EQ(ReturnForm(practice, "1011r2010-11"), 5);
-    EXPECT_EQ(practice.company.Scalar("select city_o from {assessee} where company = 1011").Text(), "Panaji");
-    EXPECT_TRUE(practice.company.Scalar("select flag from {assessee} where company = 1011").Flag());
+    EXPECT_EQ(PrecedingCode(practice, year), "1012r2009-10");
+    EXPECT_EQ(ReturnForm(practice, "1012r2009-10"), 4);
+    EXPECT_EQ(ReturnForm(practice, "1012r2010-11"), 5);
+    EXPECT_EQ(practice.company.Scalar("select city_o from {assessee} where company = 1012").Text(), "Panaji");
+    EXPECT_TRUE(practice.company.Scalar("select flag from {assessee} where company = 1012").Flag());
     EXPECT_EQ(
-        practice.company.Scalar("select name3 from {misc_items} where type = 'Fast2018' and code = '1011r2010-11'")
+        practice.company.Scalar("select name3 from {misc_items} where type = 'Fast2018' and code = '1012r2010-11'")
             .Text(),
         "0");
 }
