@@ -24,7 +24,8 @@ StatementDetails::StatementDetails(Screen& form)
     };
     entry_.changed = [this] { TxtSTOT = Rupees(Total()); };
     Frame1.onUndo = [this] { entry_.Undo(); };
-    Frame1.onEscape = CmdClose.onClick = [this] { Close(); };
+    CmdClose.onClick = [this] { Close(); };
+    Frame1.onEscape = [this] { entry_.Altered() ? Close() : form_.Lower(Frame1); };
 }
 
 std::vector<ItemColumn<StatementDetails::Item>> StatementDetails::Columns()
