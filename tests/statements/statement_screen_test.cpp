@@ -1,5 +1,6 @@
 #include "statements/statement_screen.h"
 
+#include "statements/gnumeric.h"
 #include "statements/template_files.h"
 #include "support/empty_practice.h"
 #include "support/failing_store.h"
@@ -245,6 +246,31 @@ TEST_F(StatementTest, ARefusedSaveKeepsWhatWasKeyedAndStoresItOnceInTheEnd)
             if (!isRefused)
                 break;
         }
+}
+
+TEST_F(StatementTest, ASheetChangedInAnotherProgramComesBackAndIsSaved)
+{
+    Year(2023, "05");
+    PutForm("PL_5_2019");
+    StatementScreen& screen = OpenStatement(5);
+    Key(screen, 29, "5000");
+    const auto ours = folder.path() / "ours.xls", theirs = folder.path() / "theirs.xls";
+    files.chosen = ours;
+    screen.Click(screen.cmdexport);
+    EXPECT_EQ(screen.notice.get(), "Exported to " + ours.string());
+    if (!ChangedByGnumeric(ours, theirs, "--set C4=1000 --set C30=8000"))
+        GTEST_SKIP() << "Gnumeric is not installed";
+    files.chosen = theirs;
+    screen.Click(screen.cmdImport);
+    EXPECT_EQ(boxes.Take().text, "Process Completed");
+    EXPECT_EQ(Amount(screen, 29), "8,000");
+    EXPECT_EQ(screen.LblTot1.text(), "7,000") << "sales without the opening stock";
+    folder.Write("theirs.xls", "no workbook");
+    screen.Click(screen.cmdImport);
+    EXPECT_EQ(boxes.Take().icon, Icon::Critical);
+    screen.Click(screen.CmdSave);
+    EXPECT_EQ(Balance().Scalar("select name8 from {qelgeneral} where [Type] = 'NEWPL' and amt1 = 501").Text(), "8000");
+    EXPECT_EQ(Company().Scalar("select NET from {business}").Number(), 7000);
 }
 
 TEST_F(StatementTest, ALockedYearIsShownAndNothingCanBeKeyed)

@@ -1,5 +1,6 @@
 #include "statements/statement_sheet.h"
 
+#include "statements/gnumeric.h"
 #include "statements/served_totals.h"
 #include "support/temporary_folder.h"
 
@@ -45,17 +46,6 @@ const xls::Cell& CellAt(const xls::Workbook& workbook, const char* name)
     const auto& cells = workbook.sheets.at(0).cells;
     const auto found = cells.find(xls::PositionOf(name));
     return found == cells.end() ? none : found->second;
-}
-
-/// Asks Gnumeric to change cells of a file; false where it is not installed.
-bool ChangedByGnumeric(const std::filesystem::path& from, const std::filesystem::path& to, const std::string& sets)
-{
-    if (std::system("command -v ssconvert >/dev/null") != 0)
-        return false;
-    const std::string line = "ssconvert --recalc " + sets + " -T Gnumeric_Excel:excel_biff8 '" + from.string() + "' '" +
-                             to.string() + "' >/dev/null 2>&1";
-    EXPECT_EQ(std::system(line.c_str()), 0) << line;
-    return true;
 }
 
 } // namespace

@@ -40,10 +40,12 @@ class TestProcesses : public Processes {
     std::function<void()> whileRunning;
 };
 
-class NoFiles : public FileDialogs {
+class TestFiles : public FileDialogs {
   public:
-    std::optional<std::filesystem::path> AskOpen(const std::string&, const std::string&) override { return {}; }
-    std::optional<std::filesystem::path> AskSave(const std::string&, const std::string&) override { return {}; }
+    std::optional<std::filesystem::path> AskOpen(const std::string&, const std::string&) override { return chosen; }
+    std::optional<std::filesystem::path> AskSave(const std::string&, const std::string&) override { return chosen; }
+
+    std::optional<std::filesystem::path> chosen; ///< none: the dialog is cancelled
 };
 
 /// A practice folder with all data files and no rows of its own, and a run on it for one assessee-year.
@@ -222,7 +224,7 @@ class EmptyPractice {
     std::optional<ServerLogin> server; ///< none: all is in files
     HandOver handOver;
     TestBoxes boxes;
-    NoFiles files;
+    TestFiles files;
     TestProcesses processes;
     DateTime now{2023, 7, 15, 10, 30, 0};
     bool checksFiles = false;
