@@ -11,20 +11,21 @@ constexpr double kOfTheCompany = 1;
 
 constexpr std::string_view kIntraday = "PLNew3_23";
 
+constexpr std::string_view kColumns = "amt1, name8, name1, name2, name7, Amt10";
+
+/// In the order of kColumns.
 StoredLines LinesOf(const Recordset& rows)
 {
     StoredLines lines;
     for (const Row row : rows)
-        lines.try_emplace(static_cast<int>(row["amt1"].Number()),
-                          StoredLine{.amount = row["name8"].Text(),
-                                     .description = row["name1"].Text(),
-                                     .isOwn = row["name2"].Text() == kWrittenByPreparer,
-                                     .previousYear = row["name7"].Text(),
-                                     .booksNotKept = row["Amt10"].Number() == 1});
+        lines.try_emplace(static_cast<int>(row.At(0).Number()),
+                          StoredLine{.amount = row.At(1).Text(),
+                                     .description = row.At(2).Text(),
+                                     .isOwn = row.At(3).Text() == kWrittenByPreparer,
+                                     .previousYear = row.At(4).Text(),
+                                     .booksNotKept = row.At(5).Number() == 1});
     return lines;
 }
-
-constexpr std::string_view kColumns = "amt1, name1, name2, name7, name8, Amt10";
 
 } // namespace
 
@@ -56,8 +57,8 @@ Details StatementRows::ReadDetails(double sno) const
 {
     Details details;
     for (const Row row : DetailsOf(sno).Read("amt1, name9, name8"))
-        details[static_cast<int>(row["amt1"].Number())].push_back(
-            {pgbp::Replace(row["name9"].Text(), "'", " "), ParseAmount(row["name8"].Text())});
+        details[static_cast<int>(row.At(0).Number())].push_back(
+            {pgbp::Replace(row.At(1).Text(), "'", " "), ParseAmount(row.At(2).Text())});
     return details;
 }
 

@@ -55,33 +55,39 @@ void TakeOver(const Connection& tax, const Connection& reference, std::string_vi
     }
 }
 
+constexpr std::string_view kColumns =
+    "slno, flag, text_numeric, blocked, head1, head2, s_1, s_2, s_3, s_4, Descr1, Descr2, Descr3, Descr4";
+constexpr std::size_t kFirstSerial = 4;
+constexpr std::size_t kFirstCaption = 10;
+
 template <std::size_t Count>
-std::array<std::string, Count> Texts(const Row& record, const std::array<std::string_view, Count>& columns)
+void TakeTexts(const Row& record, std::size_t first, std::array<std::string, Count>& texts)
 {
-    std::array<std::string, Count> texts;
-    std::ranges::transform(columns, texts.begin(), [&](std::string_view column) { return record[column].Text(); });
-    return texts;
+    for (std::size_t i = 0; i < Count; ++i)
+        texts[i] = record.At(first + i).Text();
 }
 
 TemplateRow FromRecord(const Row& record)
 {
-    constexpr std::array<std::string_view, 6> kSerials = {"head1", "head2", "s_1", "s_2", "s_3", "s_4"};
-    constexpr std::array<std::string_view, 4> kCaptions = {"Descr1", "Descr2", "Descr3", "Descr4"};
-    return {.slno = static_cast<int>(record["slno"].Number()),
-            .serials = Texts(record, kSerials),
-            .captions = Texts(record, kCaptions),
-            .isChoice = record["flag"].Flag(),
-            .isNumber = record["text_numeric"].Flag(),
-            .isBlocked = record["blocked"].Flag()};
+    TemplateRow row{.slno = static_cast<int>(record.At(0).Number()),
+                    .isChoice = record.At(1).Flag(),
+                    .isNumber = record.At(2).Flag(),
+                    .isBlocked = record.At(3).Flag()};
+    TakeTexts(record, kFirstSerial, row.serials);
+    TakeTexts(record, kFirstCaption, row.captions);
+    return row;
 }
 
 } // namespace
 
 std::vector<TemplateRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType)
 {
-    const std::string select = "select * from {" + std::string(table) + "} where d_type = ? order by pslno";
+    const std::string select =
+        "select " + std::string(kColumns) + " from {" + std::string(table) + "} where d_type = ? order by pslno";
+    const Recordset records = tax.Query(select, dType);
     std::vector<TemplateRow> rows;
-    for (const Row record : tax.Query(select, dType))
+    rows.reserve(records.Size());
+    for (const Row record : records)
         rows.push_back(FromRecord(record));
     return rows;
 }
