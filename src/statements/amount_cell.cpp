@@ -28,6 +28,7 @@ void AmountCell::SetText(std::string_view text)
 {
     text_ = text;
     figure_ = ParseAmount(text);
+    isWhole_ = false;
 }
 
 void AmountCell::SetRounded(double figure)
@@ -50,12 +51,15 @@ void AmountCell::SetPlaces(const std::string& places)
 {
     text_ = FormatAmountIndian(WithoutZeroPlaces(places), kIndianGrouping);
     figure_ = Val(places);
+    isWhole_ = false;
 }
 
 /// The common case, as amounts are entered in whole rupees: written from the right, the commas with the digits, since
-/// every key stroke writes all totals of the statement.
+/// every key stroke writes all totals of the statement. Most of them stand already.
 void AmountCell::SetWhole(double figure)
 {
+    if (isWhole_ && figure == figure_)
+        return;
     std::array<char, 24> buffer;
     char* const end = buffer.data() + buffer.size();
     char* at = end;
@@ -79,6 +83,7 @@ void AmountCell::SetWhole(double figure)
         *--at = '-';
     text_.assign(at, end);
     figure_ = figure;
+    isWhole_ = true;
 }
 
 std::string PlainFigure(double figure) { return WithoutZeroPlaces(Format(figure, kEveryPlace)); }

@@ -31,6 +31,7 @@ class AmountCell {
 
     std::string text_;
     double figure_ = 0;
+    bool isWhole_ = false; ///< the text is what SetWhole wrote for the figure
 };
 
 /// A figure as plain text, without grouping.

@@ -36,7 +36,7 @@ class StatementLines {
     void SetAmount(std::size_t line, std::string_view text) { amounts_[line].SetText(text); }
     /// Works the totals. `intraday`: profit from intraday trading, rupees. Throws std::overflow_error.
     void Run(double intraday) { totals_->Run(amounts_, intraday); }
-    std::vector<std::size_t> ComputedLines() const { return totals_->ComputedRows(); }
+    const std::vector<std::size_t>& ComputedLines() const { return totals_->ComputedRows(); }
 
   private:
     const std::string& Type(std::size_t line) const { return Row(line).cells[kType]; }

@@ -122,10 +122,10 @@ void StatementTotals::Add(std::string_view text)
     const auto first = terms_.begin() + static_cast<std::ptrdiff_t>(rule.firstTerm);
     const bool fits =
         rule.row <= lastRow_ && std::all_of(first, terms_.end(), [&](const Term& term) { return term.to <= lastRow_; });
-    if (fits)
-        rules_.push_back(rule);
-    else
-        terms_.resize(rule.firstTerm);
+    if (!fits)
+        return terms_.resize(rule.firstTerm);
+    rules_.push_back(rule);
+    computedRows_.push_back(rule.row);
 }
 
 double StatementTotals::Sum(const Rule& rule, std::span<const AmountCell> amounts) const
@@ -148,13 +148,6 @@ void StatementTotals::Run(std::span<AmountCell> amounts, double intraday) const
         else
             cell.SetAsItStands(Sum(rule, amounts) + rule.intradaySign * intraday);
     }
-}
-
-std::vector<std::size_t> StatementTotals::ComputedRows() const
-{
-    std::vector<std::size_t> rows;
-    std::transform(rules_.begin(), rules_.end(), std::back_inserter(rows), [](const Rule& rule) { return rule.row; });
-    return rows;
 }
 
 } // namespace pgbp

@@ -29,7 +29,7 @@ class StatementTotals {
     void Run(std::span<AmountCell> amounts, double intraday = 0) const;
 
     /// Lines that a rule writes, in the order of the rules.
-    std::vector<std::size_t> ComputedRows() const;
+    const std::vector<std::size_t>& ComputedRows() const { return computedRows_; }
 
   private:
     enum class Writing { Rounded, AsItStands, Copied };
@@ -53,6 +53,7 @@ class StatementTotals {
     std::size_t lastRow_;
     std::vector<Rule> rules_;
     std::vector<Term> terms_;
+    std::vector<std::size_t> computedRows_;
 };
 
 } // namespace pgbp
