@@ -5,24 +5,21 @@
 
 namespace pgbp {
 
-StatementLines::StatementLines(std::vector<StatementRow> rows, std::span<const std::string_view> rules)
-    : rows_(std::move(rows)), slnos_(1), amounts_(rows_.size() + 1), totals_(std::in_place, rules, rows_.size())
+StatementLines::StatementLines(std::span<const StatementRow> rows, std::span<const std::string_view> rules)
+    : amounts_(rows.size() + 1), totals_(std::in_place, rules, rows.size())
 {
-    for (const StatementRow& row : rows_) {
-        slnos_.push_back(static_cast<int>(Val(row.cells[kSlno])));
-        lines_.try_emplace(slnos_.back(), slnos_.size() - 1);
+    lines_.reserve(rows.size() + 1);
+    for (const StatementRow& row : rows) {
+        const int slno = static_cast<int>(Val(row.cells[kSlno]));
+        bySlno_.try_emplace(slno, lines_.size());
+        lines_.push_back({slno, row.cells[kType], Trim(row.cells[kBlankDescription]) == kWrittenByPreparer});
     }
 }
 
 std::optional<std::size_t> StatementLines::Find(int slno) const
 {
-    const auto found = lines_.find(slno);
-    return found == lines_.end() ? std::nullopt : std::optional(found->second);
-}
-
-bool StatementLines::TakesDescription(std::size_t line) const
-{
-    return Trim(Row(line).cells[kBlankDescription]) == kWrittenByPreparer;
+    const auto found = bySlno_.find(slno);
+    return found == bySlno_.end() ? std::nullopt : std::optional(found->second);
 }
 
 } // namespace pgbp

@@ -17,19 +17,18 @@ namespace pgbp {
 class StatementLines {
   public:
     StatementLines() = default;
-    StatementLines(std::vector<StatementRow> rows, std::span<const std::string_view> rules);
+    StatementLines(std::span<const StatementRow> rows, std::span<const std::string_view> rules);
 
-    std::size_t Count() const { return rows_.size(); } ///< without the heading
-    const StatementRow& Row(std::size_t line) const { return rows_[line - 1]; }
-    int Slno(std::size_t line) const { return slnos_[line]; }
+    std::size_t Count() const { return lines_.size() - 1; } ///< without the heading
+    int Slno(std::size_t line) const { return lines_[line].slno; }
     /// The line with this lasting number; none where the form has no such line.
     std::optional<std::size_t> Find(int slno) const;
 
-    bool TakesNumber(std::size_t line) const { return Type(line) == "NUM"; }
-    bool TakesChoice(std::size_t line) const { return Type(line) == "CBO"; }
-    bool TakesDescription(std::size_t line) const;
+    bool TakesNumber(std::size_t line) const { return lines_[line].type == "NUM"; }
+    bool TakesChoice(std::size_t line) const { return lines_[line].type == "CBO"; }
+    bool TakesDescription(std::size_t line) const { return lines_[line].takesDescription; }
     /// A heading, or a total that a rule computes.
-    bool IsClosed(std::size_t line) const { return Type(line).empty(); }
+    bool IsClosed(std::size_t line) const { return lines_[line].type.empty(); }
 
     const AmountCell& At(std::size_t line) const { return amounts_[line]; }
     std::span<const AmountCell> amounts() const { return amounts_; }
@@ -39,11 +38,14 @@ class StatementLines {
     const std::vector<std::size_t>& ComputedLines() const { return totals_->ComputedRows(); }
 
   private:
-    const std::string& Type(std::size_t line) const { return Row(line).cells[kType]; }
+    struct Line {
+        int slno = 0;
+        std::string type{};
+        bool takesDescription = false;
+    };
 
-    std::vector<StatementRow> rows_;
-    std::vector<int> slnos_; ///< by line
-    std::map<int, std::size_t> lines_;
+    std::vector<Line> lines_{1};
+    std::map<int, std::size_t> bySlno_;
     std::vector<AmountCell> amounts_{1};
     std::optional<StatementTotals> totals_;
 };

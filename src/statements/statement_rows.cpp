@@ -45,11 +45,15 @@ StoredLines StatementRows::Read(double sno) const
     return lines.empty() && IsOfTheCompany() ? LinesOf(Values(kOfTheCompany).Read(kColumns)) : lines;
 }
 
-StoredLines StatementRows::ReadPreviousYear() const
+std::map<int, std::string> StatementRows::ReadPreviousYear() const
 {
+    std::map<int, std::string> amounts;
     if (Trim(run_.GlPrCode).empty())
-        return {};
-    return LinesOf(ScheduleCells(run_, std::string(keeping_.values) + kind_).OfCode(run_.GlPrCode).Read(kColumns));
+        return amounts;
+    const RowsOfType ofYear = ScheduleCells(run_, std::string(keeping_.values) + kind_).OfCode(run_.GlPrCode);
+    for (const Row row : ofYear.Read("amt1, name8"))
+        amounts.try_emplace(static_cast<int>(row.At(0).Number()), row.At(1).Text());
+    return amounts;
 }
 
 /// The suite's own programs build these texts into statements, so an apostrophe is a blank.

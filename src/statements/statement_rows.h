@@ -69,7 +69,8 @@ class StatementRows {
     }
 
     StoredLines Read(double sno) const;
-    StoredLines ReadPreviousYear() const;
+    /// The amounts by the line's lasting number, of whatever line of business.
+    std::map<int, std::string> ReadPreviousYear() const;
     Details ReadDetails(double sno) const;
     std::optional<Intraday> ReadIntraday(double sno) const;
 

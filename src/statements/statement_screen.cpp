@@ -54,7 +54,7 @@ IndStatement IndStatementOf(StatementKind kind)
     return kind == StatementKind::BalanceSheet ? IndStatement::INDBS : IndStatement::INDPNL;
 }
 
-StatementLines LoadLines(const Run& run, const StatementKeeping& keeping, const StatementForm& form)
+std::vector<StatementRow> LoadRows(const Run& run, const StatementKeeping& keeping, const StatementForm& form)
 {
     const std::string_view dType = keeping.isIndAS ? IndTemplateName(IndStatementOf(form.kind)) : std::string_view();
     const std::string name = keeping.isIndAS ? std::string(dType) : TemplateName(form);
@@ -64,9 +64,13 @@ StatementLines LoadLines(const Run& run, const StatementKeeping& keeping, const 
     if (!keeping.ownDescriptions)
         for (StatementRow& row : rows)
             row.cells[kBlankDescription].clear();
-    const auto rules = keeping.isIndAS ? IndTotalsRules(IndStatementOf(form.kind), rows.size())
-                                       : TotalsRules(OperationFor(form), form);
-    return {std::move(rows), rules};
+    return rows;
+}
+
+StatementLines LinesOf(std::span<const StatementRow> rows, const StatementKeeping& keeping, const StatementForm& form)
+{
+    return {rows, keeping.isIndAS ? IndTotalsRules(IndStatementOf(form.kind), rows.size())
+                                  : TotalsRules(OperationFor(form), form)};
 }
 
 /// Receipts that no account can hold as negative ones.
@@ -249,13 +253,14 @@ void StatementScreen::OfferIntraday()
 
 void StatementScreen::Fill_MSH()
 {
-    lines_ = LoadLines(run, keeping_, form_);
+    std::vector<StatementRow> rows = LoadRows(run, keeping_, form_);
+    lines_ = LinesOf(rows, keeping_, form_);
     std::vector<std::vector<std::string>> cells;
-    for (std::size_t line = 1; line <= lines_.Count(); ++line)
-        cells.emplace_back(lines_.Row(line).cells.begin(), lines_.Row(line).cells.end());
+    for (StatementRow& row : rows)
+        cells.emplace_back(std::move_iterator(row.cells.begin()), std::move_iterator(row.cells.end()));
     MSH.SetRows(std::move(cells));
-    for (std::size_t line = 1; line <= lines_.Count(); ++line)
-        if (lines_.Row(line).isShaded)
+    for (std::size_t line = 1; line <= rows.size(); ++line)
+        if (rows[line - 1].isShaded)
             MSH.SetRowLook(static_cast<int>(line), CellLook::Computed);
 
     const StoredLines stored = sno_ == 0 ? StoredLines() : rows_.Read(sno_);
@@ -291,11 +296,11 @@ void StatementScreen::Fill_Cond()
 
 void StatementScreen::ShowPreviousYear(const StoredLines& stored)
 {
-    const StoredLines before = rows_.ReadPreviousYear();
+    const auto before = rows_.ReadPreviousYear();
     for (std::size_t line = 1; line <= lines_.Count(); ++line) {
         std::string text;
         if (const auto found = before.find(lines_.Slno(line)); found != before.end())
-            text = FormatAmountIndian(found->second.amount, kIndianGrouping);
+            text = FormatAmountIndian(found->second, kIndianGrouping);
         else if (const auto kept = stored.find(lines_.Slno(line)); kept != stored.end() && keeping_.isIndAS)
             text = kept->second.previousYear;
         if (!text.empty())

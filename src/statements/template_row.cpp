@@ -11,17 +11,17 @@ constexpr std::size_t kIndentOfLevel = 3;
 
 bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
 
-std::string Serial(const TemplateRow& row)
+std::string Serial(TemplateRow& row)
 {
     const auto first = std::find_if_not(row.serials.begin(), row.serials.end(), IsBlank);
-    return first == row.serials.end() ? std::string() : *first;
+    return first == row.serials.end() ? std::string() : std::move(*first);
 }
 
-std::string Caption(const TemplateRow& row)
+std::string Caption(TemplateRow& row)
 {
     for (std::size_t level = 0; level < row.captions.size(); ++level)
         if (!row.captions[level].empty())
-            return std::string(level * kIndentOfLevel, ' ') + row.captions[level];
+            return std::move(row.captions[level].insert(0, level * kIndentOfLevel, ' '));
     return {};
 }
 
@@ -60,7 +60,7 @@ constexpr Selection kSelections[] = {
 
 } // namespace
 
-StatementRow ToStatementRow(const TemplateRow& row)
+StatementRow ToStatementRow(TemplateRow row)
 {
     StatementRow line;
     line.cells[kSerial] = Serial(row);
@@ -73,10 +73,12 @@ StatementRow ToStatementRow(const TemplateRow& row)
     return line;
 }
 
-std::vector<StatementRow> ToStatementRows(std::span<const TemplateRow> rows)
+std::vector<StatementRow> ToStatementRows(std::vector<TemplateRow> rows)
 {
-    std::vector<StatementRow> lines(rows.size());
-    std::transform(rows.begin(), rows.end(), lines.begin(), ToStatementRow);
+    std::vector<StatementRow> lines;
+    lines.reserve(rows.size());
+    for (TemplateRow& row : rows)
+        lines.push_back(ToStatementRow(std::move(row)));
     return lines;
 }
 

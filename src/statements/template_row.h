@@ -48,8 +48,8 @@ inline constexpr std::string_view kDetailsPossible = "=>";
 inline constexpr std::string_view kDetailsFilled = "Filled";
 
 /// Serial, indented description, type (NUM, TXT, CBO or none on a blocked line), number and detail mark of a line.
-StatementRow ToStatementRow(const TemplateRow& row);
-std::vector<StatementRow> ToStatementRows(std::span<const TemplateRow> rows);
+StatementRow ToStatementRow(TemplateRow row);
+std::vector<StatementRow> ToStatementRows(std::vector<TemplateRow> rows);
 
 /// What the choice list of the line `slno` offers, in order.
 std::span<const std::string_view> ChoiceItems(int slno);
