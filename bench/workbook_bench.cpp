@@ -35,10 +35,10 @@ BENCHMARK(WorkbookRead)->Unit(benchmark::kMicrosecond);
 /// The command works in the folder of the statement and makes out/statement.xls.
 void WorkbookWrittenFloor(benchmark::State& state, const char* command)
 {
-    const TemporaryFolder folder;
-    WriteXlsFile(SampleStatement(kRows), folder.Path() / "statement.xls");
+    const pgbp::TemporaryFolder folder;
+    WriteXlsFile(SampleStatement(kRows), folder.path() / "statement.xls");
     const std::string line =
-        "cd " + folder.Path().string() + " && mkdir -p out && HOME=$PWD " + command + " >/dev/null 2>&1";
+        "cd " + folder.path().string() + " && mkdir -p out && HOME=$PWD " + command + " >/dev/null 2>&1";
     if (std::system(line.c_str()) != 0) // the first run also sets the program up
         return state.SkipWithError("the converter is not installed or failed");
     for (auto _ : state)
