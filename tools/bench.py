@@ -17,7 +17,7 @@ def run_google_benchmark(program):
     out = subprocess.run(
         [program, "--benchmark_format=json", "--benchmark_repetitions=5", "--benchmark_report_aggregates_only=true",
          "--benchmark_enable_random_interleaving=true"],
-        check=True, capture_output=True, text=True).stdout
+        check=True, capture_output=True, text=True, env={**os.environ, "QT_QPA_PLATFORM": "offscreen"}).stdout
     times = {}
     for result in json.loads(out)["benchmarks"]:
         if result.get("aggregate_name") == "median":
@@ -37,7 +37,8 @@ def print_ratios(times):
 
 
 def flatness(times):
-    for thing in ("Recompute", "OpenList", "WriteHead", "SaveLine", "OpenLine", "Keystroke", "OpenItems", "SaveItems"):
+    for thing in ("Recompute", "OpenList", "WriteHead", "SaveLine", "OpenLine", "Keystroke", "OpenItems", "SaveItems",
+                  "SaveStatement", "OpenStatement"):
         small, large = times.get(f"{thing}/1"), times.get(f"{thing}/100000")
         if small and large:
             print(f"{thing:<34} 100,000 assessee-years against 1: {large[0] / small[0]:.2f}")
@@ -67,7 +68,8 @@ def start(programs):
 
 def main():
     programs = pathlib.Path(sys.argv[1])
-    wanted = sys.argv[2:] or ["services", "statements", "annexure", "workbook", "summary", "computation", "start"]
+    wanted = sys.argv[2:] or ["services", "statements", "annexure", "workbook", "summary", "computation",
+                                "statement_screen", "statement_window", "start"]
     for name in wanted:
         print(f"-- {name}", flush=True)
         if name == "start":
