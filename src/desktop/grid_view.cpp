@@ -350,13 +350,15 @@ void GridView::PlaceEditor()
 /// Has its place as long as any caption is cut, so that the rows stay where they are when the current one changes.
 void GridView::ShowWholeCaption()
 {
-    if (!whole_)
+    if (!whole_ || widest_.empty()) // not measured yet
         return;
     const int row = grid_.currentRow();
-    const bool isCut = WidthOf(longestCaption_) - CellDelegate::kMargin > table_->columnWidth(caption_);
+    const bool isCut =
+        widest_[static_cast<std::size_t>(caption_)] - CellDelegate::kMargin > table_->columnWidth(caption_);
     whole_->setVisible(isCut);
     whole_->Show(row > 0 ? Text(Trim(grid_.Cell(row, caption_))) : QString());
-    whole_->setFixedHeight(whole_->HeightFor(longestCaption_.trimmed(), table_->width()));
+    if (std::exchange(measuredFor_, {longestCaption_, table_->width()}) != std::pair(longestCaption_, table_->width()))
+        whole_->setFixedHeight(whole_->HeightFor(longestCaption_.trimmed(), table_->width()));
 }
 
 void GridView::ShowCurrentRow()

@@ -67,6 +67,7 @@ class GridView : public ControlView {
     int first_ = 0;           ///< the first column that is seen
     int caption_ = -1;        ///< the column that tells what a row is: the widest text
     QString longestCaption_;
+    std::pair<QString, int> measuredFor_;    ///< the longest caption and the width that its lines were counted for
     bool hasTotals_ = false;                 ///< rows that are drawn with more weight
     bool stale_ = true;                      ///< the grid changed since it was last drawn
     bool moved_ = true;                      ///< and so did the current cell
