@@ -256,6 +256,7 @@ void StatementScreen::Fill_MSH()
     std::vector<StatementRow> rows = LoadRows(run, keeping_, form_);
     lines_ = LinesOf(rows, keeping_, form_);
     std::vector<std::vector<std::string>> cells;
+    cells.reserve(rows.size());
     for (StatementRow& row : rows)
         cells.emplace_back(std::move_iterator(row.cells.begin()), std::move_iterator(row.cells.end()));
     MSH.SetRows(std::move(cells));
