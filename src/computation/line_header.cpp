@@ -49,14 +49,14 @@ void LineHeader::Opened(const std::vector<const Frame*>& frames)
         openedFrames_.push_back({shown, {}});
         openedFrames_.back().texts.Remember(*shown);
     }
-    openedLists_ = WorkAsText(run_);
+    openedLists_ = ReadWork(run_);
 }
 
 bool LineHeader::Altered() const
 {
     return std::any_of(openedFrames_.begin(), openedFrames_.end(),
                        [](const OpenedFrame& opened) { return opened.texts.DifferFrom(*opened.shown); }) ||
-           WorkAsText(run_) != openedLists_;
+           AsComparedText(ReadWork(run_)) != AsComparedText(openedLists_);
 }
 
 std::string LineHeader::Name() const { return Trim(txtdescr1.text() + ' ' + txtdescr2.text()); }

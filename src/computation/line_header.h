@@ -77,7 +77,7 @@ class LineHeader {
     bool isEdit_ = false;
     Record business_;
     std::vector<OpenedFrame> openedFrames_;
-    std::string openedLists_;
+    Recordset openedLists_;
     double attempted_ = 0; ///< number under which a new line was written last; 0 before that
 };
 

@@ -58,12 +58,17 @@ void CopyLineToWork(const Run& run, double sno, DetailRows which)
     transaction.Commit();
 }
 
-std::string WorkAsText(const Run& run)
+Recordset ReadWork(const Run& run)
+{
+    return run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
+                                 std::string(run.qeltemp.dialect().insertionOrder),
+                             run.Code());
+}
+
+std::string AsComparedText(const Recordset& work)
 {
     std::map<std::string, std::string> byType;
-    for (const Row row : run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
-                                               std::string(run.qeltemp.dialect().insertionOrder),
-                                           run.Code())) {
+    for (const Row row : work) {
         std::string& rows = byType[row.At(kType).Text()];
         for (std::size_t i = 0; i < row.Size(); ++i) {
             const std::string field = row.At(i).Text();
@@ -82,9 +87,7 @@ std::string WorkAsText(const Run& run)
 void CopyWorkToLine(const Run& run, double sno, const std::function<bool(std::string_view type)>& takes,
                     Apostrophes inName2)
 {
-    const Recordset work = run.qeltemp.Query("select " + std::string(kDetailColumns) + " from {temp1} where code = ?" +
-                                                 std::string(run.qeltemp.dialect().insertionOrder),
-                                             run.Code());
+    const Recordset work = ReadWork(run);
     const auto changed = [&](const std::string& name2) -> Value {
         return inName2 == Apostrophes::Blank ? Replace(name2, "'", " ") : name2;
     };

@@ -22,9 +22,12 @@ enum class DetailRows { All, WithFirstAmount };
 /// mark that the partners changed, stay out. `name2` comes without blanks around it.
 void CopyLineToWork(const Run& run, double sno, DetailRows which);
 
-/// All of `temp1` as one text, to tell whether it has changed: list by list, since a save of one moves its rows behind
+/// All of `temp1`.
+Recordset ReadWork(const Run& run);
+
+/// Those rows as one text, to tell whether they have changed: list by list, since a save of one moves its rows behind
 /// the others. Null, "" and 0 are one, as nothing was entered.
-std::string WorkAsText(const Run& run);
+std::string AsComparedText(const Recordset& work);
 
 enum class Apostrophes { Keep, Blank };
 
