@@ -11,7 +11,7 @@ namespace {
 using namespace pgbp;
 
 constexpr const char* kCode = FilledPractice::kCode;
-constexpr double kSno = 10000000; // the firm's first line
+constexpr double kLineSno = 10000000; // the firm's first line
 constexpr int kItems = 500;
 constexpr int kAssets = 5;
 
@@ -22,7 +22,7 @@ class PracticeWithLine : public FilledPractice {
         Transaction transaction({run->company, run->balance});
         for (int i = 0; i < kItems; ++i)
             run->company.Insert("business1", {{"code", kCode},
-                                              {"SNO", kSno},
+                                              {"SNO", kLineSno},
                                               {"Type", "23l"},
                                               {"name1", "36(1)(va)"},
                                               {"name2", "Contribution paid in time"},
@@ -30,18 +30,18 @@ class PracticeWithLine : public FilledPractice {
         for (int i = 0; i < kAssets; ++i)
             run->balance.Insert("fassets", {{"code", kCode},
                                             {"Type", "P"},
-                                            {"SNO", kSno},
+                                            {"SNO", kLineSno},
                                             {"f_name", "Machine"},
                                             {"f_opbal", 80000},
                                             {"F_Dep", 12000}});
-        run->company.Insert("misc_items", {{"code", kCode}, {"Type", "BusOth"}, {"sno", kSno}, {"amt1", 700}});
+        run->company.Insert("misc_items", {{"code", kCode}, {"Type", "BusOth"}, {"sno", kLineSno}, {"amt1", 700}});
         transaction.Commit();
         run->GlBusinessKind = kNormal;
     }
 
     frmbusinesscal& OpenLine()
     {
-        const Recordset line = run->company.Query("select * from {business} where code = ? and sno = ?", kCode, kSno);
+        const Recordset line = run->company.Query("select * from {business} where code = ? and sno = ?", kCode, kLineSno);
         run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business", .business = Record(line.First())});
         return static_cast<frmbusinesscal&>(*run->screens.OnDisplay());
     }
