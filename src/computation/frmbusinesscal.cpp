@@ -239,7 +239,7 @@ void frmbusinesscal::BusinessFill()
     presumptive.Fill(header);
     TxtOth = Amount(FirstField(MiscItems(run, "BusOth", header.Sno()).Read("amt1")).Number());
     partners.ChkChange = !LineDetails(run, "PARTCHANGE", header.Sno()).Read("code").Empty();
-    CopyLineToWork(run, header.Sno(), DetailRows::All);
+    header.TakeLists(CopyLineToWork(run, header.Sno(), DetailRows::All));
     accounts.Fill();
 }
 

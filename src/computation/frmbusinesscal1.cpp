@@ -47,7 +47,7 @@ void frmbusinesscal1::Open(const LineOpening& opening)
     header.Open(opening);
     header.ShowWayToStatement();
     if (header.IsEdit())
-        CopyLineToWork(run, header.Sno(), DetailRows::WithFirstAmount);
+        header.TakeLists(CopyLineToWork(run, header.Sno(), DetailRows::WithFirstAmount));
     RefreshTotals();
 }
 

@@ -33,6 +33,7 @@ void LineHeader::Open(const LineOpening& opening)
 {
     form_.caption = opening.caption;
     openedFrames_.clear();
+    openedLists_ = {};
     attempted_ = 0;
     TakeStored(opening.business);
     txtpnl = Amount(Stored("PNL").Number());
@@ -49,7 +50,6 @@ void LineHeader::Opened(const std::vector<const Frame*>& frames)
         openedFrames_.push_back({shown, {}});
         openedFrames_.back().texts.Remember(*shown);
     }
-    openedLists_ = ReadWork(run_);
 }
 
 bool LineHeader::Altered() const

@@ -28,6 +28,8 @@ class LineHeader {
     /// Number of the stored line.
     double Sno() const { return business_["sno"].Number(); }
 
+    /// The stored rows of its lists, which were copied to the working table.
+    void TakeLists(Recordset stored) { openedLists_ = std::move(stored); }
     /// Remembers the line as it is shown by these frames now, once for each opening.
     void Opened(const std::vector<const Frame*>& frames);
     /// Fields or lists of the line differ from what was opened.

@@ -41,7 +41,7 @@ void EmptyWorkingCopies(const Run& run)
     run.qeltemp.Delete("from {temp1} where code = ?", run.Code());
 }
 
-void CopyLineToWork(const Run& run, double sno, DetailRows which)
+Recordset CopyLineToWork(const Run& run, double sno, DetailRows which)
 {
     std::string sql = "select " + std::string(kDetailColumns) +
                       " from {business1} where code = ? and sno = ? and [Type] <> 'LESSINTT' and [Type] <> 'LESSREMU' "
@@ -56,6 +56,7 @@ void CopyLineToWork(const Run& run, double sno, DetailRows which)
     for (const Row row : stored)
         work.Add(Carried(row, trimmed, {{"code", run.Code()}}));
     transaction.Commit();
+    return stored;
 }
 
 Recordset ReadWork(const Run& run)
@@ -71,7 +72,7 @@ std::string AsComparedText(const Recordset& work)
     for (const Row row : work) {
         std::string& rows = byType[row.At(kType).Text()];
         for (std::size_t i = 0; i < row.Size(); ++i) {
-            const std::string field = row.At(i).Text();
+            const std::string field = Trim(row.At(i).Text());
             if (field != "0")
                 rows += field;
             rows += '\t';

@@ -19,8 +19,8 @@ void EmptyWorkingCopies(const Run& run);
 enum class DetailRows { All, WithFirstAmount };
 
 /// Copies the stored detail rows of a line to `temp1`, in place of what it held. The deductions of the summary, and the
-/// mark that the partners changed, stay out. `name2` comes without blanks around it.
-void CopyLineToWork(const Run& run, double sno, DetailRows which);
+/// mark that the partners changed, stay out. `name2` comes without blanks around it. Gives the rows as they are stored.
+Recordset CopyLineToWork(const Run& run, double sno, DetailRows which);
 
 /// All of `temp1`.
 Recordset ReadWork(const Run& run);
