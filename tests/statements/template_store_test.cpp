@@ -102,6 +102,18 @@ TEST_F(TemplateStore, MissingTemplatesAreTakenOver)
     }
 }
 
+TEST_F(TemplateStore, AReferenceWithFewerLinesChangesNothing)
+{
+    Put(tax, "PL_5_2019", 150, "own");
+    for (const int reference : {0, 149}) {
+        PutReference("PL_5_2019", reference);
+        RepairTemplate(tax, program.path(), "PL_5_2019", 2020);
+        const auto rows = Load("PL_5_2019");
+        ASSERT_EQ(rows.size(), 150U);
+        EXPECT_EQ(rows[0].captions[1], "own");
+    }
+}
+
 TEST_F(TemplateStore, BadDebtsAreOpenedInEveryTemplateByThoseOf2019)
 {
     const auto isClosed = [&](const char* dType) { return Load(dType).at(0).isBlocked; };
