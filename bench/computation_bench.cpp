@@ -41,7 +41,8 @@ class PracticeWithLine : public FilledPractice {
 
     frmbusinesscal& OpenLine()
     {
-        const Recordset line = run->company.Query("select * from {business} where code = ? and sno = ?", kCode, kLineSno);
+        const Recordset line =
+            run->company.Query("select * from {business} where code = ? and sno = ?", kCode, kLineSno);
         run->screens.Show(screens::frmbusinesscal, {.caption = "Normal Business", .business = Record(line.First())});
         return static_cast<frmbusinesscal&>(*run->screens.OnDisplay());
     }
