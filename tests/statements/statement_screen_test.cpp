@@ -1,6 +1,7 @@
 #include "statements/statement_screen.h"
 
 #include "statements/gnumeric.h"
+#include "statements/no_books.h"
 #include "statements/template_files.h"
 #include "support/empty_practice.h"
 #include "support/failing_store.h"
@@ -246,6 +247,37 @@ TEST_F(StatementTest, ARefusedSaveKeepsWhatWasKeyedAndStoresItOnceInTheEnd)
             if (!isRefused)
                 break;
         }
+}
+
+TEST_F(StatementTest, DebtorsAreListedFrom2019)
+{
+    for (const auto& [year, form] : {std::pair{2018, "PL_5_2018a"}, {2019, "PL_5_2019"}}) {
+        Year(year, "05");
+        PutForm(form);
+        Start();
+        StatementScreen& screen = OpenStatement(5);
+        int row = 1;
+        while (screen.MSH.Cell(row, kSlno) != "540")
+            ++row;
+        screen.Do([&] { screen.MSH.EnterCell(row, kAmount); });
+        EXPECT_EQ(screen.TxtNum.visible, year == 2018) << "before, its amount was keyed as any other";
+    }
+}
+
+TEST_F(StatementTest, EveryLineOfABusinessWithoutBooksIsMandatory)
+{
+    for (int missing = 0; missing < 4; ++missing) {
+        std::vector<StatementRow> rows(5); // the heading 268, then 269 to 272
+        for (int i = 0; i < 5; ++i)
+            rows[static_cast<std::size_t>(i)].cells[kSlno] = std::to_string(268 + i);
+        StatementLines lines(rows, {});
+        for (std::size_t line = 2; line <= 5; ++line)
+            lines.SetAmount(line, "5");
+        EXPECT_FALSE(MissingNoBooksLine(lines));
+        const auto line = static_cast<std::size_t>(missing) + 2;
+        lines.SetAmount(line, "0");
+        EXPECT_EQ(MissingNoBooksLine(lines), line);
+    }
 }
 
 TEST_F(StatementTest, ASheetChangedInAnotherProgramComesBackAndIsSaved)
