@@ -70,7 +70,7 @@ void WindowKey(benchmark::State& state)
     form.Do([&] { form.MSH.EnterCell(PracticeWithStatement::kKeyedLine, kAmount); });
     QApplication::processEvents();
     QWidget* keyboard = window.focusWidget();
-    PaintWatch watch(*keyboard->parentWidget());
+    PaintWatch watch(*keyboard);
     int digit = Qt::Key_1;
     for (auto _ : state) {
         form.Do([&] { form.TxtNum.SelectAll(); });

@@ -6,6 +6,7 @@
 #include <QPainter>
 
 #include <algorithm>
+#include <utility>
 
 namespace pgbp {
 
@@ -16,10 +17,12 @@ void ElidedLabel::Show(const QString& whole, const QString& tip)
     tip_ = tip;
     if (whole == whole_)
         return;
+    const std::pair asked(sizeHint(), minimumSizeHint());
     whole_ = whole;
     width_ = -1;
     setAccessibleName(whole); // not the text: the toolkit would take "&" for a short-cut of its own
-    updateGeometry();
+    if (asked != std::pair(sizeHint(), minimumSizeHint()))
+        updateGeometry(); // a layout goes up to the window
     update();
 }
 

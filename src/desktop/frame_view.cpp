@@ -86,6 +86,8 @@ void FrameView::Build(QWidget* parent)
 QWidget* FrameView::Rows(QWidget* parent)
 {
     auto* page = new QWidget(parent);
+    page->setBackgroundRole(QPalette::Base); // as the panel: a field is drawn without it
+    page->setAutoFillBackground(true);
     rows_ = new QGridLayout(page);
     rows_->setContentsMargins(0, 0, 0, 0);
     rows_->setHorizontalSpacing(3 * kUnit);

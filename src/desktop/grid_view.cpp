@@ -154,7 +154,10 @@ int LeastHeight() { return 6 * GridRowHeight(); }
 /// Asks for the height of all its rows.
 class Rows : public QTableView {
   public:
-    using QTableView::QTableView;
+    explicit Rows(QWidget* parent) : QTableView(parent)
+    {
+        viewport()->setAttribute(Qt::WA_OpaquePaintEvent); // a cell is drawn without all that lies below the grid
+    }
 
     int wantedWidth = 0;
 
@@ -164,6 +167,13 @@ class Rows : public QTableView {
         const int bar = horizontalScrollBar()->isVisibleTo(this) ? horizontalScrollBar()->sizeHint().height() : 0;
         const int height = horizontalHeader()->height() + rows + bar + 2 * kUnit;
         return {wantedWidth, std::max(height, LeastHeight())};
+    }
+
+  protected:
+    void paintEvent(QPaintEvent* event) override
+    {
+        QPainter(viewport()).fillRect(event->rect(), Theme().panel);
+        QTableView::paintEvent(event);
     }
 };
 
@@ -318,10 +328,12 @@ void GridView::UpdateCells(const std::vector<std::pair<int, int>>& cells)
         model_->Update(row, column);
         if (table_->isColumnHidden(column))
             continue;
-        int& widest = widest_[static_cast<std::size_t>(column)];
-        const int width = WidthOf(DrawnText(grid_, row, column));
-        isWider = isWider || width > widest;
-        widest = std::max(widest, width);
+        const auto at = static_cast<std::size_t>(column);
+        if (grid_.Cell(row, column).size() <= longest_[at])
+            continue;
+        longest_[at] = grid_.Cell(row, column).size();
+        widest_[at] = std::max(widest_[at], WidthOf(DrawnText(grid_, row, column)));
+        isWider = true;
     }
     if (isWider)
         ShareWidth();
@@ -343,6 +355,7 @@ void GridView::PlaceEditor()
     const ControlView& view = *form.Find(editor);
     view.widget()->setGeometry(table_->visualRect(model_->index(row - 1, column)));
     view.widget()->raise();
+    view.widget()->setAttribute(Qt::WA_OpaquePaintEvent); // fills its cell; the style takes this back now and then
     view.keyboard()->setAccessibleName(
         Text((caption_ < 0 ? "" : Trim(grid_.Cell(row, caption_)) + ", ") + grid_.Cell(0, column)));
 }
@@ -485,6 +498,7 @@ int GridView::WidthOf(const QString& text) const
 
 void GridView::Measure()
 {
+    longest_.assign(grid_.columns().size(), 0);
     widest_.assign(grid_.columns().size(), 0);
     hasTotals_ = false;
     for (int row = 1; row <= grid_.Rows() && !hasTotals_; ++row)
@@ -497,6 +511,7 @@ void GridView::Measure()
             if (grid_.Cell(row, column).size() > grid_.Cell(longest, column).size())
                 longest = row;
         const QString text = DrawnText(grid_, longest, column);
+        longest_[static_cast<std::size_t>(column)] = grid_.Cell(longest, column).size();
         widest_[static_cast<std::size_t>(column)] = WidthOf(text);
         if (column == caption_)
             longestCaption_ = text;

@@ -63,9 +63,10 @@ class GridView : public ControlView {
     int changedListener_ = 0;
     int cellListener_ = 0;
     int movedListener_ = 0;
-    std::vector<int> widest_; ///< of the texts in each column
-    int first_ = 0;           ///< the first column that is seen
-    int caption_ = -1;        ///< the column that tells what a row is: the widest text
+    std::vector<std::size_t> longest_; ///< of the texts in each column: how many bytes
+    std::vector<int> widest_;          ///< and its width
+    int first_ = 0;                    ///< the first column that is seen
+    int caption_ = -1;                 ///< the column that tells what a row is: the widest text
     QString longestCaption_;
     std::pair<QString, int> measuredFor_;    ///< the longest caption and the width that its lines were counted for
     bool hasTotals_ = false;                 ///< rows that are drawn with more weight

@@ -153,8 +153,10 @@ void StatementScreen::Wire()
     };
     TxtFind.onChange = [this] { FindLine(); };
     TxtFind.onEnter = [this] {
-        MSH.EnterCell(std::max(MSH.currentRow(), 1), kAmount);
-        if (!MSH.editor()) // a heading, or a total: on to the next line that can be typed
+        const int row = std::max(MSH.currentRow(), 1);
+        MSH.EnterCell(row, kAmount);
+        const bool hasList = !MSH.Cell(row, kDetail).empty();
+        if (!MSH.editor() && !hasList) // a heading, or a total: on to the next line that can be typed
             MSH.KeyDown(Key::Enter);
     };
     TxtNum.onKeyPress = [this](char32_t key) {
