@@ -52,13 +52,15 @@ IndStatement IndStatementOf(StatementKind kind)
     return kind == StatementKind::BalanceSheet ? IndStatement::INDBS : IndStatement::INDPNL;
 }
 
+std::string TemplateOf(const StatementKeeping& keeping, const StatementForm& form)
+{
+    return keeping.isIndAS ? std::string(IndTemplateName(IndStatementOf(form.kind))) : TemplateName(form);
+}
+
 std::vector<StatementRow> LoadRows(const Run& run, const StatementKeeping& keeping, const StatementForm& form)
 {
-    const std::string_view dType = keeping.isIndAS ? IndTemplateName(IndStatementOf(form.kind)) : std::string_view();
-    const std::string name = keeping.isIndAS ? std::string(dType) : TemplateName(form);
-    if (!keeping.isIndAS && !run.readOnly)
-        RepairTemplate(run.tax, run.host.programFolder, name, form.year);
-    std::vector<StatementRow> rows = ToStatementRows(LoadTemplate(run.tax, keeping.templates, name));
+    std::vector<StatementRow> rows =
+        ToStatementRows(LoadTemplate(run.tax, keeping.templates, TemplateOf(keeping, form)));
     if (!keeping.ownDescriptions)
         for (StatementRow& row : rows)
             row.cells[kBlankDescription].clear();
@@ -209,6 +211,9 @@ void StatementScreen::Open(const StatementOpening& opening)
     formNumber_.emplace(run.GlITR, form_);
     ChkPr.visible = !Trim(run.GlPrCode).empty();
     Command1.visible = form_.GlITR != kFormOfCompanies;
+    if (!keeping_.isIndAS && !run.readOnly)
+        RepairTemplate(run.tax, run.host.programFolder, TemplateOf(keeping_, form_), form_.year);
+    const Reading reading(run.balance);
     entries_ = rows_.ReadDetails(sno_);
     ChkDet.value = clsIniFile{run.host.programFolder / "Settings.ini"}.GetValue(keeping_.settings, "Flags") == "1";
     Fill_MSH();

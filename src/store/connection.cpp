@@ -123,6 +123,11 @@ void RowsInto::Add(std::vector<Field> fields)
     file_.ExecuteBound(text_, values_);
 }
 
+Reading::Reading(const Connection& file) : engine_(*file.engine())
+{
+    Ask(Attempt::Read, file.place(), [&] { engine_.BeginReading(); });
+}
+
 Transaction::Transaction(std::initializer_list<std::reference_wrapper<const Connection>> connections)
 {
     try {

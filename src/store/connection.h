@@ -59,6 +59,9 @@ class Engine {
     virtual void LockForWriting([[maybe_unused]] const std::string& tablePrefix) {}
     virtual void Commit() = 0;
     virtual void Rollback() = 0;
+    /// See Reading. An engine whose reads never wait for a file does nothing.
+    virtual void BeginReading() {}
+    virtual void EndReading() noexcept {}
     virtual const Dialect& dialect() const = 0;
     /// See Connection::OwnTables. An engine without tables of a session's own does nothing.
     virtual void OwnTables([[maybe_unused]] std::span<const std::string_view> tables) {}
@@ -151,6 +154,19 @@ class Connection {
     FaultPlace place_;
     struct Texts;
     std::shared_ptr<Texts> texts_; // statement texts already made ready for the engine
+};
+
+/// While it lives each file of the connection's session is seen in the state in which it was first read, and locked
+/// once for all reads. The session writes nothing meanwhile and has no transaction open. Throws StoreError.
+class Reading {
+  public:
+    explicit Reading(const Connection& file);
+    ~Reading() { engine_.EndReading(); }
+    Reading(const Reading&) = delete;
+    Reading& operator=(const Reading&) = delete;
+
+  private:
+    Engine& engine_;
 };
 
 /// Adds many rows to one table (named without braces), each of the same columns in the same order.

@@ -207,6 +207,9 @@ class EmbeddedEngine : public Engine {
             database_.tryExec("rollback");
     }
 
+    void BeginReading() override { Query("begin", {}); }
+    void EndReading() noexcept override { Rollback(); }
+
     const Dialect& dialect() const override { return kEmbeddedDialect; }
 
     /// A temporary table hides the file's one of that name. It has no index: whoever reads it wants nearly all of it.

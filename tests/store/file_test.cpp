@@ -145,6 +145,26 @@ TEST(DataFiles, ATransactionLocksTheFilesThatItNamesAlone)
     }
 }
 
+TEST(DataFiles, WhatIsReadTogetherIsReadInOneState)
+{
+    const TemporaryFolder folder;
+    const Connection reader = OpenNewDataFiles(folder, {"company"}).front();
+    const Connection writer = OpenFile({.path = folder.path() / "company.mdb", .dsn = {}});
+    const auto lines = [&] { return reader.Scalar("select count(*) from {business}").Number(); };
+    Transaction save({writer});
+    {
+        const Reading reading(reader);
+        EXPECT_EQ(lines(), 0);
+        writer.Insert("business", {{"code", "A"}});
+        EXPECT_EQ(lines(), 0);
+        EXPECT_THROW(reader.Query("select no_such_column from {business}"), StoreError);
+        EXPECT_EQ(lines(), 0) << "a failure does not end it";
+    }
+    save.Commit(); // would wait for the reader in vain
+    EXPECT_EQ(lines(), 1);
+    EXPECT_NO_THROW(Transaction({reader}).Commit());
+}
+
 TEST(DataFiles, AFileInUseTellsWhyItRefuses)
 {
     const TemporaryFolder folder;
