@@ -1,5 +1,6 @@
 #include "services/dates.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <chrono>
@@ -27,6 +28,12 @@ int NumberAt(std::string_view text, std::size_t at, std::size_t length)
     int number = -1;
     const auto [end, error] = std::from_chars(&text[at], &text[at] + length, number);
     return error == std::errc() && end == &text[at] + length ? number : -1;
+}
+
+std::chrono::year_month_day CalendarDay(const DateTime& date)
+{
+    using namespace std::chrono;
+    return year{date.year} / month(static_cast<unsigned>(date.month)) / day(static_cast<unsigned>(date.day));
 }
 
 } // namespace
@@ -58,12 +65,26 @@ std::string DayText(const DateTime& date)
     return Padded(date.day, 2) + '-' + Padded(date.month, 2) + '-' + Padded(date.year, 4);
 }
 
+std::optional<DateTime> FromDayText(std::string_view text)
+{
+    const DateTime date{NumberAt(text, 6, 4), NumberAt(text, 3, 2), NumberAt(text, 0, 2)};
+    const bool isWritten =
+        text.size() == 10 && text[2] == '-' && text[5] == '-' && std::min({date.year, date.month, date.day}) > 0;
+    if (!isWritten || !CalendarDay(date).ok())
+        return std::nullopt;
+    return date;
+}
+
+int DaysBetween(const DateTime& from, const DateTime& to)
+{
+    return (std::chrono::sys_days(CalendarDay(to)) - std::chrono::sys_days(CalendarDay(from))).count();
+}
+
 std::string TimeText(const DateTime& date) { return Padded(date.hour, 2) + ':' + Padded(date.minute, 2); }
 
 std::string StampText(const DateTime& date)
 {
-    using namespace std::chrono;
-    const weekday day{sys_days{year{date.year} / month(date.month) / date.day}};
+    const std::chrono::weekday day{std::chrono::sys_days{CalendarDay(date)}};
     const int hour = date.hour % 12 == 0 ? 12 : date.hour % 12;
     return std::string(kDays[day.c_encoding()]) + ' ' + std::string(kMonths[(date.month + 11) % 12]) + ", " +
            std::to_string(date.day) + ' ' + Padded(date.year, 4) + "   " + std::to_string(hour) + ':' +

@@ -28,6 +28,12 @@ std::optional<DateTime> FromIsoText(std::string_view text);
 /// "dd-MM-yyyy".
 std::string DayText(const DateTime& date);
 
+/// The day of a text "dd-MM-yyyy"; nothing for any other text, and for a day that no calendar has.
+std::optional<DateTime> FromDayText(std::string_view text);
+
+/// Days from one day to the other, 0 for the same; their times do not count.
+int DaysBetween(const DateTime& from, const DateTime& to);
+
 /// "HH:mm".
 std::string TimeText(const DateTime& date);
 

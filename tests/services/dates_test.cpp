@@ -16,6 +16,16 @@ TEST(Dates, ReadAndWriteTheTextsOfTheTables)
         EXPECT_EQ(FromIsoText(bad), std::nullopt) << bad;
 }
 
+TEST(Dates, ReadDaysOfTheCalendar)
+{
+    EXPECT_EQ(FromDayText("29-02-2024"), (DateTime{2024, 2, 29}));
+    for (const char* bad : {"", "29-02-2023", "31-04-2024", "00-01-2024", "2024-03-31", "1-4-2024", "01/04/2024",
+                            "01-04-2024 ", "-1-04-2024", "01-04-0000"})
+        EXPECT_EQ(FromDayText(bad), std::nullopt) << bad;
+    EXPECT_EQ(DaysBetween({2024, 2, 28}, {2024, 3, 1, 23, 59, 59}), 2);
+    EXPECT_EQ(DaysBetween({2024, 3, 31}, {2023, 3, 31}), -366);
+}
+
 TEST(Dates, ShowDaysAndStamps)
 {
     EXPECT_EQ(DayText({1999, 4, 1}), "01-04-1999");
