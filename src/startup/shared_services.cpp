@@ -81,11 +81,16 @@ std::string PreviousYearCode(const Run& run)
         .Text();
 }
 
+void RunSibling(const Run& run, std::string_view program)
+{
+    const Hourglass hourglass(run.host);
+    run.host.processes.RunAndWait(run.host.programFolder / program);
+}
+
 void HandOverTo(const Run& run, const HandOver& record, const std::string& program)
 {
     WriteHandOverFile(run, record);
-    const Hourglass hourglass(run.host);
-    run.host.processes.RunAndWait(run.host.programFolder / program);
+    RunSibling(run, program);
 }
 
 } // namespace pgbp

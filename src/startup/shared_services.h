@@ -14,6 +14,10 @@ void CheckPAN(Screen& screen, const std::string& pan);
 /// `code` of the same assessee in the assessment year before this one in the suite's list; empty when there is none.
 std::string PreviousYearCode(const Run& run);
 
+/// Starts a sibling program of the program folder and blocks until it ends, the pointer an hourglass. Throws where it
+/// cannot be started.
+void RunSibling(const Run& run, std::string_view program);
+
 /// Writes the record to the hand-over file, starts the sibling program of the program folder and blocks until it ends.
 /// The record is the run's own, but for what that program is to see of it differently.
 void HandOverTo(const Run& run, const HandOver& record, const std::string& program);
