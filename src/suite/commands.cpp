@@ -48,13 +48,14 @@ double NumberOf(const std::string& text, const char* what)
 void New(Suite& suite, Words words)
 {
     CreatePractice(words[0], suite.dataFolder);
+    LinkAuditReader(words[0], suite.auditReader);
     suite.out << "A practice with its demonstration clients stands in " << words[0] << ".\n";
 }
 
 void Ensure(Suite& suite, Words)
 {
     if (IsPractice(suite.programFolder))
-        return;
+        return LinkAuditReader(suite.programFolder, suite.auditReader); // it may be older than the reader
     try {
         New(suite, std::vector{suite.programFolder.string()});
     } catch (const std::exception&) {

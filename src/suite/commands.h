@@ -14,6 +14,7 @@ struct Suite {
     std::filesystem::path programFolder; ///< the practice
     std::filesystem::path dataFolder;    ///< what a new practice starts with
     std::filesystem::path module;        ///< the program that is started
+    std::filesystem::path auditReader;   ///< the program that a practice gets as its reader of audit reports
     Processes& processes;
     std::ostream& out;
 };

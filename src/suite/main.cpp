@@ -26,7 +26,11 @@ int main(int argc, char** argv)
 try {
     std::vector<std::string> words(argv + 1, argv + argc);
     pgbp::SystemProcesses processes;
-    pgbp::Suite suite{ChosenProgramFolder(), BesideThisProgram("data"), BesideThisProgram("pgbp"), processes,
+    pgbp::Suite suite{ChosenProgramFolder(),
+                      BesideThisProgram("data"),
+                      BesideThisProgram("pgbp"),
+                      BesideThisProgram("pgbp-audit-reader"),
+                      processes,
                       std::cout};
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))
         suite.programFolder = *told;

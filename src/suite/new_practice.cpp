@@ -153,4 +153,14 @@ void CreatePractice(const std::filesystem::path& programFolder, const std::files
     work.TakePlace();
 }
 
+void LinkAuditReader(const std::filesystem::path& programFolder, const std::filesystem::path& reader)
+{
+    const fs::path place = programFolder / "Audit3CDReader.exe";
+    std::error_code ignored;
+    if (fs::exists(place, ignored))
+        return;
+    fs::remove(place, ignored); // a link whose program has moved
+    fs::create_symlink(fs::absolute(reader), place, ignored);
+}
+
 } // namespace pgbp

@@ -8,6 +8,7 @@
 #include "support/at_once.h"
 
 #include <algorithm>
+#include <fstream>
 #include <functional>
 #include <gtest/gtest.h>
 #include <sstream>
@@ -35,7 +36,7 @@ class Commands : public testing::Test {
     std::string Run(std::vector<std::string> words)
     {
         std::ostringstream out;
-        Suite suite{made.folder(), PGBP_DATA, "pgbp", module, out};
+        Suite suite{made.folder(), PGBP_DATA, "pgbp", "pgbp-audit-reader", module, out};
         RunCommand(suite, words);
         return out.str();
     }
@@ -196,6 +197,23 @@ TEST_F(Commands, EnsureMakesAPracticeOnceAndThenLeavesIt)
     EXPECT_TRUE(IsPractice(made.folder()));
 }
 
+TEST_F(Commands, PracticeHasTheReaderOfAuditReports)
+{
+    const std::filesystem::path reader = made.folder() / "Audit3CDReader.exe";
+    const auto leadsTo = [&] { return std::filesystem::read_symlink(reader).filename(); };
+    std::filesystem::remove_all(made.folder());
+    Run({"new", made.folder().string()});
+    EXPECT_EQ(leadsTo(), "pgbp-audit-reader");
+    std::filesystem::remove(reader);
+    std::filesystem::create_symlink("moved-away", reader);
+    Run({"ensure"});
+    EXPECT_EQ(leadsTo(), "pgbp-audit-reader") << "a link that leads nowhere is put right";
+    std::filesystem::remove(reader);
+    std::ofstream(reader) << "the suite's own";
+    Run({"ensure"});
+    EXPECT_TRUE(std::filesystem::is_regular_file(std::filesystem::symlink_status(reader)));
+}
+
 TEST(FirstStarts, ManyAtOnceMakeOnePracticeAndOneHandOverFile)
 {
     const TemporaryFolder place;
@@ -203,7 +221,7 @@ TEST(FirstStarts, ManyAtOnceMakeOnePracticeAndOneHandOverFile)
     FakeModule module;
     const auto ensure = [&] {
         std::ostringstream out;
-        Suite suite{folder, PGBP_DATA, "pgbp", module, out};
+        Suite suite{folder, PGBP_DATA, "pgbp", "pgbp-audit-reader", module, out};
         RunCommand(suite, std::vector<std::string>{"ensure"});
     };
     EXPECT_EQ(FailuresAtOnce(4, ensure), std::vector<std::string>());
