@@ -53,7 +53,7 @@ std::vector<Members> MembersOfAll(const json& list)
 json Parsed(std::string_view content)
 try {
     return json::parse(content);
-} catch (const json::parse_error& error) {
+} catch (const json::exception& error) { // a number beyond the largest double is no parse error
     throw ReportError("The JSON of the file is damaged or not complete.", error.what());
 }
 

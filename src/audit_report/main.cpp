@@ -7,6 +7,7 @@
 #include "store/files.h"
 
 #include <QApplication>
+#include <QDir>
 
 #include <cstdlib>
 #include <iostream>
@@ -72,6 +73,7 @@ int AskAndTakeOver(int argc, char** argv, const fs::path& tablesFile)
     QApplication application(argc, argv);
     ApplyTheme(application);
     WindowMessageBoxes boxes("Form 3CD");
+    QDir::setCurrent(QDir::homePath()); // where the dialog begins to look
     try {
         const auto report =
             WindowFileDialogs().AskOpen("Audit report (Form 3CD)", "Audit report (*.xml *.json);;All files (*)");
@@ -93,7 +95,7 @@ int ReadAuditReport(int argc, char** argv)
         std::cout << kUsage;
         return words.front() == "--help" ? 0 : 1;
     }
-    const fs::path tablesFile = ClientFolder(programFolder) / "data" / "TempXML.mdb";
+    const fs::path tablesFile = fs::absolute(ClientFolder(programFolder) / "data" / "TempXML.mdb");
     RemoveTables(tablesFile);
     if (words.empty())
         return AskAndTakeOver(argc, argv, tablesFile);

@@ -77,7 +77,8 @@ std::optional<DateTime> FromDayText(std::string_view text)
 
 int DaysBetween(const DateTime& from, const DateTime& to)
 {
-    return (std::chrono::sys_days(CalendarDay(to)) - std::chrono::sys_days(CalendarDay(from))).count();
+    const auto days = std::chrono::sys_days(CalendarDay(to)) - std::chrono::sys_days(CalendarDay(from));
+    return static_cast<int>(days.count());
 }
 
 std::string TimeText(const DateTime& date) { return Padded(date.hour, 2) + ':' + Padded(date.minute, 2); }

@@ -122,6 +122,7 @@ TEST(AuditReport, AnythingElseIsRefusedInWords)
         {"a zero byte", std::string("<r>\0", 4) + block + "</r>", kXml},
         {"cut JSON", R"({"FORM3CA":{"F3CA":{"Form3cdDeprAllw":[{"OpeningWDV":1)", kJson},
         {"two JSON texts", "{} {}", kJson},
+        {"a number beyond all bounds", R"({"FORM3CA":9E999})", kJson},
         {"broken UTF-8 in JSON", "{\"FORM3CA\":\"\xC3\"}", kJson},
         {"broken UTF-8 in XML", "<r><Form3cdDeprAllw><AssetsName>Caf\xE9</AssetsName></Form3cdDeprAllw></r>",
          kEncoding},

@@ -84,6 +84,7 @@ class Case:
         except OSError:  # another file system
             shutil.copy(programs / "pgbp-suite", beside / "pgbp-suite")
         (beside / "data").symlink_to((programs / "data").resolve())
+        (beside / "pgbp-audit-reader").symlink_to(programs / "pgbp-audit-reader")
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
         (beside / "pgbp").chmod(0o755)
         self.suite = beside / "pgbp-suite"
