@@ -1,14 +1,15 @@
 #include "audit_report/tables.h"
 
+#include "services/format.h"
 #include "services/text.h"
 #include "services/utf8.h"
 #include "store/files.h"
 #include "store/schema.h"
 
 #include <algorithm>
-#include <array>
 #include <charconv>
 #include <cmath>
+#include <span>
 
 namespace pgbp {
 namespace {
@@ -150,14 +151,33 @@ ReportTables::Row BlockRow(const Members& block, std::size_t number)
             {"OpeningWDV", AmountValue(block[{"OpeningWDV"}], {number, "OpeningWDV"})}};
 }
 
-/// Long lists of purchases or sales are attached to a report as a file of their own; of them it has the total alone.
-void WarnOfAttachedList(ReportTables& tables, const ReportedBlock& block, std::size_t number, std::string_view total,
-                        const std::vector<Members>& list, std::string_view what)
+double AmountIn(const ReportTables::Row& row, std::string_view column)
 {
-    const double amount = AmountValue(block.members[{total}], {number, total}).Number();
-    if (list.empty() && amount != 0)
-        tables.warnings.push_back(NameOf(block.members) + ": the " + std::string(what) + " of " +
-                                  block.members[{total}] + " are not in the file. Please key them.");
+    const auto field = std::ranges::find(row, column, &Field::column);
+    return field == row.end() ? 0 : field->value.Number();
+}
+
+double CostOf(const ReportTables::Row& addition)
+{
+    return AmountIn(addition, "PurchaseOrSaleValue") - AmountIn(addition, "Modvat") -
+           AmountIn(addition, "ExchangeRateChange") - AmountIn(addition, "subsidyGrant");
+}
+
+double ProceedsOf(const ReportTables::Row& deduction) { return AmountIn(deduction, "PurchaseOrSaleValue"); }
+
+/// Holds the rows of a block, the last ones, against the total that the report has for them. It has another one where a
+/// long list is attached to it as a file of its own, or where signs were keyed in another way.
+void CompareWithTotal(ReportTables& tables, const ReportedBlock& block, std::string_view member,
+                      std::span<const ReportTables::Row> rows, double (*amount)(const ReportTables::Row&),
+                      std::string_view what)
+{
+    const Value total = AmountValue(block.members[{member}], {tables.blocks.size(), member});
+    double sum = 0;
+    for (const ReportTables::Row& row : rows)
+        sum += amount(row);
+    if (!total.IsNull() && Rupees(total.Number()) != Rupees(sum))
+        tables.warnings.push_back(NameOf(block.members) + ": the " + std::string(what) + " in the file come to " +
+                                  Rupees(sum) + ", their total is " + Rupees(total.Number()) + ". Please check.");
 }
 
 } // namespace
@@ -165,16 +185,17 @@ void WarnOfAttachedList(ReportTables& tables, const ReportedBlock& block, std::s
 ReportTables TablesOf(const std::vector<ReportedBlock>& blocks)
 {
     ReportTables tables;
-    for (std::size_t i = 0; i < blocks.size(); ++i) {
-        const ReportedBlock& block = blocks[i];
-        const std::size_t number = i + 1;
+    for (const ReportedBlock& block : blocks) {
+        const std::size_t number = tables.blocks.size() + 1;
         tables.blocks.push_back(BlockRow(block.members, number));
         for (const Members& addition : block.additions)
             tables.additions.push_back(AdditionRow(addition, number));
         for (const Members& deduction : block.deductions)
             tables.deductions.push_back(DeductionRow(deduction, number));
-        WarnOfAttachedList(tables, block, number, "TotalPurchaseValue", block.additions, "purchases");
-        WarnOfAttachedList(tables, block, number, "TotalDeduction", block.deductions, "sales");
+        CompareWithTotal(tables, block, "TotalPurchaseValue", std::span(tables.additions).last(block.additions.size()),
+                         CostOf, "purchases");
+        CompareWithTotal(tables, block, "TotalDeduction", std::span(tables.deductions).last(block.deductions.size()),
+                         ProceedsOf, "sales");
     }
     return tables;
 }

@@ -13,7 +13,8 @@ struct ReportTables {
     std::vector<Row> blocks;
     std::vector<Row> additions;
     std::vector<Row> deductions;
-    /// What the preparer has to look after himself: blocks whose purchases or sales are not in the file.
+    /// What the preparer has to look after himself: blocks whose purchases or sales come to another sum than their
+    /// total.
     std::vector<std::string> warnings;
 };
 

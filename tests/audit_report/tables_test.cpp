@@ -121,15 +121,30 @@ TEST(ReportTables, SaleIsOfTheFirstHalfUnlessTheReportTells)
     EXPECT_EQ(Told(rows.at(1)), "1|S2|50");
 }
 
-TEST(ReportTables, WarnWhereALongListIsNotInTheFile)
+TEST(ReportTables, WarnWherePurchasesOrSalesDifferFromTheirTotal)
 {
-    ReportedBlock attached = Block(
-        {{"DescBlockAssets", "1"}, {"RateOfDep", "15"}, {"TotalPurchaseValue", "70000"}, {"TotalDeduction", "0"}});
-    EXPECT_EQ(TablesOf({attached}).warnings,
-              std::vector<std::string>{
-                  "Machinery & Plant 15%: the purchases of 70000 are not in the file. Please key them."});
-    attached.additions.push_back(MembersOf({{"PurchaseOrSaleValue", "70000"}}));
-    EXPECT_TRUE(TablesOf({attached}).warnings.empty());
+    const auto warnings = [](const char* purchases, const char* sales, const Texts& addition) {
+        ReportedBlock block = Block({{"DescBlockAssets", "1"},
+                                     {"RateOfDep", "15"},
+                                     {"TotalPurchaseValue", purchases},
+                                     {"TotalDeduction", sales}});
+        if (!addition.empty())
+            block.additions.push_back(MembersOf(addition));
+        block.deductions.push_back(MembersOf({{"PurchaseOrSaleValue", "40"}}));
+        std::string told;
+        for (const std::string& warning : TablesOf({WithAddition("PurchaseOrSaleValue", "9"), block}).warnings)
+            told += warning + '\n';
+        return told;
+    };
+    const Texts whole = {
+        {"PurchaseOrSaleValue", "100"}, {"Modvat", "10"}, {"ExchangeRateChange", "-5"}, {"SubsidyGrant", "1"}};
+    EXPECT_EQ(warnings("94", "40", whole), "");
+    EXPECT_EQ(warnings("", "", whole), "");
+    EXPECT_EQ(warnings("106", "40", whole),
+              "Machinery & Plant 15%: the purchases in the file come to 94, their total is 106. Please check.\n");
+    EXPECT_EQ(warnings("70000", "0", {}),
+              "Machinery & Plant 15%: the purchases in the file come to 0, their total is 70000. Please check.\n"
+              "Machinery & Plant 15%: the sales in the file come to 40, their total is 0. Please check.\n");
 }
 
 TEST(ReportTables, TakeThePlaceOfThoseLeftLast)
