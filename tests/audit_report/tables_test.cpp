@@ -162,10 +162,10 @@ TEST(ReportTables, TakeThePlaceOfThoseLeftLast)
         EXPECT_EQ(file.Query("select * from {Additions} where Form3cdDeprAllw_Id = 2").Size(), 1u);
         EXPECT_EQ(file.Query("select * from {Deductions}").Size(), 2u);
     }
-    folder.Write("TempXML.mdb-journal", "of a writer that was killed");
     WriteTables(path, TablesOf({Block({})}));
     EXPECT_EQ(OpenFile({path, {}}).Query("select * from {Form3cdDeprAllw}").Size(), 1u);
     EXPECT_EQ(AllOf(OpenFile({path, {}}), "Additions"), "");
+    folder.Write("TempXML.mdb-journal", "of a writer that was killed");
     RemoveTables(path);
     RemoveTables(path);
     EXPECT_TRUE(std::filesystem::is_empty(folder.path()));
