@@ -22,54 +22,80 @@ void SetHalves(AnnexureRow& row)
     row.depreciation2 = std::max(0.0, atHalfRate);
 }
 
-double SumOfParts(const AnnexureRow& row)
+double SumOfParts(const AnnexureRow& row, const AnnexureEdition& edition)
 {
-    return ShownRupees(row.depreciation1 + row.depreciation2 + row.additional1 + row.additional2);
+    return ShownAmount(row.depreciation1 + row.depreciation2 + row.additional1 + row.additional2, edition);
+}
+
+void SetTotals(AnnexureEntry& entry, const AnnexureEdition& edition)
+{
+    const AnnexureRow& row = entry.row;
+    entry.totalPurchases = ShownAmount(row.purchases1 + row.purchases2, edition);
+    entry.total = ShownAmount(row.opening + entry.totalPurchases - row.sales, edition);
+}
+
+/// The sales are taken from what depreciates at the full rate.
+double DepreciationWithoutHalves(const AnnexureEntry& entry)
+{
+    const double half = entry.row.purchases2;
+    const double rate = entry.row.rate;
+    const double depreciation =
+        entry.total > half ? (entry.total - half) * rate / 100 + half * rate / 200 : entry.total * rate / 200;
+    return std::max(0.0, depreciation);
 }
 
 } // namespace
 
-void CalcEntry(AnnexureEntry& entry)
+double ShownAmount(double amount, const AnnexureEdition& edition)
+{
+    return edition.places == 0 || IsExactWhole(amount) ? ShownRupees(amount) : Val(Amount(amount));
+}
+
+void CalcEntry(AnnexureEntry& entry, const AnnexureEdition& edition)
 {
     AnnexureRow& row = entry.row;
-    row.sales = ShownRupees(row.sales1 + row.sales2);
-    entry.totalPurchases = ShownRupees(row.purchases1 + row.purchases2);
-    entry.total = ShownRupees(row.opening + entry.totalPurchases - row.sales);
+    if (!edition.hasHalves) {
+        SetTotals(entry, edition);
+        row.depreciation = ShownAmount(DepreciationWithoutHalves(entry), edition);
+        return CalcEntryFromTotal(entry, edition);
+    }
+    row.sales = ShownAmount(row.sales1 + row.sales2, edition);
+    SetTotals(entry, edition);
     SetHalves(row);
-    CalcEntryFromParts(entry);
+    CalcEntryFromParts(entry, edition);
     row.closing = row.isEmpty.value_or(false) ? 0 : std::max(0.0, row.closing);
 }
 
-void CalcEntryFromParts(AnnexureEntry& entry)
+void CalcEntryFromParts(AnnexureEntry& entry, const AnnexureEdition& edition)
 {
-    entry.row.depreciation = SumOfParts(entry.row);
-    CalcEntryFromTotal(entry);
+    entry.row.depreciation = SumOfParts(entry.row, edition);
+    CalcEntryFromTotal(entry, edition);
 }
 
-void CalcEntryFromTotal(AnnexureEntry& entry)
+void CalcEntryFromTotal(AnnexureEntry& entry, const AnnexureEdition& edition)
 {
     AnnexureRow& row = entry.row;
-    row.netDepreciation = ShownRupees(row.depreciation - row.disallowed);
-    row.closing = ShownRupees(entry.total - row.depreciation);
+    row.netDepreciation = ShownAmount(row.depreciation - row.disallowed, edition);
+    row.closing = ShownAmount(entry.total - row.depreciation, edition);
 }
 
-void RecalculateAnnexure(std::span<AnnexureRow> rows)
+void RecalculateAnnexure(std::span<AnnexureRow> rows, const AnnexureEdition& edition)
 {
     for (AnnexureRow& row : rows) {
         SetHalves(row);
         row.disallowed = 0;
-        row.depreciation = row.netDepreciation = SumOfParts(row);
-        row.closing =
-            std::max(0.0, ShownRupees(row.opening + row.purchases1 + row.purchases2 - row.sales - row.depreciation));
+        row.depreciation = row.netDepreciation = SumOfParts(row, edition);
+        const double total = row.opening + row.purchases1 + row.purchases2 - row.sales;
+        row.closing = std::max(0.0, ShownAmount(total - row.depreciation, edition));
     }
 }
 
-double TotalDepreciation(std::span<const AnnexureRow> rows)
+double TotalDepreciation(std::span<const AnnexureRow> rows, const AnnexureEdition& edition)
 {
     double total = 0;
     for (const AnnexureRow& row : rows)
         total += row.depreciation;
-    return ShownRupees(total);
+    return ShownAmount(total, edition);
 }
 
 } // namespace pgbp

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "annexure/annexure_edition.h"
 #include "services/dates.h"
 
 #include <optional>
@@ -9,7 +10,7 @@
 
 namespace pgbp {
 
-/// One asset or block of assets of the depreciation annexure. All amounts are whole rupees.
+/// One asset or block of assets of the depreciation annexure. Amounts are rupees with the places of the edition.
 struct AnnexureRow {
     std::string name{};
     std::string group{};
@@ -33,6 +34,8 @@ struct AnnexureRow {
     std::optional<bool> isEmpty{};
     std::optional<DateTime> dateOfSale{};
     double minor = 0; ///< number of the child whose income is clubbed; 0 for the assessee
+
+    bool operator==(const AnnexureRow&) const = default;
 };
 
 /// A row while it is entered, with the two figures that only the entry area shows.
@@ -43,20 +46,24 @@ struct AnnexureEntry {
 };
 
 /// Recomputes the entry after a rate, an amount or the mark of an empty block has changed: section 32 by halves of the
-/// year. What the first half lacks is taken from the second; no depreciation is below 0.
-void CalcEntry(AnnexureEntry& entry);
+/// year. What the first half lacks is taken from the second; no depreciation is below 0. The old annexure has the sales
+/// taken from what depreciates at the full rate, and rounds nothing.
+void CalcEntry(AnnexureEntry& entry, const AnnexureEdition& edition = kAnnexure);
 
 /// After a depreciation or an additional depreciation was overtyped: total, net depreciation and closing value.
-void CalcEntryFromParts(AnnexureEntry& entry);
+void CalcEntryFromParts(AnnexureEntry& entry, const AnnexureEdition& edition = kAnnexure);
 
 /// After the total depreciation or the part disallowed u/s 38(2) was overtyped: net depreciation and closing value.
-void CalcEntryFromTotal(AnnexureEntry& entry);
+void CalcEntryFromTotal(AnnexureEntry& entry, const AnnexureEdition& edition = kAnnexure);
 
 /// Depreciation of every row anew from its amounts; what was overtyped is lost. An empty block's row has no
 /// depreciation but keeps its closing value.
-void RecalculateAnnexure(std::span<AnnexureRow> rows);
+void RecalculateAnnexure(std::span<AnnexureRow> rows, const AnnexureEdition& edition = kAnnexure);
 
 /// Sum of the rows' depreciation.
-double TotalDepreciation(std::span<const AnnexureRow> rows);
+double TotalDepreciation(std::span<const AnnexureRow> rows, const AnnexureEdition& edition = kAnnexure);
+
+/// What a field or a cell of the edition that holds the amount gives back.
+double ShownAmount(double amount, const AnnexureEdition& edition);
 
 } // namespace pgbp

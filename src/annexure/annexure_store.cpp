@@ -22,8 +22,20 @@ constexpr AmountColumn kAmountColumns[] = {
     {"f_add1", &AnnexureRow::additional1},   {"f_add2", &AnnexureRow::additional2},
     {"f_exps", &AnnexureRow::expenses},
 };
+constexpr std::size_t kAmountsWithoutHalves = 6;
+
+std::span<const AmountColumn> AmountColumns(const AnnexureEdition& edition)
+{
+    return std::span(kAmountColumns).first(edition.hasHalves ? std::size(kAmountColumns) : kAmountsWithoutHalves);
+}
 
 bool IsBusiness(const AnnexureOwner& owner) { return owner.type == kBusinessAnnexure; }
+
+/// A row that another one than the saving owner brought here and keeps.
+bool StaysAsItIs(const AnnexureOwner& owner, const AnnexureRow& row)
+{
+    return owner.edition.keepsChildrensRows && owner.minor == 0 && row.minor != 0;
+}
 
 bool HasName(const AnnexureRow& row) { return !Trim(row.name).empty(); }
 
@@ -49,12 +61,12 @@ Condition OwnedRows(const AnnexureOwner& owner)
     return rows;
 }
 
-/// The assessee's own save replaces the working rows of the line whoever they belong to; of other income it leaves a
-/// child's rows alone.
+/// The assessee's own save replaces the working rows of the line whoever they belong to, but in the earlier editions;
+/// of other income it leaves a child's rows alone.
 void DeleteRows(const Connection& balance, const AnnexureOwner& owner)
 {
     Condition rows = OwnedRows(owner);
-    if (!IsBusiness(owner) && owner.minor == 0)
+    if ((!IsBusiness(owner) || owner.edition.keepsChildrensRows) && owner.minor == 0)
         rows.And(balance.dialect().noMinorOrZeroUnparsed);
     balance.ExecuteBound(std::string(balance.dialect().DeleteWord) + rows.text, rows.values);
 }
@@ -72,13 +84,16 @@ void AddRow(const Connection& balance, const AnnexureOwner& owner, const Annexur
 {
     std::vector<Field> fields = {
         {"code", Trim(owner.code)}, {"f_name", row.name}, {"f_deprate", row.rate}, {"U_Desc", row.group}};
-    for (const AmountColumn& column : kAmountColumns)
+    for (const AmountColumn& column : AmountColumns(owner.edition))
         fields.push_back({column.column, row.*column.amount});
-    fields.push_back({"ded382", 0});
-    fields.push_back({"netdep", row.depreciation});
-    fields.push_back({"f_block", row.isEmpty.value_or(false)});
-    if (row.dateOfSale)
-        fields.push_back({"f_date", *row.dateOfSale});
+    if (owner.edition.followsTheYear)
+        fields.push_back({"ded382", 0});
+    if (owner.edition.hasHalves) {
+        fields.push_back({"netdep", row.depreciation});
+        fields.push_back({"f_block", row.isEmpty.value_or(false)});
+        if (row.dateOfSale)
+            fields.push_back({"f_date", *row.dateOfSale});
+    }
     fields.push_back({"Type", owner.type});
     if (IsBusiness(owner))
         fields.push_back({"SNO", kUnsavedLine});
@@ -97,17 +112,26 @@ void AddGain(const Connection& company, const AnnexureOwner& owner, const Sec50G
     company.Insert("capital1", fields);
 }
 
-AnnexureRow FromRecord(const Row& record)
+/// Name, rate and the amounts that a table of assets has in whatever edition.
+AnnexureRow AmountsOf(const Row& record, std::span<const AmountColumn> amounts, const AnnexureEdition& edition)
 {
-    AnnexureRow row{
-        .name = record["f_name"].Text(), .group = record["U_Desc"].Text(), .rate = record["f_deprate"].Number()};
-    for (const AmountColumn& column : kAmountColumns)
-        row.*column.amount = ShownRupees(record[column.column].Number());
-    row.disallowed = ShownRupees(record["ded382"].Number());
-    row.netDepreciation = ShownRupees(record["netdep"].Number());
+    AnnexureRow row{.name = record["f_name"].Text(), .rate = record["f_deprate"].Number()};
+    for (const AmountColumn& column : amounts)
+        row.*column.amount = ShownAmount(record[column.column].Number(), edition);
+    return row;
+}
+
+AnnexureRow FromRecord(const Row& record, const AnnexureEdition& edition)
+{
+    AnnexureRow row = AmountsOf(record, AmountColumns(edition), edition);
+    row.group = record["U_Desc"].Text();
+    row.minor = record["Minor"].Number();
+    if (!edition.hasHalves)
+        return row;
+    row.disallowed = ShownAmount(record["ded382"].Number(), edition);
+    row.netDepreciation = ShownAmount(record["netdep"].Number(), edition);
     row.isEmpty = record["f_block"].Flag();
     row.dateOfSale = record["f_date"].Date();
-    row.minor = record["Minor"].Number();
     return row;
 }
 
@@ -126,7 +150,36 @@ std::vector<AnnexureRow> LoadAnnexure(const Connection& balance, const AnnexureO
     const auto select = "select * " + stored.text + std::string(balance.dialect().insertionOrder);
     std::vector<AnnexureRow> rows;
     for (const Row record : balance.QueryBound(select, stored.values))
-        rows.push_back(FromRecord(record));
+        rows.push_back(FromRecord(record, owner.edition));
+    return rows;
+}
+
+std::vector<AnnexureRow> LoadClosingValues(const Connection& balance, const std::string& code, std::string_view type,
+                                           std::optional<double> line, const AnnexureEdition& edition)
+{
+    Condition stored{"from {fassets} where code = ? and [Type] = ?", {code, type}};
+    if (line)
+        stored.And("SNO = ?", {*line});
+    const auto select =
+        "select f_name, f_deprate, f_clbal, U_Desc " + stored.text + std::string(balance.dialect().insertionOrder);
+    std::vector<AnnexureRow> rows;
+    for (const Row record : balance.QueryBound(select, stored.values)) {
+        const double closing = ShownAmount(record["f_clbal"].Number(), edition);
+        rows.push_back({.name = record["f_name"].Text(),
+                        .group = record["U_Desc"].Text(),
+                        .rate = record["f_deprate"].Number(),
+                        .opening = closing,
+                        .closing = closing});
+    }
+    return rows;
+}
+
+std::vector<AnnexureRow> LoadBooks(const Connection& books, const std::string& code, std::string_view type,
+                                   const AnnexureEdition& edition)
+{
+    std::vector<AnnexureRow> rows;
+    for (const Row record : books.Query("select * from {fassets} where code = ? and [Type] = ?", code, type))
+        rows.push_back(AmountsOf(record, AmountColumns(kOldAnnexure), edition));
     return rows;
 }
 
@@ -134,19 +187,20 @@ std::optional<AnnexureRefusal> SaveAnnexure(const Connection& company, const Con
                                             const AnnexureOwner& owner, std::vector<AnnexureRow>& rows,
                                             const std::function<bool()>& ask)
 {
-    if (owner.year >= kFirstYearOfBlockCheck)
+    if (owner.edition.followsTheYear && owner.year >= kFirstYearOfBlockCheck)
         CheckBlockDifference(rows, ask);
     if (auto refusal = RefusalOfSave(rows))
         return refusal;
 
     Transaction transaction({company, balance});
-    DeleteGains(company, owner);
+    if (owner.edition.hasHalves)
+        DeleteGains(company, owner);
     DeleteRows(balance, owner);
     for (const AnnexureRow& row : rows) {
-        if (!HasName(row))
+        if (!HasName(row) || StaysAsItIs(owner, row))
             continue;
         AddRow(balance, owner, row);
-        if (row.isEmpty.value_or(false))
+        if (owner.edition.hasHalves && row.isEmpty.value_or(false))
             AddGain(company, owner, GainOnEmptyBlock(row, owner.year));
     }
     transaction.Commit();

@@ -272,11 +272,11 @@ void frmbusinesscal::Activate()
     const bool takesStored = RulesOf(run).IsNormal() && header.ProfitIsOfStatement() && header.IsEdit();
     if (takesStored)
         ReadStatementFigures();
-    if (run.GLwhere == kAnnexureOfComputation)
-        txtlessdep = Rupees(annexure.value_or(0));
-    else if (takesStored && annexure)
-        txtlessdep = Amount(*annexure);
-    txtlessdep.enabled = !annexure;
+    if (run.GLwhere != kAnnexureOfComputation) {
+        if (takesStored && annexure)
+            txtlessdep = Amount(*annexure);
+        txtlessdep.enabled = !annexure;
+    }
     run.GLwhere = 0;
     CalBalance();
     header.Opened({&framain, &presumptive.fra44ad, &other.fra3, &partners.frapartner});
@@ -292,7 +292,10 @@ void frmbusinesscal::ReadStatementFigures()
 void frmbusinesscal::OpenAnnexure(ScreenName<AnnexureOpening> screen, const char* annexure)
 {
     run.GLwhere = kAnnexureOfComputation;
-    run.screens.Show(screen, {.caption = annexure});
+    run.screens.Show(screen, {.caption = annexure, .left = [this](const AnnexureTotal& total) {
+                                  txtlessdep = total.rupees;
+                                  txtlessdep.enabled = !total.isOfRows;
+                              }});
 }
 
 void frmbusinesscal::RefreshTotals()

@@ -34,10 +34,13 @@ LabelView::LabelView(Label& itsLabel, FormView& itsForm, const Place& place)
     if (const Type type = TypeOf(label_, place); type != Type::Base)
         text_->setFont(FontOf(type));
     text_->setMinimumHeight(RowHeight());
-    if (place.OfAmounts()) {
+    const bool standsAmongFields = label_.look == LabelLook::Amount && place.column == LayoutColumn::Field;
+    if (place.OfAmounts() || standsAmongFields) {
         text_->Ask(AmountWidth(), LeastAmount());
         text_->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
     }
+    if (standsAmongFields) // as wide as they are
+        text_->setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Preferred);
     if (label_.look == LabelLook::Amount)
         text_->SetBackground(Theme().computed);
     isMuted_ =

@@ -5,11 +5,14 @@
 #include "controls/text_controls.h"
 #include "entry/checks.h"
 #include "entry/field_texts.h"
+#include "services/dates.h"
 #include "services/format.h"
 #include "store/value.h"
 
 #include <algorithm>
+#include <functional>
 #include <optional>
+#include <type_traits>
 #include <utility>
 #include <variant>
 #include <vector>
@@ -18,10 +21,11 @@ namespace pgbp {
 
 /// A column of a list of items: how the grid shows it, the member of the item that holds it, and the field or tick in
 /// which it is entered; none of them where the screen computes it. A column whose member is none shows the running
-/// number.
+/// number, one of nothing stays empty.
 template <typename Item>
 struct ItemColumn {
-    using Member = std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*>;
+    using Member = std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*,
+                                std::optional<bool> Item::*, std::optional<DateTime> Item::*, std::monostate>;
 
     GridColumn shown;
     Member member;
@@ -30,6 +34,7 @@ struct ItemColumn {
     int places = 2;          ///< of a number: rupees and paise, or 0
     bool tellsApart = false; ///< items that are alike in all such columns are taken back together
     bool inGrid = true;      ///< else it is only a field
+    bool stays = false;      ///< its field keeps its text for the next item
 
     bool IsRunningNumber() const { return member == Member(); }
     bool IsNumber() const { return member.index() == 1 || member.index() == 2; }
@@ -46,27 +51,49 @@ struct ItemColumn {
             return places == 0 ? Value(Number(item)).Text() : Amount(Number(item));
         if (const auto* ticked = std::get_if<bool Item::*>(&member))
             return item.**ticked ? "True" : "False";
-        return item.*std::get<std::string Item::*>(member);
+        if (const auto* said = std::get_if<std::optional<bool> Item::*>(&member))
+            return !(item.**said) ? "" : *(item.**said) ? "1" : "0";
+        if (const auto* day = std::get_if<std::optional<DateTime> Item::*>(&member))
+            return item.**day ? DayText(*(item.**day)) : "";
+        if (const auto* text = std::get_if<std::string Item::*>(&member))
+            return item.**text;
+        return "";
     }
     /// Puts what was entered into the item.
     void Take(Item& item) const
     {
-        if (tick)
-            item.*std::get<bool Item::*>(member) = tick->value;
-        else if (const auto* plain = std::get_if<double Item::*>(&member); field && plain)
-            item.** plain = Val(*field);
-        else if (const auto* number = std::get_if<std::optional<double> Item::*>(&member); field && number)
-            item.** number = Val(*field);
-        else if (field)
-            item.*std::get<std::string Item::*>(member) = field->text();
+        if (field || tick)
+            std::visit([&](auto which) { TakeInto(item, which); }, member);
     }
     /// Puts the item into its field. A number that can not be entered now shows as nothing.
     void Give(const Item& item) const
     {
         if (tick)
-            *tick = item.*std::get<bool Item::*>(member);
+            tick->value = IsTicked(item);
         else if (field)
             field->Set(IsNumber() && !field->enabled ? Text(Item()) : Text(item));
+    }
+
+  private:
+    bool IsTicked(const Item& item) const
+    {
+        const auto* said = std::get_if<std::optional<bool> Item::*>(&member);
+        return said ? (item.**said).value_or(false) : item.*std::get<bool Item::*>(member);
+    }
+    template <typename Which>
+    void TakeInto(Item& item, Which which) const
+    {
+        if constexpr (!std::is_same_v<Which, std::monostate>) {
+            using Held = std::remove_reference_t<decltype(item.*which)>;
+            if constexpr (std::is_same_v<Held, bool> || std::is_same_v<Held, std::optional<bool>>)
+                item.*which = tick->value.get();
+            else if constexpr (std::is_same_v<Held, std::string>)
+                item.*which = field->text();
+            else if constexpr (std::is_same_v<Held, std::optional<DateTime>>)
+                item.*which = FromDayText(field->text());
+            else
+                item.*which = Val(*field);
+        }
     }
 };
 
@@ -79,10 +106,12 @@ class ItemEntry {
     ItemEntry(Screen& form, Grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns);
     ItemEntry(const ItemEntry&) = delete;
 
-    std::vector<Check> checks;              ///< of an item that is added
-    std::function<void(Item&)> complete;    ///< fills what no field holds
-    std::function<void()> changed;          ///< after the items have changed
-    std::function<void(const Item&)> given; ///< an item, or an empty one, was put into the fields
+    std::vector<Check> checks;                    ///< of an item that is added
+    std::function<bool(const Item&)> accepts;     ///< what remains to be checked of it: tells and gives false
+    std::function<bool(const Item&)> mayTakeBack; ///< none: any item may be taken back and deleted
+    std::function<void(Item&)> complete;          ///< fills what no field holds
+    std::function<void()> changed;                ///< after the items have changed
+    std::function<void(const Item&)> given;       ///< an item, or an empty one, was put into the fields
     /// What stands under the columns; by default the number of items and the sums of the amounts.
     std::function<std::vector<std::string>()> footer;
     bool blankRowWhenEmpty = false;
@@ -98,6 +127,8 @@ class ItemEntry {
     void Append(const std::vector<Item>& items);
     /// Puts an item into the fields as if it had been typed.
     void Enter(const Item& item) { Give(item); }
+    /// Adds what is in the fields, as the button does. False when a check refuses it.
+    bool Add();
 
     /// Something differs from what was opened, what is typed included.
     bool Altered() const { return Typed() || ItemsWithTakenBack() != opened_; }
@@ -116,7 +147,7 @@ class ItemEntry {
         Item item;
     };
 
-    bool Add();
+    bool IsFree(std::size_t at) const;
     void TakeBack(std::size_t at);
     void Delete(std::size_t at);
     bool Typed() const;
@@ -201,19 +232,28 @@ bool ItemEntry<Item>::Add()
 {
     if (!PassesAll(form_, checks))
         return false;
+    const Item entered = Entered();
+    if (accepts && !accepts(entered))
+        return false;
     const std::size_t at = takenBack_.empty() ? items_.size() : std::min(takenBack_.front().at, items_.size());
-    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), Entered());
+    items_.insert(items_.begin() + static_cast<std::ptrdiff_t>(at), entered);
     Clear();
     Change(at + 1);
     form_.SetFocus(FirstField());
     return true;
 }
 
+template <typename Item>
+bool ItemEntry<Item>::IsFree(std::size_t at) const
+{
+    return at < items_.size() && (!mayTakeBack || mayTakeBack(items_[at]));
+}
+
 /// What is in the fields goes first: typed, it is added; only looked at, it returns to its place.
 template <typename Item>
 void ItemEntry<Item>::TakeBack(std::size_t at)
 {
-    if (at >= items_.size())
+    if (!IsFree(at))
         return;
     if (Typed()) {
         const std::size_t place = takenBack_.empty() ? items_.size() : takenBack_.front().at;
@@ -243,7 +283,7 @@ void ItemEntry<Item>::TakeBack(std::size_t at)
 template <typename Item>
 void ItemEntry<Item>::Delete(std::size_t at)
 {
-    if (at >= items_.size())
+    if (!IsFree(at))
         return;
     deleted_.push_back({at, items_[at]});
     items_.erase(items_.begin() + static_cast<std::ptrdiff_t>(at));
@@ -318,7 +358,11 @@ template <typename Item>
 void ItemEntry<Item>::Clear()
 {
     takenBack_.clear();
-    Give({});
+    Item empty;
+    for (const ItemColumn<Item>& column : columns_)
+        if (column.stays)
+            column.Take(empty);
+    Give(empty);
     untouched_ = FieldTextsNow();
 }
 
@@ -365,6 +409,8 @@ std::vector<std::string> ItemEntry<Item>::Totals() const
         for (const Item& item : items_)
             sum += column.Number(item);
         cell = SumText(sum);
+        if (column.places == 0)
+            cell.erase(cell.find('.'));
     }
     return cells;
 }

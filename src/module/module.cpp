@@ -1,5 +1,6 @@
 #include "module/module.h"
 
+#include "annexure/annexure.h"
 #include "computation/computation.h"
 #include "income/income.h"
 #include "schedules/schedules.h"
@@ -16,6 +17,7 @@ void RegisterScreens(Run& run)
     run.screens.Register<frmmdi>(screens::frmmdi);
     RegisterIncomeScreens(run.screens);
     RegisterComputationScreens(run.screens);
+    RegisterAnnexureScreens(run.screens);
     RegisterStatementScreens(run.screens);
     RegisterScheduleScreens(run.screens);
 }

@@ -32,9 +32,17 @@ struct SectionOpening {
     std::string description{};
 };
 
+/// What an annexure leaves to the line.
+struct AnnexureTotal {
+    std::string rupees{};  ///< as the annexure shows its total depreciation
+    bool isOfRows = false; ///< there are rows: the depreciation is theirs, and is not typed
+};
+
 /// The annexure's working rows are those of the line that is open.
 struct AnnexureOpening {
     std::string caption{};
+    /// The annexure is left, saved or not. None where no line waits for the depreciation.
+    std::function<void(const AnnexureTotal& total)> left{};
 };
 
 /// The profit and loss account, or the balance sheet, of a line of business.
@@ -66,6 +74,8 @@ inline constexpr ScreenName<LineOpening> frmbusinesscal1{"frmbusinesscal1"};
 inline constexpr ScreenName<SectionOpening> Frm10ABC{"Frm10ABC"};
 inline constexpr ScreenName<AnnexureOpening> frmfassets{"frmfassets"};
 inline constexpr ScreenName<AnnexureOpening> frmfassetsNew{"frmfassetsNew"};
+inline constexpr ScreenName<AnnexureOpening> frmfassetsNew_1{"frmfassetsNew_1"};
+inline constexpr ScreenName<NoOpening> frmEditfassetsNew{"frmEditfassetsNew"};
 inline constexpr ScreenName<StatementOpening> FrmbspnlPGBP{"FrmbspnlPGBP"};
 inline constexpr ScreenName<StatementOpening> FrmbspnlINDAS{"FrmbspnlINDAS"};
 inline constexpr ScreenName<BadDebtsOpening> FrmQ47ii{"FrmQ47ii"};
@@ -74,9 +84,10 @@ inline constexpr ScreenName<NoOpening> Frm44AENew{"Frm44AENew"};
 inline constexpr ScreenName<NoOpening> FrmFirm{"FrmFirm"};
 
 /// All of them.
-inline constexpr std::tuple kAll{frmmdi,          frmbusiness, frmReminder, FrmHelp,       frmbusinesscal,
-                                 frmbusinesscal1, Frm10ABC,    frmfassets,  frmfassetsNew, FrmbspnlPGBP,
-                                 FrmbspnlINDAS,   FrmQ47ii,    FrmGST,      Frm44AENew,    FrmFirm};
+inline constexpr std::tuple kAll{
+    frmmdi,     frmbusiness,   frmReminder,     FrmHelp,           frmbusinesscal, frmbusinesscal1, Frm10ABC,
+    frmfassets, frmfassetsNew, frmfassetsNew_1, frmEditfassetsNew, FrmbspnlPGBP,   FrmbspnlINDAS,   FrmQ47ii,
+    FrmGST,     Frm44AENew,    FrmFirm};
 
 } // namespace screens
 } // namespace pgbp

@@ -53,7 +53,7 @@ TEST(AnnexureRules, FirstThingWrongWithARowIsTold)
     };
     struct Case {
         AnnexureRow row;
-        AnnexureScreen screen;
+        AnnexureCase screen;
         const char* message;
         const char* tail;
         const char* focus;

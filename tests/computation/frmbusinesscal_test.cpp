@@ -410,22 +410,29 @@ TEST_F(Computation, AnnexureGivesItsTotalOnReturn)
 {
     FullLine();
     Start();
-    RegisterEmpty(screens::frmfassetsNew);
+    AnnexureOpening annexure;
+    run->screens.Register<AnnexureOpening>(screens::frmfassetsNew, [&](auto& its, const AnnexureOpening& opening) {
+        annexure = opening;
+        return std::make_unique<Screen>(its, "frmfassetsNew", opening.caption);
+    });
     RegisterEmpty(screens::FrmbspnlPGBP);
     frmbusinesscal& screen = OpenScreen();
     screen.Click(screen.CmdDep);
     EXPECT_EQ(run->GLwhere, 111);
-    EXPECT_EQ(run->screens.OnDisplay()->caption.get(), "Depreciation Annexure");
+    EXPECT_EQ(annexure.caption, "Depreciation Annexure");
     Balance().Execute("update {fassets} set F_Dep = 100 where sno = 90000");
+    annexure.left({"200", true});
     run->screens.Return();
     EXPECT_EQ(screen.txtlessdep.text(), "200");
+    EXPECT_FALSE(screen.txtlessdep.enabled);
     EXPECT_EQ(run->GLwhere, 0);
     screen.Click(screen.header.CmdPNL); // another screen keeps it
     run->screens.Return();
     EXPECT_EQ(Val(screen.txtlessdep), 200);
     screen.Click(screen.CmdF);
-    EXPECT_EQ(run->screens.OnDisplay()->caption.get(), "Capital Gain Annexure");
+    EXPECT_EQ(annexure.caption, "Capital Gain Annexure");
     Balance().Execute("delete from {fassets} where sno = 90000");
+    annexure.left({"0", false});
     run->screens.Return();
     EXPECT_TRUE(screen.txtlessdep.enabled);
     screen.Click(screen.header.CmdSave); // the emptied annexure replaces the stored one
