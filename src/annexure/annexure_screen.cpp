@@ -203,7 +203,10 @@ void AnnexureScreen::ShowWhatThereIs()
     Label20.visible = ofRates.has_value();
     Txt382.enabled = run.Year() >= kFirstYearOf382;
     Label17.visible = Txt382.visible = CmdImportXML.visible = edition_.followsTheYear;
-    Command1.visible = Command2.visible = edition_.hasHalves;
+    for (Control* ofHalves : std::initializer_list<Control*>{
+             &Command1, &Command2, &Label8,  &TxtSales1, &Label9,  &TxtSales2, &Label12, &TxtDep1, &Label13, &TxtDep2,
+             &Label14,  &TxtAdd1,  &Label15, &TxtAdd2,   &Label18, &TxtNetDep, &Label21, &TxtExps, &ChkEmpty})
+        ofHalves->visible = edition_.hasHalves;
 }
 
 /// The annexure can be read, and left.

@@ -2,6 +2,8 @@
 // COLUMN=VALUE ..." and "#! sql FILE STATEMENT" make the practice ready, "#! start" starts a run (a second one starts
 // the module again); the others are commands of the driver.
 
+#include "audit_report/report.h"
+#include "audit_report/tables.h"
 #include "drive/interpreter.h"
 #include "module/module.h"
 #include "startup/sub_main.h"
@@ -70,6 +72,8 @@ class Stage {
             HandOverTo(words);
         else if (word == "sql")
             RunSql(words);
+        else if (word == "report")
+            ReadReportOf(words);
         else if (word == "start")
             Start();
         else
@@ -94,6 +98,19 @@ class Stage {
         words >> file;
         std::getline(words, statement);
         OpenFile({root_ / "server" / (file + ".mdb"), {}}).Execute(statement);
+    }
+
+    /// The audit report that the preparer chooses in the reader's own window; "none" for none.
+    void ReadReportOf(std::istringstream& words)
+    {
+        std::string sample;
+        words >> sample;
+        processes_.whileRunning = [this, sample] {
+            const auto tables = root_ / "client/data/TempXML.mdb";
+            std::filesystem::remove(tables);
+            if (sample != "none")
+                WriteTables(tables, TablesOf(ReadReport(ReportFileContent(std::filesystem::path(PGBP_REPORTS) / sample))));
+        };
     }
 
     void Start()
