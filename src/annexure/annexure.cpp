@@ -1,6 +1,7 @@
 #include "annexure/annexure.h"
 
 #include "annexure/annexure_screen.h"
+#include "annexure/frmEditfassetsNew.h"
 
 namespace pgbp {
 
@@ -9,6 +10,7 @@ void RegisterAnnexureScreens(Screens& screens)
     screens.Register<frmfassetsNew>(screens::frmfassetsNew);
     screens.Register<frmfassets>(screens::frmfassets);
     screens.Register<frmfassetsNew_1>(screens::frmfassetsNew_1);
+    screens.Register<frmEditfassetsNew>(screens::frmEditfassetsNew);
 }
 
 } // namespace pgbp

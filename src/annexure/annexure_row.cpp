@@ -8,7 +8,7 @@ namespace pgbp {
 namespace {
 
 /// Sets the depreciation of both halves. Whether the first half falls short is seen before it is cut to 0.
-void SetHalves(AnnexureRow& row)
+void SetHalves(AnnexureRow& row, const AnnexureEdition& edition)
 {
     row.depreciation1 = row.depreciation2 = 0;
     if (row.isEmpty.value_or(false))
@@ -16,7 +16,7 @@ void SetHalves(AnnexureRow& row)
     const double base1 = row.opening + row.purchases1 - row.sales1;
     const double base2 = row.purchases2 - row.sales2;
     const double atFullRate = RoundedRupees(base1 * row.rate / 100);
-    const bool fallsShort = atFullRate < 0 && row.purchases2 > 0;
+    const bool fallsShort = edition.carriesShortfall && atFullRate < 0 && row.purchases2 > 0;
     const double atHalfRate = RoundedRupees((fallsShort ? base1 + base2 : base2) * row.rate / 200);
     row.depreciation1 = std::max(0.0, atFullRate);
     row.depreciation2 = std::max(0.0, atHalfRate);
@@ -61,7 +61,7 @@ void CalcEntry(AnnexureEntry& entry, const AnnexureEdition& edition)
     }
     row.sales = ShownAmount(row.sales1 + row.sales2, edition);
     SetTotals(entry, edition);
-    SetHalves(row);
+    SetHalves(row, edition);
     CalcEntryFromParts(entry, edition);
     row.closing = row.isEmpty.value_or(false) ? 0 : std::max(0.0, row.closing);
 }
@@ -82,7 +82,7 @@ void CalcEntryFromTotal(AnnexureEntry& entry, const AnnexureEdition& edition)
 void RecalculateAnnexure(std::span<AnnexureRow> rows, const AnnexureEdition& edition)
 {
     for (AnnexureRow& row : rows) {
-        SetHalves(row);
+        SetHalves(row, edition);
         row.disallowed = 0;
         row.depreciation = row.netDepreciation = SumOfParts(row, edition);
         const double total = row.opening + row.purchases1 + row.purchases2 - row.sales;

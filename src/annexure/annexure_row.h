@@ -47,7 +47,7 @@ struct AnnexureEntry {
 
 /// Recomputes the entry after a rate, an amount or the mark of an empty block has changed: section 32 by halves of the
 /// year. What the first half lacks is taken from the second; no depreciation is below 0. The old annexure has the sales
-/// taken from what depreciates at the full rate, and rounds nothing.
+/// taken from what depreciates at the full rate, and rounds nothing but what it shows.
 void CalcEntry(AnnexureEntry& entry, const AnnexureEdition& edition = kAnnexure);
 
 /// After a depreciation or an additional depreciation was overtyped: total, net depreciation and closing value.

@@ -162,7 +162,8 @@ void AnnexureScreen::WireButtons()
     };
     entry.given = [this](const AnnexureRow& row) {
         FraDt.visible = ChkEmpty.value.get();
-        ShowComputed({.row = row, .totalPurchases = row.purchases1 + row.purchases2,
+        ShowComputed({.row = row,
+                      .totalPurchases = row.purchases1 + row.purchases2,
                       .total = row.opening + row.purchases1 + row.purchases2 - row.sales});
     };
     entry.changed = [this] { LblTot = Text(TotalDepreciation(entry.items(), edition_)); };
@@ -204,8 +205,8 @@ void AnnexureScreen::ShowWhatThereIs()
     Txt382.enabled = run.Year() >= kFirstYearOf382;
     Label17.visible = Txt382.visible = CmdImportXML.visible = edition_.followsTheYear;
     for (Control* ofHalves : std::initializer_list<Control*>{
-             &Command1, &Command2, &Label8,  &TxtSales1, &Label9,  &TxtSales2, &Label12, &TxtDep1, &Label13, &TxtDep2,
-             &Label14,  &TxtAdd1,  &Label15, &TxtAdd2,   &Label18, &TxtNetDep, &Label21, &TxtExps, &ChkEmpty})
+             &Command1, &Command2, &Label8, &TxtSales1, &Label9, &TxtSales2, &Label12, &TxtDep1, &Label13, &TxtDep2,
+             &Label14, &TxtAdd1, &Label15, &TxtAdd2, &Label18, &TxtNetDep, &Label21, &TxtExps, &ChkEmpty})
         ofHalves->visible = edition_.hasHalves;
 }
 
@@ -216,6 +217,7 @@ void AnnexureScreen::LockAnnexure()
         if (dynamic_cast<TextBox*>(control) || dynamic_cast<PushControl*>(control))
             control->enabled = control == &cmdmain;
     entry.mayTakeBack = [](const AnnexureRow&) { return false; };
+    DBGrid1.onEscape = nullptr; // there is no field to return to
 }
 
 AnnexureOwner AnnexureScreen::Owner() const
@@ -227,16 +229,14 @@ AnnexureOwner AnnexureScreen::Owner() const
             .edition = edition_};
 }
 
-std::string AnnexureScreen::Text(double rupees) const
-{
-    return edition_.places == 0 ? Rupees(rupees) : Amount(rupees);
-}
+std::string AnnexureScreen::Text(double rupees) const { return edition_.places == 0 ? Rupees(rupees) : Amount(rupees); }
 
 AnnexureEntry AnnexureScreen::Entered() const
 {
     AnnexureEntry entered{.totalPurchases = Val(lblpur), .total = Val(lbltotal)};
     for (const ItemColumn<AnnexureRow>& column : entry.columns())
         column.Take(entered.row);
+    entered.row.sales = Val(txtsales);
     return entered;
 }
 
@@ -271,10 +271,11 @@ void AnnexureScreen::FollowTick()
 
 bool AnnexureScreen::Accepts(const AnnexureRow& row)
 {
-    const auto refusal = RefusalOfRow(row, {.year = run.Year(),
-                                            .isCapitalGain = edition_.followsTheYear && caption.get() == kCapitalGainAnnexure,
-                                            .asksDateOfSale = FraDt.visible,
-                                            .rates = edition_.rates});
+    const auto refusal =
+        RefusalOfRow(row, {.year = run.Year(),
+                           .isCapitalGain = edition_.followsTheYear && caption.get() == kCapitalGainAnnexure,
+                           .asksDateOfSale = FraDt.visible,
+                           .rates = edition_.rates});
     if (refusal)
         Tell(*refusal);
     return !refusal;
@@ -323,7 +324,8 @@ void AnnexureScreen::ImportFromBooks()
 void AnnexureScreen::ImportForm3cd()
 {
     const Form3cdSchedule schedule = ReadForm3cd(run);
-    const auto added = std::ranges::count_if(schedule.blocks, [this](const Form3cdBlock& block) { return AddBlock(block); });
+    const auto added =
+        std::ranges::count_if(schedule.blocks, [this](const Form3cdBlock& block) { return AddBlock(block); });
     notice = NoticeOfImport(schedule, static_cast<std::size_t>(added));
     SetFocus(Command2);
 }
@@ -372,7 +374,8 @@ void AnnexureScreen::Close()
 void AnnexureScreen::Leave()
 {
     if (opening_.left && Owner().type == kBusinessAnnexure) {
-        const bool hasRows = std::ranges::any_of(entry.items(), [](const AnnexureRow& row) { return !Trim(row.name).empty(); });
+        const bool hasRows =
+            std::ranges::any_of(entry.items(), [](const AnnexureRow& row) { return !Trim(row.name).empty(); });
         opening_.left({Text(hasRows ? TotalDepreciation(entry.items(), edition_) : 0), hasRows});
     }
     run.screens.Return();

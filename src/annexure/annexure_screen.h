@@ -17,8 +17,8 @@
 
 namespace pgbp {
 
-/// The depreciation annexure of the line of business that is open: fields for one asset or block, a grid of all of them.
-/// Nothing reaches the store before Save. One class for all editions; what an edition does not have is hidden.
+/// The depreciation annexure of the line of business that is open: fields for one asset or block, a grid of all of
+/// them. Nothing reaches the store before Save. One class for all editions; what an edition does not have is hidden.
 class AnnexureScreen : public Screen {
   public:
     AnnexureScreen(Run& itsRun, const AnnexureEdition& edition);

@@ -80,20 +80,27 @@ void DeleteGains(const Connection& company, const AnnexureOwner& owner)
         company.Delete(rows + "Minor = ?", Trim(owner.code), owner.minor);
 }
 
-void AddRow(const Connection& balance, const AnnexureOwner& owner, const AnnexureRow& row)
+/// What is stored of a row in any case.
+std::vector<Field> FieldsOf(const AnnexureRow& row, const AnnexureEdition& edition)
 {
-    std::vector<Field> fields = {
-        {"code", Trim(owner.code)}, {"f_name", row.name}, {"f_deprate", row.rate}, {"U_Desc", row.group}};
-    for (const AmountColumn& column : AmountColumns(owner.edition))
+    std::vector<Field> fields = {{"f_name", row.name}, {"f_deprate", row.rate}, {"U_Desc", row.group}};
+    for (const AmountColumn& column : AmountColumns(edition))
         fields.push_back({column.column, row.*column.amount});
-    if (owner.edition.followsTheYear)
+    if (edition.followsTheYear)
         fields.push_back({"ded382", 0});
-    if (owner.edition.hasHalves) {
+    if (edition.hasHalves) {
         fields.push_back({"netdep", row.depreciation});
         fields.push_back({"f_block", row.isEmpty.value_or(false)});
         if (row.dateOfSale)
             fields.push_back({"f_date", *row.dateOfSale});
     }
+    return fields;
+}
+
+void AddRow(const Connection& balance, const AnnexureOwner& owner, const AnnexureRow& row)
+{
+    std::vector<Field> fields = FieldsOf(row, owner.edition);
+    fields.push_back({"code", Trim(owner.code)});
     fields.push_back({"Type", owner.type});
     if (IsBusiness(owner))
         fields.push_back({"SNO", kUnsavedLine});
@@ -152,6 +159,32 @@ std::vector<AnnexureRow> LoadAnnexure(const Connection& balance, const AnnexureO
     for (const Row record : balance.QueryBound(select, stored.values))
         rows.push_back(FromRecord(record, owner.edition));
     return rows;
+}
+
+std::vector<StoredAsset> LoadAllAssets(const Connection& balance, const std::string& code,
+                                       const AnnexureEdition& edition)
+{
+    std::vector<StoredAsset> assets;
+    for (const Row record : balance.Query("select * from {fassets} where code = ? and [Type] = ?" +
+                                              std::string(balance.dialect().insertionOrder),
+                                          code, kBusinessAnnexure))
+        assets.push_back({FromRecord(record, edition), record["SNO"]});
+    return assets;
+}
+
+void SaveAllAssets(const Connection& balance, const std::string& code, const std::vector<StoredAsset>& assets,
+                   const AnnexureEdition& edition)
+{
+    Transaction transaction({balance});
+    balance.Delete("from {fassets} where code = ? and [Type] = ?", code, kBusinessAnnexure);
+    for (const StoredAsset& asset : assets) {
+        std::vector<Field> fields = FieldsOf(asset.row, edition);
+        fields.insert(fields.end(), {{"code", code}, {"Type", kBusinessAnnexure}, {"SNO", asset.line}});
+        if (asset.row.minor != 0)
+            fields.push_back({"Minor", asset.row.minor});
+        balance.Insert("fassets", fields);
+    }
+    transaction.Commit();
 }
 
 std::vector<AnnexureRow> LoadClosingValues(const Connection& balance, const std::string& code, std::string_view type,

@@ -45,6 +45,20 @@ std::optional<AnnexureRefusal> SaveAnnexure(const Connection& company, const Con
                                             const AnnexureOwner& owner, std::vector<AnnexureRow>& rows,
                                             const std::function<bool()>& ask);
 
+/// A stored row with the line of business it belongs to; none while its line is not saved by number.
+struct StoredAsset {
+    AnnexureRow row{};
+    Value line{};
+};
+
+/// The business annexures of all lines, children's rows among them, in the order in which they were saved.
+std::vector<StoredAsset> LoadAllAssets(const Connection& balance, const std::string& code,
+                                       const AnnexureEdition& edition);
+
+/// Stores these in place of all of them; each keeps its line and its child. Throws StoreError.
+void SaveAllAssets(const Connection& balance, const std::string& code, const std::vector<StoredAsset>& assets,
+                   const AnnexureEdition& edition);
+
 /// What the import from the preceding year takes over of a stored row: the closing value is the opening one. Whether
 /// its block is empty is not said until the row is entered anew.
 std::vector<AnnexureRow> LoadClosingValues(const Connection& balance, const std::string& code, std::string_view type,

@@ -109,7 +109,8 @@ class Stage {
             const auto tables = root_ / "client/data/TempXML.mdb";
             std::filesystem::remove(tables);
             if (sample != "none")
-                WriteTables(tables, TablesOf(ReadReport(ReportFileContent(std::filesystem::path(PGBP_REPORTS) / sample))));
+                WriteTables(tables,
+                            TablesOf(ReadReport(ReportFileContent(std::filesystem::path(PGBP_REPORTS) / sample))));
         };
     }
 
