@@ -38,7 +38,7 @@ def print_ratios(times):
 
 def flatness(times):
     for thing in ("Recompute", "OpenList", "WriteHead", "SaveLine", "OpenLine", "Keystroke", "OpenItems", "SaveItems",
-                  "SaveStatement", "OpenStatement"):
+                  "SaveStatement", "OpenStatement", "OpenAnnexure", "SaveAnnexure", "ImportYear"):
         small, large = times.get(f"{thing}/1"), times.get(f"{thing}/100000")
         if small and large:
             print(f"{thing:<34} 100,000 assessee-years against 1: {large[0] / small[0]:.2f}")

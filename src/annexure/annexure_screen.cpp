@@ -47,7 +47,8 @@ AnnexureScreen::AnnexureScreen(Run& itsRun, const AnnexureEdition& edition)
     WireButtons();
 }
 
-/// A child's number and the line's are no fields, the twentieth column is the scratch mark of a check.
+/// The grid shows the eight columns that a preparer reads; what else a row holds is in its fields when it is taken
+/// back.
 std::vector<ItemColumn<AnnexureRow>> AnnexureScreen::Columns(const AnnexureEdition& edition)
 {
     using enum GridColumnKind;
@@ -62,27 +63,20 @@ std::vector<ItemColumn<AnnexureRow>> AnnexureScreen::Columns(const AnnexureEditi
         {.shown = {"Sale", Amount}, .member = &AnnexureRow::sales, .field = typedSales, .places = places},
         {.shown = {"Dep", Amount}, .member = &AnnexureRow::depreciation, .field = &txtdep, .places = places},
         {.shown = {"Cl.Bal", Amount}, .member = &AnnexureRow::closing, .places = places},
-        {.shown = {"Minor", Hidden}, .member = &AnnexureRow::minor, .places = 0},
-        {.shown = {"Sno", Hidden}, .member = std::monostate()},
-        {.shown = {"Group", Hidden}, .member = &AnnexureRow::group, .field = &CBOGRP, .stays = true},
+        {.member = &AnnexureRow::group, .field = &CBOGRP, .inGrid = false, .stays = true},
     };
     if (!edition.hasHalves)
         return columns;
-    for (const ItemColumn<AnnexureRow>& column : std::initializer_list<ItemColumn<AnnexureRow>>{
-             {.shown = {"", Hidden}, .member = &AnnexureRow::sales1, .field = &TxtSales1, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::sales2, .field = &TxtSales2, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::depreciation1, .field = &TxtDep1, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::depreciation2, .field = &TxtDep2, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::additional1, .field = &TxtAdd1, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::additional2, .field = &TxtAdd2, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::expenses, .field = &TxtExps, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::isEmpty, .tick = &ChkEmpty},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::dateOfSale, .field = &txtdate1},
-             {.shown = {"", Hidden}, .member = std::monostate()},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::disallowed, .field = &Txt382, .places = places},
-             {.shown = {"", Hidden}, .member = &AnnexureRow::netDepreciation, .places = places},
-         })
-        columns.push_back(column);
+    const std::pair<double AnnexureRow::*, txtn*> amounts[] = {
+        {&AnnexureRow::sales1, &TxtSales1},      {&AnnexureRow::sales2, &TxtSales2},
+        {&AnnexureRow::depreciation1, &TxtDep1}, {&AnnexureRow::depreciation2, &TxtDep2},
+        {&AnnexureRow::additional1, &TxtAdd1},   {&AnnexureRow::additional2, &TxtAdd2},
+        {&AnnexureRow::expenses, &TxtExps},      {&AnnexureRow::disallowed, &Txt382},
+    };
+    for (const auto& [member, field] : amounts)
+        columns.push_back({.member = member, .field = field, .places = places, .inGrid = false});
+    columns.push_back({.member = &AnnexureRow::isEmpty, .tick = &ChkEmpty, .inGrid = false});
+    columns.push_back({.member = &AnnexureRow::dateOfSale, .field = &txtdate1, .inGrid = false});
     return columns;
 }
 
@@ -187,6 +181,7 @@ void AnnexureScreen::Open(const AnnexureOpening& opening)
     opening_ = opening;
     if (!opening.caption.empty())
         caption = opening.caption;
+    const Reading reading(run.company);
     previousCode_ = PreviousYearCode(run);
     CmdImp.enabled = !previousCode_.empty();
     ShowWhatThereIs();

@@ -119,26 +119,42 @@ void AddGain(const Connection& company, const AnnexureOwner& owner, const Sec50G
     company.Insert("capital1", fields);
 }
 
-/// Name, rate and the amounts that a table of assets has in whatever edition.
-AnnexureRow AmountsOf(const Row& record, std::span<const AmountColumn> amounts, const AnnexureEdition& edition)
+/// What is read of a row, in this order: name, rate, the amounts of the edition; group and child; what halves have.
+std::string NameRateAndAmounts(const AnnexureEdition& edition)
 {
-    AnnexureRow row{.name = record["f_name"].Text(), .rate = record["f_deprate"].Number()};
-    for (const AmountColumn& column : amounts)
-        row.*column.amount = ShownAmount(record[column.column].Number(), edition);
+    std::string columns = "f_name, f_deprate";
+    for (const AmountColumn& column : AmountColumns(edition))
+        columns.append(", ").append(column.column);
+    return columns;
+}
+
+std::string ReadColumns(const AnnexureEdition& edition)
+{
+    return NameRateAndAmounts(edition) + ", U_Desc, Minor" +
+           (edition.hasHalves ? ", ded382, netdep, f_block, f_date" : "");
+}
+
+AnnexureRow NameRateAndAmounts(const Row& record, const AnnexureEdition& stored, const AnnexureEdition& edition)
+{
+    AnnexureRow row{.name = record.At(0).Text(), .rate = record.At(1).Number()};
+    std::size_t at = 2;
+    for (const AmountColumn& column : AmountColumns(stored))
+        row.*column.amount = ShownAmount(record.At(at++).Number(), edition);
     return row;
 }
 
 AnnexureRow FromRecord(const Row& record, const AnnexureEdition& edition)
 {
-    AnnexureRow row = AmountsOf(record, AmountColumns(edition), edition);
-    row.group = record["U_Desc"].Text();
-    row.minor = record["Minor"].Number();
+    AnnexureRow row = NameRateAndAmounts(record, edition, edition);
+    std::size_t at = 2 + AmountColumns(edition).size();
+    row.group = record.At(at++).Text();
+    row.minor = record.At(at++).Number();
     if (!edition.hasHalves)
         return row;
-    row.disallowed = ShownAmount(record["ded382"].Number(), edition);
-    row.netDepreciation = ShownAmount(record["netdep"].Number(), edition);
-    row.isEmpty = record["f_block"].Flag();
-    row.dateOfSale = record["f_date"].Date();
+    row.disallowed = ShownAmount(record.At(at++).Number(), edition);
+    row.netDepreciation = ShownAmount(record.At(at++).Number(), edition);
+    row.isEmpty = record.At(at++).Flag();
+    row.dateOfSale = record.At(at++).Date();
     return row;
 }
 
@@ -154,7 +170,8 @@ Sec50Gain GainOnEmptyBlock(const AnnexureRow& row, int year)
 std::vector<AnnexureRow> LoadAnnexure(const Connection& balance, const AnnexureOwner& owner)
 {
     const Condition stored = OwnedRows(owner);
-    const auto select = "select * " + stored.text + std::string(balance.dialect().insertionOrder);
+    const auto select =
+        "select " + ReadColumns(owner.edition) + ' ' + stored.text + std::string(balance.dialect().insertionOrder);
     std::vector<AnnexureRow> rows;
     for (const Row record : balance.QueryBound(select, stored.values))
         rows.push_back(FromRecord(record, owner.edition));
@@ -165,10 +182,11 @@ std::vector<StoredAsset> LoadAllAssets(const Connection& balance, const std::str
                                        const AnnexureEdition& edition)
 {
     std::vector<StoredAsset> assets;
-    for (const Row record : balance.Query("select * from {fassets} where code = ? and [Type] = ?" +
-                                              std::string(balance.dialect().insertionOrder),
-                                          code, kBusinessAnnexure))
-        assets.push_back({FromRecord(record, edition), record["SNO"]});
+    for (const Row record :
+         balance.Query("select " + ReadColumns(edition) + ", SNO from {fassets} where code = ? and [Type] = ?" +
+                           std::string(balance.dialect().insertionOrder),
+                       code, kBusinessAnnexure))
+        assets.push_back({FromRecord(record, edition), record.At(record.Size() - 1)});
     return assets;
 }
 
@@ -197,10 +215,10 @@ std::vector<AnnexureRow> LoadClosingValues(const Connection& balance, const std:
         "select f_name, f_deprate, f_clbal, U_Desc " + stored.text + std::string(balance.dialect().insertionOrder);
     std::vector<AnnexureRow> rows;
     for (const Row record : balance.QueryBound(select, stored.values)) {
-        const double closing = ShownAmount(record["f_clbal"].Number(), edition);
-        rows.push_back({.name = record["f_name"].Text(),
-                        .group = record["U_Desc"].Text(),
-                        .rate = record["f_deprate"].Number(),
+        const double closing = ShownAmount(record.At(2).Number(), edition);
+        rows.push_back({.name = record.At(0).Text(),
+                        .group = record.At(3).Text(),
+                        .rate = record.At(1).Number(),
                         .opening = closing,
                         .closing = closing});
     }
@@ -211,8 +229,11 @@ std::vector<AnnexureRow> LoadBooks(const Connection& books, const std::string& c
                                    const AnnexureEdition& edition)
 {
     std::vector<AnnexureRow> rows;
-    for (const Row record : books.Query("select * from {fassets} where code = ? and [Type] = ?", code, type))
-        rows.push_back(AmountsOf(record, AmountColumns(kOldAnnexure), edition));
+    for (const Row record :
+         books.Query("select " + NameRateAndAmounts(kOldAnnexure) + " from {fassets} where code = ? and [Type] = ?" +
+                         std::string(books.dialect().insertionOrder),
+                     code, type))
+        rows.push_back(NameRateAndAmounts(record, kOldAnnexure, edition));
     return rows;
 }
 

@@ -21,13 +21,13 @@ namespace pgbp {
 
 /// A column of a list of items: how the grid shows it, the member of the item that holds it, and the field or tick in
 /// which it is entered; none of them where the screen computes it. A column whose member is none shows the running
-/// number, one of nothing stays empty.
+/// number.
 template <typename Item>
 struct ItemColumn {
     using Member = std::variant<std::string Item::*, double Item::*, std::optional<double> Item::*, bool Item::*,
-                                std::optional<bool> Item::*, std::optional<DateTime> Item::*, std::monostate>;
+                                std::optional<bool> Item::*, std::optional<DateTime> Item::*>;
 
-    GridColumn shown;
+    GridColumn shown{};
     Member member;
     TextBox* field = nullptr;
     CheckBox* tick = nullptr;
@@ -55,9 +55,7 @@ struct ItemColumn {
             return !(item.**said) ? "" : *(item.**said) ? "1" : "0";
         if (const auto* day = std::get_if<std::optional<DateTime> Item::*>(&member))
             return item.**day ? DayText(*(item.**day)) : "";
-        if (const auto* text = std::get_if<std::string Item::*>(&member))
-            return item.**text;
-        return "";
+        return item.*std::get<std::string Item::*>(member);
     }
     /// Puts what was entered into the item.
     void Take(Item& item) const
@@ -83,17 +81,15 @@ struct ItemColumn {
     template <typename Which>
     void TakeInto(Item& item, Which which) const
     {
-        if constexpr (!std::is_same_v<Which, std::monostate>) {
-            using Held = std::remove_reference_t<decltype(item.*which)>;
-            if constexpr (std::is_same_v<Held, bool> || std::is_same_v<Held, std::optional<bool>>)
-                item.*which = tick->value.get();
-            else if constexpr (std::is_same_v<Held, std::string>)
-                item.*which = field->text();
-            else if constexpr (std::is_same_v<Held, std::optional<DateTime>>)
-                item.*which = FromDayText(field->text());
-            else
-                item.*which = Val(*field);
-        }
+        using Held = std::remove_reference_t<decltype(item.*which)>;
+        if constexpr (std::is_same_v<Held, bool> || std::is_same_v<Held, std::optional<bool>>)
+            item.*which = tick->value.get();
+        else if constexpr (std::is_same_v<Held, std::string>)
+            item.*which = field->text();
+        else if constexpr (std::is_same_v<Held, std::optional<DateTime>>)
+            item.*which = FromDayText(field->text());
+        else
+            item.*which = Val(*field);
     }
 };
 
@@ -199,7 +195,8 @@ template <typename Item>
 void ItemEntry<Item>::Open(std::vector<Item> items)
 {
     Reset(std::move(items));
-    Change(items_.size());
+    if (changed)
+        changed();
 }
 
 template <typename Item>
