@@ -83,10 +83,10 @@ std::vector<ItemColumn<AnnexureRow>> AnnexureScreen::Columns(const AnnexureEditi
 void AnnexureScreen::LayOut()
 {
     using enum LayoutColumn;
-    Label5 = edition_.hasHalves ? "Purchase : 1st Half :" : "1st Half :";
-    Label6 = edition_.hasHalves ? "Purchase : 2nd Half :" : "2nd Half :";
-    Label10 = edition_.hasHalves ? "Total Sales :" : "Sales :";
-    Label16 = edition_.hasHalves ? "Total Depreciation :" : "Depreciation :";
+    Label5 = edition_.hasHalves ? "Purchase : 1st Half" : "1st Half";
+    Label6 = edition_.hasHalves ? "Purchase : 2nd Half" : "2nd Half";
+    Label10 = edition_.hasHalves ? "Total Sales" : "Sales";
+    Label16 = edition_.hasHalves ? "Total Depreciation" : "Depreciation";
     FraDt.Lay({.columns = {Caption, Field}, .rows = {{{&Label22, &txtdate1}}}});
     framain.Lay({.columns = {Caption, Field, Caption, Field, Button},
                  .rows = edition_.hasHalves ? RowsWithHalves() : RowsWithoutHalves(),
@@ -110,7 +110,7 @@ std::vector<LayoutRow> AnnexureScreen::RowsWithHalves()
             {{&Label16, &txtdep, &Label17, &Txt382}},
             {{&Label18, &TxtNetDep, &Label19, &lblclbal}},
             {.cells = {&ChkEmpty, nullptr, &FraDt}, .keepsPlace = true},
-            {{&Label21, &TxtExps, nullptr, nullptr, &CmdAdd}},
+            {{nullptr, nullptr, &Label21, &TxtExps, &CmdAdd}},
             {{&DBGrid1}},
             {.cells = {nullptr, nullptr, &Label23, &LblTot}, .style = RowStyle::Final}};
 }
