@@ -150,6 +150,32 @@ END
 # the account of a line, and what lies over it
 account="$line
 click frmbusinesscal.CmdPNL"
+shot annexure 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdDep
+set frmfassetsNew.txtname Embroidery machine
+select frmfassetsNew.CBOGRP "Machinery & Plant"
+set frmfassetsNew.txtdeprate 15
+set frmfassetsNew.txtpur2 400000
+END
+shot annexure-lines 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdDep
+click frmfassetsNew.Command1
+END
+PGBP_THEME=dark shot annexure-empty-block 1003r2023-24 <<END
+$line
+click frmbusinesscal.CmdF
+dblclick frmfassetsNew.DBGrid1 4
+set frmfassetsNew.TxtSales1 90000
+click frmfassetsNew.ChkEmpty
+set frmfassetsNew.txtdate1 15-11-2022
+END
+shot annexure-2005 1008r2008-09 Glyear=2005-06 <<END
+click frmbusiness.cmd1
+dblclick frmbusiness.DBGrid1 1
+click frmbusinesscal.CmdDep
+END
 shot statement 1003r2023-24 GlLarge=1 <<END
 $account
 click FrmbspnlPGBP.ChkPr

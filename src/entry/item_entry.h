@@ -115,7 +115,11 @@ class ItemEntry {
     /// Shows the items as they are stored, with empty fields.
     void Open(std::vector<Item> items);
     /// Forgets everything.
-    void Close() { Reset({}); }
+    void Close()
+    {
+        Reset({});
+        Show(0);
+    }
     const std::vector<Item>& items() const { return items_; }
     const std::vector<ItemColumn<Item>>& columns() const { return columns_; }
     /// Puts these in place of the items, or behind them.
@@ -195,8 +199,7 @@ template <typename Item>
 void ItemEntry<Item>::Open(std::vector<Item> items)
 {
     Reset(std::move(items));
-    if (changed)
-        changed();
+    Change(items_.size());
 }
 
 template <typename Item>
@@ -206,7 +209,6 @@ void ItemEntry<Item>::Reset(std::vector<Item> items)
     opened_ = items_;
     deleted_.clear();
     Clear();
-    Show(items_.size());
 }
 
 template <typename Item>

@@ -119,3 +119,25 @@ TEST(Annexure, TotalIsTheSumOfTheRows)
     AnnexureEntry entry{.row = {.rate = 15, .opening = std::numeric_limits<double>::max() / 2}};
     EXPECT_THROW(CalcEntry(entry), std::overflow_error);
 }
+
+TEST(AnnexureArithmetic, TheOlderAnnexureTakesSalesFromTheFullRate)
+{
+    const struct {
+        double opening, purchases1, purchases2, sales, rate, depreciation, closing;
+    } cases[] = {
+        {1000, 0, 500, 1000, 10, 25, 475}, // what is left is no more than the second half: all of it at half the rate
+        {1000, 0, 500, 0, 10, 125, 1375},   {1000, 0, 500, 1000.01, 10, 25, 474.99}, // 24.9995
+        {100, 33.33, 0, 0, 15, 20, 113.33},                                          // 19.9995
+        {100, 0, 0, 200, 15, 0, -100},
+    };
+    for (const auto& c : cases) {
+        AnnexureEntry entry{.row = {.rate = c.rate,
+                                    .opening = c.opening,
+                                    .purchases1 = c.purchases1,
+                                    .purchases2 = c.purchases2,
+                                    .sales = c.sales}};
+        CalcEntry(entry, kOldAnnexure);
+        EXPECT_DOUBLE_EQ(entry.row.depreciation, c.depreciation) << c.sales;
+        EXPECT_DOUBLE_EQ(entry.row.closing, c.closing) << c.sales;
+    }
+}

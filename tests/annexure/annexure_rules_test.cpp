@@ -15,6 +15,7 @@ TEST(AnnexureRules, RatesOfEachGroupAndYear)
         int from, to;
         std::set<int> rates;
         const char* words;
+        AnnexureRates its = AnnexureRates::OfTheYear;
     };
     const Case cases[] = {
         {"Buildings", 2005, 2017, {100, 10, 5}, "Rates are: 5, 10 and 100 in this group.."},
@@ -30,17 +31,39 @@ TEST(AnnexureRules, RatesOfEachGroupAndYear)
         {"Machinery & Plant", 2020, 2026, {15, 30, 40, 45}, "Rates are: 15, 30, 40 and 45 in this group.."},
         {"Intangible Assets", 2005, 2026, {25}, "Rate is 25 in this group..."},
         {"Ships", 2005, 2026, {20}, "Rate is 20 in this group..."},
+        {"Buildings", 2018, 2026, {5, 10, 100}, "Rates are: 5, 10 and 100 in this group..", AnnexureRates::Before2018},
+        {"Machinery & Plant",
+         2018,
+         2026,
+         {15, 30, 40, 50, 60, 80, 100},
+         "Rates are: 15, 30, 40, 50, 60, 80 and 100 in this group..",
+         AnnexureRates::Before2018},
+        {"Buildings", 2000, 2006, {5, 10, 100}, "Rates are: 5, 10 and 100 in this group..", AnnexureRates::Before2007},
+        {"Furniture & Fittings",
+         2000,
+         2006,
+         {10, 15},
+         "Rates are: 10 and 15 in this group..",
+         AnnexureRates::Before2007},
+        {"Machinery & Plant",
+         2000,
+         2006,
+         {15, 20, 30, 40, 50, 60, 80, 100},
+         "Rates are: 15, 20, 30, 40, 50, 60, 80 and 100 in this group..",
+         AnnexureRates::Before2007},
     };
     for (const Case& c : cases)
         for (int year = c.from; year <= c.to; ++year) {
             for (int rate = 0; rate <= 101; ++rate) {
-                const auto refusal = RefusalOfRate(c.group, year, rate);
+                const auto refusal = RefusalOfRate(c.group, year, rate, c.its);
                 EXPECT_EQ(!refusal, c.rates.contains(rate)) << c.group << ' ' << year << ' ' << rate;
                 EXPECT_TRUE(!refusal || *refusal == "Only allowed Depreciation " + std::string(c.words)) << *refusal;
             }
-            EXPECT_TRUE(RefusalOfRate(c.group, year, *c.rates.begin() + 0.01)) << c.group << ' ' << year;
+            EXPECT_TRUE(RefusalOfRate(c.group, year, *c.rates.begin() + 0.01, c.its)) << c.group << ' ' << year;
         }
     EXPECT_FALSE(RefusalOfRate("Live stock", 2020, 33.33)) << "an unknown group has no rates";
+    EXPECT_EQ(RefusalOfRate("Intangible Assets", 2005, 20, AnnexureRates::Before2007),
+              "Olnly allowed Depreciation Rate is 25 in this group...");
 }
 
 TEST(AnnexureRules, FirstThingWrongWithARowIsTold)

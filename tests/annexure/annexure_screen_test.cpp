@@ -169,8 +169,9 @@ TEST_F(AnnexureOnScreen, TheBlockTakesTheDifferenceOnlyOnYes)
         }
         boxes.answers = {answer};
         form.Click(form.CmdSave);
-        EXPECT_EQ(boxes.Take().text, "There is some difference of depreciation between individual asset calculation and "
-                                     "block calculation.\nDo you want to correct it ?");
+        EXPECT_EQ(boxes.Take().text,
+                  "There is some difference of depreciation between individual asset calculation and "
+                  "block calculation.\nDo you want to correct it ?");
         return total.rupees;
     };
     // each 150.45, the block 300.9
@@ -189,8 +190,13 @@ TEST_F(AnnexureOnScreen, AskedForEachGroupBeforeAnythingIsStored)
     {
         const Connection books = File("balancesheet.mdb");
         books.Insert("clientasst", {{"c_no", 7}, {"ass_yr", "2023-2024"}, {"actual", false}, {"code", "B7"}});
-        books.Insert("fassets", {{"Code", "B7"}, {"Type", "I"}, {"f_name", "Press"}, {"f_deprate", 15},
-                                 {"f_opbal", 1000.6}, {"F_Dep", 150}, {"f_clbal", 851}});
+        books.Insert("fassets", {{"Code", "B7"},
+                                 {"Type", "I"},
+                                 {"f_name", "Press"},
+                                 {"f_deprate", 15},
+                                 {"f_opbal", 1000.6},
+                                 {"F_Dep", 150},
+                                 {"f_clbal", 851}});
         books.Insert("fassets", {{"Code", "B7"}, {"Type", "G"}, {"f_name", "Of another status"}});
     }
     AnnexureScreen& form = Open();
@@ -250,7 +256,8 @@ TEST_F(AnnexureOnScreen, ASaveThatFailsKeepsWhatWasKeyed)
     AnnexureScreen& form = Open();
     form.CBOGRP.Choose(4);
     Add(form, {{&form.txtname, "O'Hara's \"tug\" 100% \xe0\xa4\xa8\xe0\xa4\xbe\xe0\xa4\xb5"},
-               {&form.txtdeprate, "20"}, {&form.txtopbal, "1000"}});
+               {&form.txtdeprate, "20"},
+               {&form.txtopbal, "1000"}});
     for (const char* table : {"capital1", "fassets"}) {
         const std::string file = std::string(table) == "fassets" ? "[balance]" : "main";
         run->company.Execute("create trigger " + file + ".refuse before " +

@@ -79,6 +79,21 @@ class Items : public testing::Test {
     ItemScreen* screen = nullptr;
 };
 
+TEST_F(Items, WhatStandsBelowFollowsWhatTheOwnerComputed)
+{
+    double sum = 0;
+    screen->entry.changed = [&] {
+        sum = 0;
+        for (const Item& item : screen->entry.items())
+            sum += item.amount;
+    };
+    screen->entry.footer = [&] { return std::vector{std::string(), Amount(sum)}; };
+    screen->entry.Open({{"Rent", 10}, {"Fuel", 20}});
+    EXPECT_EQ(screen->rows.footer()[1], "30.00");
+    screen->rows.onDelete(1);
+    EXPECT_EQ(screen->rows.footer()[1], "20.00");
+}
+
 TEST_F(Items, AChangedItemKeepsItsPlaceAndWhatNoFieldHolds)
 {
     TakeBack(1);
