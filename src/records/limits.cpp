@@ -47,11 +47,11 @@ double CommissionLimit(const Run& run)
         .Number();
 }
 
-double YearLimit(const Run& run, std::string_view type)
+std::optional<double> YearLimit(const Run& run, std::string_view type)
 {
-    return run.tax
-        .Scalar("select amount from {system} where [type] = ? and [from] <= ? order by [from] desc", type, run.Year())
-        .Number();
+    const Value limit = run.tax.Scalar(
+        "select amount from {system} where [type] = ? and [from] <= ? order by [from] desc", type, run.Year());
+    return limit.IsNull() ? std::nullopt : std::optional(limit.Number());
 }
 
 void PlantLimits2017(const Run& run)

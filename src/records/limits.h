@@ -2,15 +2,18 @@
 
 #include "startup/run.h"
 
+#include <optional>
+#include <string_view>
+
 namespace pgbp {
 
 /// The commission limit: the last "LIC" row dated up to the end of the previous year, 31 March of the assessment year;
 /// 0 when there is none. Rupees.
 double CommissionLimit(const Run& run);
 
-/// The limit of this type that counts in the run's year: the one with the latest first year not after it; 0 when there
-/// is none. Rupees.
-double YearLimit(const Run& run, std::string_view type);
+/// The limit of this type that counts in the run's year: the one with the latest first year not after it. Rupees; a
+/// number of vehicles for "L_VEH".
+std::optional<double> YearLimit(const Run& run, std::string_view type);
 
 /// Adds the presumptive limits of assessment year 2017-18 where an older tax file misses them.
 void PlantLimits2017(const Run& run);

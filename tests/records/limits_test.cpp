@@ -40,7 +40,7 @@ TEST_F(LimitsOf2024, TheLatestThatHasBegunCounts)
     Limit("H_VEH", 2024, 3000);
     Start(); // of 2023-24
     EXPECT_EQ(YearLimit(*run, "H_VEH"), 2000);
-    EXPECT_EQ(YearLimit(*run, "none"), 0);
+    EXPECT_EQ(YearLimit(*run, "none"), std::nullopt);
 }
 
 TEST_F(LimitsOf2024, ChangedByThePracticeStay)
