@@ -20,6 +20,9 @@ namespace {
 
 constexpr double kAnnexureOfComputation = 111; ///< `GLwhere` while the annexure of this screen is open
 
+/// Details that the presumptive frame stores itself: the businesses of a line u/s 44AD.
+constexpr std::string_view kBusinesses = "44AD";
+
 /// The heads of income to which an adjustment may belong.
 std::vector<std::string> OtherHeads(const Run& run)
 {
@@ -180,6 +183,7 @@ void frmbusinesscal::Wire()
     CmdF.onClick = [this] { OpenAnnexure(screens::frmfassetsNew, "Capital Gain Annexure"); };
     LeadsTo(CmdF, screens::frmfassetsNew);
     presumptive.listReplaced = [this] { RefreshTotals(); };
+    presumptive.cmdsave44ad.onClick = [this] { SaveDeemed(); };
     framain.onEscape = presumptive.fra44ad.onEscape = [this] { Back(); };
     presumptive.cmdback44ad.onClick = header.CmdBack.onClick = [this] { Back(); };
     header.CmdSave.onClick = [this] { Save(); };
@@ -226,6 +230,8 @@ void frmbusinesscal::Open(const LineOpening& opening)
     annexure_.Open(header.IsEdit() ? std::optional(header.Sno()) : std::nullopt);
     if (header.IsEdit())
         BusinessFill();
+    if (!RulesOf(run).IsNormal())
+        presumptive.Open(header);
     RefreshTotals();
     ApplyYearAndStatus();
 }
@@ -303,7 +309,7 @@ void frmbusinesscal::RefreshTotals()
     totals_.Read(run);
     ShowListTotals();
     CalBalance();
-    presumptive.CalBalance1(totals_);
+    presumptive.CalBalance1();
 }
 
 void frmbusinesscal::ShowListTotals()
@@ -361,16 +367,47 @@ bool frmbusinesscal::NothingEntered() const
 bool frmbusinesscal::Altered() const
 {
     return header.Altered() || annexure_.Altered() || fra1.Altered() || fra2.Altered() || fra4.Altered() ||
-           partners.Altered() || other.section35.Altered() || accounts.Altered();
+           partners.Altered() || presumptive.Altered() || other.section35.Altered() || accounts.Altered();
 }
 
 void frmbusinesscal::Save()
 {
-    if (header.RefusesSave(NothingEntered()))
+    if (!header.RefusesSave(NothingEntered()))
+        StoreAndLeave(lblincome);
+}
+
+/// `cmdsave44ad`: with books the computation goes on from the accounts, without them the deemed profit is stored.
+void frmbusinesscal::SaveDeemed()
+{
+    if (!presumptive.MayGoOn())
         return;
+    if (presumptive.chk44ad.value)
+        return Continue();
+    if (!presumptive.MayBeStored())
+        return;
+    TakeDescriptions();
+    StoreAndLeave(presumptive.lbl44adfinal);
+}
+
+void frmbusinesscal::TakeDescriptions()
+{
+    header.txtdescr1 = presumptive.txt44ad1.text();
+    header.txtdescr2 = presumptive.txt44ad2.text();
+}
+
+void frmbusinesscal::Continue()
+{
+    TakeDescriptions();
+    presumptive.fra44ad.visible = false;
+    framain.visible = header.CmdBack.visible = true;
+    SetFocus(header.txtdescr1);
+}
+
+void frmbusinesscal::StoreAndLeave(const TextControl& income)
+{
     if (!Store())
         return ReadAnnexureAnew();
-    TellSaved(header.Name(), Val(lblincome));
+    TellSaved(header.Name(), Val(income));
     run.screens.Return();
 }
 
@@ -381,15 +418,24 @@ bool frmbusinesscal::Store()
     if (!annexure_.IsMine())
         return false;
     const double sno = header.WriteRow(TypeOf(Line()), BusinessColumns(), transaction);
-    StoreOther(sno, transaction);
+    if (framain.visible)
+        StoreOther(sno, transaction);
+    if (!RulesOf(run).IsNormal())
+        presumptive.Store(sno, transaction);
     if (partners.ChkChange.value)
         LineDetails(run, "PARTCHANGE", sno).Add({{"amt1", 1}}, transaction);
-    const bool claimed = other.section10abc.IsClaimed();
     CopyWorkToLine(
-        run, sno, [&](std::string_view type) { return claimed || type != "10abc"; }, Apostrophes::Blank);
+        run, sno, [this](std::string_view type) { return GoesAlong(type); }, Apostrophes::Blank);
     annexure_.Store(sno, transaction);
     transaction.Commit();
     return true;
+}
+
+bool frmbusinesscal::GoesAlong(std::string_view type) const
+{
+    if (type == "10abc")
+        return other.section10abc.IsClaimed();
+    return !RulesOf(run).HasSeveralBusinesses() || !EqualsIgnoringCase(type, kBusinesses);
 }
 
 void frmbusinesscal::ReadAnnexureAnew()
@@ -405,7 +451,7 @@ void frmbusinesscal::ReadAnnexureAnew()
 
 std::vector<Field> frmbusinesscal::BusinessColumns() const
 {
-    const bool isDeemed = Kind(Line()).isDeemed && !presumptive.chk44ad.value;
+    const bool isDeemed = presumptive.fra44ad.visible || (Kind(Line()).isDeemed && !presumptive.chk44ad.value);
     const auto computed = [&](const TextControl& amount) { return isDeemed ? 0 : Val(amount); };
     const auto& claims = other.section10abc;
     return {{"PNL", computed(header.txtpnl)},
@@ -415,7 +461,7 @@ std::vector<Field> frmbusinesscal::BusinessColumns() const
             {"q10abc2", !isDeemed && claims.chk10abc2.value},
             {"NET", computed(lblincome)},
             {"books", presumptive.chk44ad.value.get()},
-            {"turnover", Val(presumptive.txtrece)},
+            {"turnover", presumptive.Entered().Total()},
             {"sec44", Val(presumptive.Lbl44AD)},
             {"net44", Val(presumptive.lbl44adfinal)}};
 }
@@ -442,7 +488,7 @@ void frmbusinesscal::Back()
         return card->onEscape();
     if (RulesOf(run).IsNormal() || presumptive.fra44ad.visible)
         return Close();
-    framain.visible = false;
+    framain.visible = header.CmdBack.visible = false;
     presumptive.fra44ad.visible = true;
 }
 

@@ -81,7 +81,7 @@ class frmbusinesscal : public Screen {
     cmd CmdF{*this, "CmdF", "STC&G on Depreciable Assets"};
     cmd Command1{*this, "Command1", "&Fill Partners/Members Details"};
 
-    PresumptiveFrame presumptive{*this};
+    PresumptiveFrame presumptive{*this, totals_};
     OtherAdjustments other;
     DescriptionList fra1{*this};
     SectionList fra2{*this, {"fra2", "DBGrid2", "cmdadd1", "cmdsave1", "cmdback1"}};
@@ -109,7 +109,13 @@ class frmbusinesscal : public Screen {
     bool Altered() const;
     bool NothingEntered() const;
     void Save();
+    void SaveDeemed();
+    void TakeDescriptions();
+    void Continue();
+    void StoreAndLeave(const TextControl& income);
     bool Store();
+    /// Details of this type are stored as they stand in the working table.
+    bool GoesAlong(std::string_view type) const;
     void ReadAnnexureAnew();
     std::vector<Field> BusinessColumns() const;
     void StoreOther(double sno, const Transaction& proof) const;

@@ -100,10 +100,15 @@ bool LineHeader::RefusesSave(bool nothingEntered)
         run_.Inform("Nothing to save....");
         return true;
     }
-    if (!txtdescr1.text().empty() || !txtdescr2.text().empty())
+    return LacksDescription(form_, txtdescr1, txtdescr2);
+}
+
+bool LacksDescription(Screen& form, txt& first, const txt& second)
+{
+    if (!first.text().empty() || !second.text().empty())
         return false;
-    run_.Show("Description can not be left blank...", "Infromation", Icon::Information);
-    form_.SetFocus(txtdescr1);
+    form.run.Show("Description can not be left blank...", "Infromation", Icon::Information);
+    form.SetFocus(first);
     return true;
 }
 

@@ -83,4 +83,7 @@ class LineHeader {
     double attempted_ = 0; ///< number under which a new line was written last; 0 before that
 };
 
+/// Tells that a line needs one of its two descriptions, and gives the focus there; true when both are empty.
+bool LacksDescription(Screen& form, txt& first, const txt& second);
+
 } // namespace pgbp

@@ -23,6 +23,33 @@ bool LineRules::DeductsOtherHeadsOfVDA() const { return year >= 2023; }
 bool LineRules::ShowsPartners() const { return HasPartners(status); }
 bool LineRules::PartnersOfDeemedIncome() const { return ShowsPartners() && year >= kSchedulesOfTheReturn; }
 bool LineRules::ShowsAccountOfReturn() const { return year >= kSchedulesOfTheReturn && year < 2019; }
+bool LineRules::HasWholeProfit() const { return year >= 2017; }
+bool LineRules::DeemsAtRate() const { return kind == kPresumptive44AD || kind == kRetail44AF; }
+bool LineRules::DeemsByReceipts() const { return kind == kPresumptive44AD && year >= 2017; }
+bool LineRules::TakesBankReceipts() const { return DeemsByReceipts() || kind == kProfession44ADA; }
+bool LineRules::NamesCashAndBank() const { return kind == kProfession44ADA && year >= 2024; }
+bool LineRules::TakesOtherReceipts() const { return TakesBankReceipts() && year >= 2025; }
+bool LineRules::HasSeveralBusinesses() const { return kind == kPresumptive44AD; }
+bool LineRules::CountsVehicles() const { return kind == kTransport44AE; }
+
+bool LineRules::StoresAccountOfReturn() const
+{
+    return !IsNormal() && year >= (kind == kProfession44ADA ? 2017 : kSchedulesOfTheReturn);
+}
+
+DeemingSection LineRules::Section() const
+{
+    switch (kind) {
+    case kProfession44ADA:
+        return DeemingSection::k44ADA;
+    case kTransport44AE:
+        return DeemingSection::k44AE;
+    case kRetail44AF:
+        return DeemingSection::k44AF;
+    default:
+        return DeemingSection::k44AD;
+    }
+}
 
 bool LineRules::AsksForExemption() const
 {

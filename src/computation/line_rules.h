@@ -1,5 +1,6 @@
 #pragma once
 
+#include "law/presumptive_income.h"
 #include "records/lines.h"
 
 #include <string_view>
@@ -26,6 +27,17 @@ struct LineRules {
     bool ShowsPartners() const;    ///< firms and associations
     bool PartnersOfDeemedIncome() const; ///< of a deemed income too, from 2007
     bool ShowsAccountOfReturn() const;   ///< four figures of the return's account beside a deemed income, 2007 to 2018
+    bool StoresAccountOfReturn() const;  ///< and rows of the return with them: u/s 44ADA, which begins later, from 2017
+    bool HasWholeProfit() const;         ///< the account tells the profit of all lines too, from 2017
+
+    DeemingSection Section() const;    ///< that deems the income of a presumptive line
+    bool DeemsAtRate() const;          ///< on all receipts one rate that can be typed over: sections 44AD, 44AF
+    bool DeemsByReceipts() const;      ///< a rate and a profit for each kind of receipts: section 44AD from 2017
+    bool TakesBankReceipts() const;    ///< receipts through a bank apart: section 44AD from 2017, section 44ADA
+    bool NamesCashAndBank() const;     ///< a profession's receipts are asked for as cash and bank, from 2024
+    bool TakesOtherReceipts() const;   ///< neither in cash nor through a bank, from 2025
+    bool HasSeveralBusinesses() const; ///< several businesses under one line: section 44AD
+    bool CountsVehicles() const;       ///< section 44AE
 };
 
 LineRules RulesOf(const Run& run);

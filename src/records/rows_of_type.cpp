@@ -12,6 +12,11 @@ RowsOfType MiscItems(const Run& run, std::string_view type, std::optional<double
     return {run, {run.company, "misc_items", "sno"}, type, line};
 }
 
+RowsOfType ItemsOfBalance(const Run& run, std::string_view type)
+{
+    return {run, {run.balance, "misc_items", "sno"}, type, std::nullopt};
+}
+
 RowsOfType LineDetails(const Run& run, std::string_view type, double sno)
 {
     return {run, {run.company, "business1", "sno"}, type, sno};

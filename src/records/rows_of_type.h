@@ -24,6 +24,7 @@ class RowsOfType {
   private:
     friend RowsOfType ScheduleCells(const Run&, std::string_view, std::optional<double>);
     friend RowsOfType MiscItems(const Run&, std::string_view, std::optional<double>);
+    friend RowsOfType ItemsOfBalance(const Run&, std::string_view);
     friend RowsOfType LineDetails(const Run&, std::string_view, double);
 
     struct Table {
@@ -56,6 +57,9 @@ RowsOfType ScheduleCells(const Run& run, std::string_view type, std::optional<do
 
 /// What stands beside the lines: further amounts, notes of a section, presumptive receipts. Of `company`.
 RowsOfType MiscItems(const Run& run, std::string_view type, std::optional<double> line = {});
+
+/// Those of them that lie in `balance`: the deemed income by kind of vehicle, "44AE".
+RowsOfType ItemsOfBalance(const Run& run, std::string_view type);
 
 /// Detail rows of a line of business.
 RowsOfType LineDetails(const Run& run, std::string_view type, double sno);

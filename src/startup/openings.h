@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 #include <tuple>
+#include <vector>
 
 namespace pgbp {
 
@@ -36,6 +37,23 @@ struct SectionOpening {
 struct AnnexureTotal {
     std::string rupees{};  ///< as the annexure shows its total depreciation
     bool isOfRows = false; ///< there are rows: the depreciation is theirs, and is not typed
+};
+
+/// One of several businesses under one line u/s 44AD.
+struct BusinessPart {
+    std::string description{};
+    double receipts = 0; ///< rupees
+    double percent = 0;  ///< of the receipts
+    double deemed = 0;   ///< profit, rupees
+
+    bool operator==(const BusinessPart&) const = default;
+};
+
+/// The businesses of a line, which the line keeps until it is saved.
+struct BusinessesOpening {
+    std::vector<BusinessPart> businesses{};
+    /// They were left by Back and are these now.
+    std::function<void(const std::vector<BusinessPart>& businesses)> taken{};
 };
 
 /// The annexure's working rows are those of the line that is open.
@@ -72,6 +90,7 @@ inline constexpr ScreenName<HelpOpening> FrmHelp{"FrmHelp"};
 inline constexpr ScreenName<LineOpening> frmbusinesscal{"frmbusinesscal"};
 inline constexpr ScreenName<LineOpening> frmbusinesscal1{"frmbusinesscal1"};
 inline constexpr ScreenName<SectionOpening> Frm10ABC{"Frm10ABC"};
+inline constexpr ScreenName<BusinessesOpening> FrmMulti{"FrmMulti"};
 inline constexpr ScreenName<AnnexureOpening> frmfassets{"frmfassets"};
 inline constexpr ScreenName<AnnexureOpening> frmfassetsNew{"frmfassetsNew"};
 inline constexpr ScreenName<AnnexureOpening> frmfassetsNew_1{"frmfassetsNew_1"};
@@ -84,10 +103,10 @@ inline constexpr ScreenName<NoOpening> Frm44AENew{"Frm44AENew"};
 inline constexpr ScreenName<NoOpening> FrmFirm{"FrmFirm"};
 
 /// All of them.
-inline constexpr std::tuple kAll{
-    frmmdi,     frmbusiness,   frmReminder,     FrmHelp,           frmbusinesscal, frmbusinesscal1, Frm10ABC,
-    frmfassets, frmfassetsNew, frmfassetsNew_1, frmEditfassetsNew, FrmbspnlPGBP,   FrmbspnlINDAS,   FrmQ47ii,
-    FrmGST,     Frm44AENew,    FrmFirm};
+inline constexpr std::tuple kAll{frmmdi,          frmbusiness,       frmReminder,  FrmHelp,       frmbusinesscal,
+                                 frmbusinesscal1, Frm10ABC,          FrmMulti,     frmfassets,    frmfassetsNew,
+                                 frmfassetsNew_1, frmEditfassetsNew, FrmbspnlPGBP, FrmbspnlINDAS, FrmQ47ii,
+                                 FrmGST,          Frm44AENew,        FrmFirm};
 
 } // namespace screens
 } // namespace pgbp
