@@ -444,9 +444,7 @@ void frmbusinesscal::ReadAnnexureAnew()
     if (const auto depreciation = annexure_.Depreciation())
         txtlessdep = Amount(*depreciation);
     txtlessdep.enabled = !annexure_.Depreciation();
-    run.Inform("The depreciation annexure was opened by another run on this assessee-year meanwhile. Nothing was "
-               "saved, and what you keyed is still here.\n"
-               "The annexure of this line has been read anew: check the depreciation and save again.");
+    run.Inform(kAnnexureOfAnotherRun);
 }
 
 std::vector<Field> frmbusinesscal::BusinessColumns() const

@@ -112,22 +112,6 @@ bool LacksDescription(Screen& form, txt& first, const txt& second)
     return true;
 }
 
-/// False when another user deleted the row meanwhile. A server may count only the rows that an update alters: where it
-/// counts none, the row is looked for.
-bool LineHeader::Update(double sno, std::span<const Field> fields) const
-{
-    std::string columns;
-    std::vector<Value> values;
-    for (const Field& field : fields) {
-        columns.append(columns.empty() ? "[" : ", [").append(field.column).append("] = ?");
-        values.push_back(field.value);
-    }
-    values.emplace_back(run_.Code());
-    values.emplace_back(sno);
-    return run_.company.ExecuteBound("update {business} set " + columns + " where code = ? and sno = ?", values) > 0 ||
-           !run_.company.Query("select code from {business} where code = ? and sno = ?", run_.Code(), sno).Empty();
-}
-
 /// The number of the row to write over. A save whose commit was reported as failed may have reached the file all the
 /// same: a new line that stands there already is written over, not a second time.
 std::optional<double> LineHeader::StoredNumber() const
@@ -152,11 +136,8 @@ double LineHeader::WriteRow(std::optional<std::string_view> type, std::vector<Fi
         row.push_back({"Minor", run_.GLminor});
     const std::optional<double> stored = StoredNumber();
     double sno = stored.value_or(0);
-    if (!stored || !Update(sno, row)) {
-        sno = attempted_ = NextSno(run_, proof);
-        row.insert(row.end(), {{"code", run_.Code()}, {"SNO", sno}});
-        run_.company.Insert("business", row);
-    }
+    if (!stored || !UpdateLine(run_, sno, row, proof))
+        sno = attempted_ = AddLine(run_, std::move(row), proof);
     run_.company.Delete("from {business1} where code = ? and sno = ?", run_.Code(), sno);
     return sno;
 }

@@ -7,7 +7,6 @@
 #include "startup/run.h"
 
 #include <optional>
-#include <span>
 #include <vector>
 
 namespace pgbp {
@@ -72,7 +71,6 @@ class LineHeader {
     void TakeStored(const std::optional<Record>& business);
     std::optional<double> StoredNumber() const;
     ScreenName<StatementOpening> StatementScreen() const;
-    bool Update(double sno, std::span<const Field> fields) const;
 
     Run& run_;
     Screen& form_;

@@ -33,15 +33,9 @@ void PresumptiveFrame::Fill(const LineHeader& line)
 
 std::vector<PresumptiveFrame::StoredField> PresumptiveFrame::StoredFields()
 {
-    return {{"amt1", TxtPer, Amount},
-            {"amt2", TxtPer6, Amount},
-            {"Am3", txtrece, Amount},
-            {"am4", TxtRece6, Amount},
-            {"intt", TxtReceOth, Amount},
-            {"tds", TxtNetAd[0], Rupees, true},
-            {"sur", TxtNetAd[1], Rupees, true},
-            {"cess", TxtNetAd[2], Rupees},
-            {"penal", TxtNetAd[3], Rupees}};
+    return {{"amt1", TxtPer, Amount},           {"amt2", TxtPer6, Amount},     {"Am3", txtrece, Amount},
+            {"am4", TxtRece6, Amount},          {"intt", TxtReceOth, Amount},  {"tds", TxtNetAd[0], Rupees, true},
+            {"sur", TxtNetAd[1], Rupees, true}, {"cess", TxtNetAd[2], Rupees}, {"penal", TxtNetAd[3], Rupees}};
 }
 
 /// A line u/s 44AD without a second rate has all its receipts in the turnover, one u/s 44AF always.

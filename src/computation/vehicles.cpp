@@ -59,10 +59,8 @@ std::vector<ItemColumn<VehicleGroup>> Vehicles::Columns()
          .places = 0,
          .tellsApart = true}};
     if (screen.run.Year() >= kVehicleIncomeCanBeHigher)
-        columns.push_back({.shown = {"Income Per Vehicle", Rate},
-                           .member = &VehicleGroup::perMonth,
-                           .field = &TxtRate,
-                           .places = 0});
+        columns.push_back(
+            {.shown = {"Income Per Vehicle", Rate}, .member = &VehicleGroup::perMonth, .field = &TxtRate, .places = 0});
     return columns;
 }
 

@@ -84,8 +84,8 @@ class Vehicles : public VehicleFields {
 
     Run& run_;
     const std::function<void(double)> deemed_;
-    double perHeavyMonth_ = 0; ///< `H_VEH` of the year
-    double perLightMonth_ = 0; ///< `O_VEH`
+    double perHeavyMonth_ = 0;      ///< `H_VEH` of the year
+    double perLightMonth_ = 0;      ///< `O_VEH`
     double vehicleLimitMonths_ = 0; ///< vehicles allowed, times the months of a year
     double vehicleMonthsUsed_ = 0;
 };

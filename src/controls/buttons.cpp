@@ -2,6 +2,8 @@
 
 #include "controls/form.h"
 
+#include <algorithm>
+
 namespace pgbp {
 
 void PushControl::Click()
@@ -44,11 +46,33 @@ bool CheckBox::KeyDown(Key key)
     return key == Key::Enter;
 }
 
+/// Those of its frame, itself included.
+std::vector<Option*> Option::Group() const
+{
+    std::vector<Option*> group;
+    for (Control* control : form().controls())
+        if (auto* option = dynamic_cast<Option*>(control); option && option->container == container)
+            group.push_back(option);
+    return group;
+}
+
+bool Option::TakesFocus() const
+{
+    const auto group = Group();
+    const bool isOneChosen =
+        std::any_of(group.begin(), group.end(), [](const Option* one) { return one->value.get(); });
+    return PushControl::TakesFocus() && (value || !isOneChosen);
+}
+
 void Option::Click()
 {
-    for (Control* control : form().controls())
-        if (auto* other = dynamic_cast<Option*>(control); other && other->container == container)
-            other->value = other == this;
+    bool hasFocus = false;
+    for (Option* option : Group()) {
+        option->value = option == this;
+        hasFocus = hasFocus || form().focused() == option;
+    }
+    if (hasFocus)
+        form().SetFocus(*this);
     PushControl::Click();
 }
 
@@ -56,7 +80,13 @@ bool Option::KeyDown(Key key)
 {
     if (key == Key::Enter)
         form().FocusNextField();
-    return key == Key::Enter;
+    const auto group = Group();
+    const auto at = std::find(group.begin(), group.end(), this);
+    if (key == Key::Right && at + 1 != group.end())
+        at[1]->Click();
+    if (key == Key::Left && at != group.begin())
+        at[-1]->Click();
+    return key == Key::Enter || key == Key::Left || key == Key::Right;
 }
 
 } // namespace pgbp

@@ -53,14 +53,19 @@ class CheckBox : public PushControl {
     bool KeyDown(Key key) override;
 };
 
-/// One of the options of its frame; choosing it lets go the others.
+/// One of the options of its frame; choosing it lets go the others. The walk stops at the chosen one alone, from which
+/// Left and Right choose the one beside it.
 class Option : public PushControl {
   public:
     using PushControl::PushControl;
     Property<bool> value{changed, false};
     std::string Shows() const override { return value ? "1" : "0"; }
+    bool TakesFocus() const override;
     void Click() override;
     bool KeyDown(Key key) override;
+
+  private:
+    std::vector<Option*> Group() const;
 };
 
 } // namespace pgbp

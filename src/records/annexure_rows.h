@@ -7,6 +7,12 @@
 
 namespace pgbp {
 
+/// Told when the working rows of the annexure turn out to be another run's: the line is not saved.
+inline constexpr const char* kAnnexureOfAnotherRun =
+    "The depreciation annexure was opened by another run on this assessee-year meanwhile. Nothing was saved, and what "
+    "you keyed is still here.\n"
+    "The annexure of this line has been read anew: check the depreciation and save again.";
+
 /// The depreciation annexure of the line of business that is open. Working rows with the number of the unsaved line
 /// stand for the stored ones until the line is saved; the annexure's screen works on them. All runs on an assessee-year
 /// share these rows, so each remembers which ones it made.

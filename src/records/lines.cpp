@@ -29,6 +29,29 @@ const KindOfBusiness& Kind(BusinessKind kind)
 
 std::string_view TypeOf(BusinessKind kind) { return Kind(kind).type; }
 
+/// A server may count only the rows that an update alters: where it counts none, the row is looked for.
+bool UpdateLine(const Run& run, double sno, std::span<const Field> fields, const Transaction&)
+{
+    std::string columns;
+    std::vector<Value> values;
+    for (const Field& field : fields) {
+        columns.append(columns.empty() ? "[" : ", [").append(field.column).append("] = ?");
+        values.push_back(field.value);
+    }
+    values.emplace_back(run.Code());
+    values.emplace_back(sno);
+    return run.company.ExecuteBound("update {business} set " + columns + " where code = ? and sno = ?", values) > 0 ||
+           !run.company.Query("select code from {business} where code = ? and sno = ?", run.Code(), sno).Empty();
+}
+
+double AddLine(const Run& run, std::vector<Field> fields, const Transaction& proof)
+{
+    const double sno = NextSno(run, proof);
+    fields.insert(fields.end(), {{"code", run.Code()}, {"SNO", sno}});
+    run.company.Insert("business", fields);
+    return sno;
+}
+
 void DeleteOrphanCells(const Run& run)
 {
     const std::string code = run.Code();

@@ -2,6 +2,9 @@
 
 #include "startup/run.h"
 
+#include <span>
+#include <vector>
+
 namespace pgbp {
 
 /// Number of a line of the summary, as `GlBusinessKind` holds it.
@@ -30,6 +33,12 @@ const KindOfBusiness& Kind(BusinessKind kind);
 
 /// `type` of a kind's rows in `business`.
 std::string_view TypeOf(BusinessKind kind);
+
+/// Writes these columns of a stored line of business. False when another user deleted the line meanwhile.
+bool UpdateLine(const Run& run, double sno, std::span<const Field> fields, const Transaction& proof);
+
+/// Adds a line of business under a new number, which it gives.
+double AddLine(const Run& run, std::vector<Field> fields, const Transaction& proof);
 
 /// Deletes the schedule cells whose line of business is gone.
 void DeleteOrphanCells(const Run& run);

@@ -84,8 +84,9 @@ TEST_F(SeveralBusinesses, BackSplitsThemAtEightPercent)
 
     frame.TxtNetAd[1] = "170000"; // no longer what the businesses deem
     line->Click(frame.cmdsave44ad);
-    EXPECT_EQ(boxes.Take().text, "Please correct the deemed profit in Multiple Business option as the same is different "
-                                 "in above box...");
+    EXPECT_EQ(boxes.Take().text,
+              "Please correct the deemed profit in Multiple Business option as the same is different "
+              "in above box...");
     EXPECT_EQ(Stored("select count(*) from {business1}"), "0");
     FrmMulti& again = ListAgain();
     EXPECT_EQ(again.MSH.Rows(), 4); // they stay with the line

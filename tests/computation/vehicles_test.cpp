@@ -9,10 +9,16 @@ class VehiclesUntil2018 : public LineUnderTest<frmbusinesscal> {
   public:
     VehiclesUntil2018()
     {
-        for (const auto& [type, from, amount] :
-             {std::tuple("H_VEH", 1994, 2000), {"H_VEH", 2003, 3500}, {"H_VEH", 2011, 5000}, {"H_VEH", 2015, 7500},
-              {"O_VEH", 1994, 1800}, {"O_VEH", 2003, 3150}, {"O_VEH", 2011, 4500}, {"O_VEH", 2015, 7500},
-              {"L_VEH", 1994, 10}, {"44AE", 2017, 20000000}})
+        for (const auto& [type, from, amount] : {std::tuple("H_VEH", 1994, 2000),
+                                                 {"H_VEH", 2003, 3500},
+                                                 {"H_VEH", 2011, 5000},
+                                                 {"H_VEH", 2015, 7500},
+                                                 {"O_VEH", 1994, 1800},
+                                                 {"O_VEH", 2003, 3150},
+                                                 {"O_VEH", 2011, 4500},
+                                                 {"O_VEH", 2015, 7500},
+                                                 {"L_VEH", 1994, 10},
+                                                 {"44AE", 2017, 20000000}})
             Tax().Insert("system", {{"Type", type}, {"From", from}, {"Amount", amount}});
     }
     frmbusinesscal& Transport(int year)
@@ -58,11 +64,11 @@ TEST_F(VehiclesUntil2018, CountByTheIncomeOfTheYear)
     };
     // two heavy ones for 12 months and one for 5 at 9000, three light ones for 4 months
     constexpr Case kCases[] = {
-        {2002, "79600.00 58000 21600 79600.00"},     // 29 x 2000, 12 x 1800
-        {2003, "139300.00 101500 37800 139300.00"},  // 29 x 3500, 12 x 3150
-        {2011, "199000.00 145000 54000 199000.00"},  // 29 x 5000, 12 x 4500
-        {2014, "199000.00 145000 54000 199000.00"},  //
-        {2015, "315000.00 225000 90000 315000.00"},  // 24 x 7500 + 5 x 9000, 12 x 7500
+        {2002, "79600.00 58000 21600 79600.00"},    // 29 x 2000, 12 x 1800
+        {2003, "139300.00 101500 37800 139300.00"}, // 29 x 3500, 12 x 3150
+        {2011, "199000.00 145000 54000 199000.00"}, // 29 x 5000, 12 x 4500
+        {2014, "199000.00 145000 54000 199000.00"}, //
+        {2015, "315000.00 225000 90000 315000.00"}, // 24 x 7500 + 5 x 9000, 12 x 7500
         {2018, "315000.00 225000 90000 315000.00"},
     };
     for (const auto& [year, shown] : kCases) {

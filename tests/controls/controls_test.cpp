@@ -40,6 +40,14 @@ TEST_F(OtherControls, ChecksAndOptionsRaiseTheirClick)
     EXPECT_FALSE(first.value);
     EXPECT_TRUE(second.value);
     EXPECT_EQ(form.focused(), &second);
+    EXPECT_FALSE(first.TakesFocus()) << "the walk stops at the chosen one";
+    form.Press(Key::Right);
+    EXPECT_EQ(form.focused(), &second) << "the last one";
+    form.Press(Key::Left);
+    EXPECT_EQ(form.focused(), &first);
+    EXPECT_TRUE(first.value);
+    form.Press(Key::Enter);
+    EXPECT_EQ(form.focused(), &ticked) << "past the other options";
 }
 
 TEST_F(OtherControls, ADropDownFieldChoosesByKeys)
