@@ -58,14 +58,15 @@ PresumptiveFrame::PresumptiveFrame(Screen& form, const ListTotals& deducted)
 void PresumptiveFrame::LayOut()
 {
     using enum LayoutColumn;
-    fra441.Lay({.columns = {Button, Caption, Amount, Caption, Amount, Caption, Amount},
-                .rows = {{{nullptr, &lblrece, &txtrece, &lblper, &TxtPer, &lblprofit[0], &TxtNetAd[0]}},
-                         {{nullptr, &lblrece6, &TxtRece6, &lblper6, &TxtPer6, &lblprofit[1], &TxtNetAd[1]}},
-                         {{nullptr, &lblreceoth, &TxtReceOth, &lblperoth, &TxtNetAd[2], &lblprofit[2], &TxtNetAd[3]}},
-                         {{&vehicles.Cmd44AEDet, &Lbl44ADc, &Lbl44AD, &Image1}, RowStyle::Total},
-                         {{&cmdintt, &lblinttc, &TxtIntt}},
-                         {{&cmdremu, &lblremuc, &txtremu}},
-                         {{nullptr, &lbl44adfinalc, &lbl44adfinal}, RowStyle::Final}}});
+    fra441.Lay({.columns = {Caption, Amount, Caption, Amount, Caption, Amount, Button, Button},
+                .rows = {{{&lblrece, &txtrece, &lblper, &TxtPer, &lblprofit[0], &TxtNetAd[0]}},
+                         {{&lblrece6, &TxtRece6, &lblper6, &TxtPer6, &lblprofit[1], &TxtNetAd[1]}},
+                         {{&lblreceoth, &TxtReceOth, &lblperoth, &TxtNetAd[2], &lblprofit[2], &TxtNetAd[3]}},
+                         {{nullptr, nullptr, nullptr, nullptr, &Lbl44ADc, &Lbl44AD, &Image1, &vehicles.Cmd44AEDet},
+                          RowStyle::Total},
+                         {{nullptr, nullptr, nullptr, nullptr, &lblinttc, &TxtIntt, &cmdintt}},
+                         {{nullptr, nullptr, nullptr, nullptr, &lblremuc, &txtremu, &cmdremu}},
+                         {{nullptr, nullptr, nullptr, nullptr, &lbl44adfinalc, &lbl44adfinal}, RowStyle::Final}}});
     FraBooks.Lay(
         {.columns = {Caption, Amount, Caption, Amount},
          .rows = {{{&lblTxt[0], &Txt[0], &lblTxt[1], &Txt[1]}}, {{&lblTxt[2], &Txt[2], &lblTxt[3], &Txt[3]}}}});

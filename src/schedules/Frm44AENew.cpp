@@ -68,10 +68,12 @@ void Frm44AENew::LayOut()
                                 {{&lblRemuc, &lblRemu}},
                                 {{&LblInttc, &LblIntt}},
                                 {{&lbl44adfinalc, &lbl44adfinal}, RowStyle::Final}}});
-    FraBooks.Lay({.columns = {Caption, LayoutColumn::Amount, Caption, LayoutColumn::Amount},
-                  .rows = {{{&lblTxt[0], &Txt[0], &lblTxt[1], &Txt[1]}}, {{&lblTxt[2], &Txt[2], &lblTxt[3], &Txt[3]}}}});
+    FraBooks.Lay(
+        {.columns = {Caption, LayoutColumn::Amount, Caption, LayoutColumn::Amount},
+         .rows = {{{&lblTxt[0], &Txt[0], &lblTxt[1], &Txt[1]}}, {{&lblTxt[2], &Txt[2], &lblTxt[3], &Txt[3]}}}});
+    fraHeld.Lay({.columns = {Field, Field, Field}, .rows = {{{&OptOwn, &OptLease, &OptHired}}}});
     framain.Lay({.columns = {Caption, Field, Caption, Field, Caption, Field, Button},
-                 .rows = {{{&lblRegNo, &TxtRegNo, nullptr, &OptOwn, &OptLease, &OptHired}},
+                 .rows = {{{&lblRegNo, &TxtRegNo, &lblHeld, &fraHeld}},
                           {{&lblCapacity, &TxtCapacity, &lblPeriod, &TxtPeriod, &lblIncome, &TxtIncome, &CmdAdd}},
                           {{&MSH}},
                           {{&fratotals44ae}},
@@ -100,6 +102,9 @@ void Frm44AENew::Wire()
         carriage.income = Val(TxtIncome);
     };
     entry.changed = [this] { AddUp(); };
+    entry.footer = [this] {
+        return std::vector<std::string>{"", "Total", "", "", Value(MonthsOfAll()).Text(), Lbl44AD.text()};
+    };
     entry.given = [this](const Carriage& carriage) { TxtIncome = pgbp::Amount(carriage.income); };
     for (const auto& [option, word] : {std::pair(&OptOwn, "OWN"), {&OptLease, "LEASE"}, {&OptHired, "HIRED"}})
         option->onClick = [this, word] { TxtHolding = word; };
@@ -210,7 +215,8 @@ void Frm44AENew::ShowPartners()
 {
     const auto sum = [this](const char* type) {
         return Rupees(
-            run.qeltemp.Scalar("select sum(amt1) from {temp1} where code = ? and [Type] = ?", run.Code(), type).Number());
+            run.qeltemp.Scalar("select sum(amt1) from {temp1} where code = ? and [Type] = ?", run.Code(), type)
+                .Number());
     };
     lblRemu = sum("PARTREMU");
     LblIntt = sum("PARTINTT");
@@ -218,6 +224,14 @@ void Frm44AENew::ShowPartners()
 }
 
 void Frm44AENew::ShowNetProfit() { lbl44adfinal = Rupees(Val(Lbl44AD) - Val(lblRemu) - Val(LblIntt)); }
+
+double Frm44AENew::MonthsOfAll() const
+{
+    double months = 0;
+    for (const Carriage& carriage : entry.items())
+        months += carriage.months;
+    return months;
+}
 
 bool Frm44AENew::Altered() const
 {
@@ -238,10 +252,7 @@ void Frm44AENew::Save()
 {
     if (!entry.Finish())
         return;
-    double months = 0;
-    for (const Carriage& carriage : entry.items())
-        months += carriage.months;
-    if (months > kMostCarriages * kMonthsOfYear) {
+    if (MonthsOfAll() > kMostCarriages * kMonthsOfYear) {
         run.Inform("As per Section 44AE, nnot more than 10 vehicles are not allowed..., Please check.");
         SetFocus(MSH);
         return;
@@ -292,7 +303,8 @@ std::optional<Record> Frm44AENew::StoredLine() const
     return line.Empty() ? std::nullopt : std::optional(Record(line.First()));
 }
 
-/// Without a profit there is no line. Gives the number of the line, also of one that went; nothing where there was none.
+/// Without a profit there is no line. Gives the number of the line, also of one that went; nothing where there was
+/// none.
 std::optional<double> Frm44AENew::StoreLine(const Transaction& proof) const
 {
     const std::optional<Record> stored = StoredLine();
@@ -302,9 +314,9 @@ std::optional<double> Frm44AENew::StoreLine(const Transaction& proof) const
             run.company.Delete("from {business} where code = ? and sno = ?", run.Code(), *sno);
         return sno;
     }
-    std::vector<Field> fields = {{"Type", TypeOf(kTransport44AE)},   {"name1", "Transport Business"}, {"name2", ""},
-                                 {"turnover", Val(Txt[0])},          {"sec44", Val(Lbl44AD)},
-                                 {"net44", Val(lbl44adfinal)}};
+    std::vector<Field> fields = {
+        {"Type", TypeOf(kTransport44AE)}, {"name1", "Transport Business"}, {"name2", ""},
+        {"turnover", Val(Txt[0])},        {"sec44", Val(Lbl44AD)},         {"net44", Val(lbl44adfinal)}};
     for (const char* none : {"PNL", "dep1", "dep2", "q10abc1", "q10abc2", "books", "NET"})
         fields.push_back({none, 0});
     if (sno) {

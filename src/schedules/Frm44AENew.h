@@ -33,6 +33,8 @@ struct CarriageFields {
     Screen& screen;
     Label lblRegNo{screen, "lblRegNo", "Reg. No."};
     txt TxtRegNo{screen, "TxtRegNo"};
+    Label lblHeld{screen, "lblHeld", "Own/Lease/Hired"};
+    Frame fraHeld{screen, "fraHeld", "", FramePlace::Group};
     Option OptOwn{screen, "OptOwn", "Own"};
     Option OptLease{screen, "OptLease", "Lease"};
     Option OptHired{screen, "OptHired", "Hired"};
@@ -94,6 +96,7 @@ class Frm44AENew : public Screen, public CarriageFields {
     bool EntryIsEmpty() const;
     void Compute();
     void CheckPeriod();
+    double MonthsOfAll() const;
     void AddUp();
     void ShowPartners();
     void ShowNetProfit();

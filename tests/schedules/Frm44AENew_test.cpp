@@ -111,8 +111,7 @@ TEST_F(GoodsCarriages, AreTenForTwelveMonthsAtMost)
         Add(form, "B", "9", "4");
     Add(form, "C", "9", "1");
     form.Click(form.CmdSave); // 121 months
-    EXPECT_EQ(boxes.Take().text,
-              "As per Section 44AE, nnot more than 10 vehicles are not allowed..., Please check.");
+    EXPECT_EQ(boxes.Take().text, "As per Section 44AE, nnot more than 10 vehicles are not allowed..., Please check.");
     EXPECT_EQ(Carriages() + Business(), "");
     form.MSH.SetCurrentRow(13);
     form.SetFocus(form.MSH);
@@ -220,9 +219,10 @@ TEST_F(GoodsCarriages, LeavingAsksWhereSomethingIsKeyed)
 TEST_F(GoodsCarriages, TheAnnexureIsOpenedForThisScreen)
 {
     screensKnown = [](pgbp::Run& its) {
-        its.screens.Register<AnnexureOpening>(screens::frmfassetsNew, [](pgbp::Run& made, const AnnexureOpening& opening) {
-            return std::make_unique<Screen>(made, "frmfassetsNew", opening.caption);
-        });
+        its.screens.Register<AnnexureOpening>(
+            screens::frmfassetsNew, [](pgbp::Run& made, const AnnexureOpening& opening) {
+                return std::make_unique<Screen>(made, "frmfassetsNew", opening.caption);
+            });
     };
     Line("4", {{"sec44", 90000}, {"net44", 90000}});
     Frm44AENew& form = OpenScreen();
