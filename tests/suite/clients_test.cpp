@@ -129,6 +129,41 @@ TEST_F(DemonstrationClients, NetIncomeOfEachLineFollowsFromItsAccountAndItsAdjus
         EXPECT_DOUBLE_EQ(line["NET"].Number(), Details(line, "'PART', 'AOP'")) << line["code"].Text();
 }
 
+TEST_F(DemonstrationClients, DeemedProfitFollowsFromReceiptsBusinessesAndVehicles)
+{
+    for (const Row line : Lines("'3', 'A', '5'")) {
+        const std::string code = line["code"].Text();
+        SCOPED_TRACE(code);
+        const Recordset stored =
+            practice.company.Query("select * from {misc_items} where code = ? and type = ? and sno = ?", code,
+                                   "PGBP" + line["Type"].Text(), line["sno"]);
+        ASSERT_EQ(stored.Size(), 1u);
+        const Row split = stored.First();
+        EXPECT_EQ(line["turnover"].Number(), split["Am3"].Number() + split["am4"].Number() + split["intt"].Number());
+        const bool isSplit = split["amt2"].Number() != 0 && line["Type"].Text() == "3";
+        const double atRates =
+            isSplit ? split["tds"].Number() + split["sur"].Number() + split["penal"].Number()
+                    : line["turnover"].Number() * (line["Type"].Text() == "A" ? 50 : split["amt1"].Number()) / 100;
+        EXPECT_GE(line["sec44"].Number(), atRates);
+        EXPECT_EQ(line["net44"].Number(), line["sec44"].Number() - Details(line, "'intt', 'remu'"));
+        const double ofBusinesses = practice.company
+                                        .Scalar("select sum(amt3) from {business1} where code = ? and sno = ? and type "
+                                                "= '44AD'",
+                                                code, line["sno"])
+                                        .Number();
+        EXPECT_TRUE(ofBusinesses == 0 || ofBusinesses == line["sec44"].Number());
+        EXPECT_EQ(Cell(line, 270) + Cell(line, 1164) - Cell(line, 271) - Cell(line, 1165),
+                  Cell(line, 272) + Cell(line, 1166));
+    }
+    for (const Row line : Lines("'4'")) {
+        const std::string code = line["code"].Text();
+        SCOPED_TRACE(code);
+        const double byKind = Balance("sum(amt1 + amt2) from {misc_items} where type = '44AE'", code);
+        EXPECT_EQ(line["sec44"].Number(), byKind + Company("sum(am3) from {misc_items} where type = '44AE_N'", code));
+        EXPECT_EQ(byKind, Company("sum(amt1 * amt2 * amt3) from {business1} where type = 'VEH'", code));
+    }
+}
+
 TEST_F(DemonstrationClients, StatementsAddUp)
 {
     for (const Row line : Lines("'1', '2', '8'")) {
