@@ -4,6 +4,7 @@
 
 #include "bare_statements.h"
 #include "bare_totals.h"
+#include "counted_statements.h"
 #include "practice_with_statement.h"
 
 #include <array>
@@ -18,18 +19,6 @@ using namespace pgbp;
 constexpr const char* kCode = FilledPractice::kCode;
 
 PracticeWithStatement& Practised(const benchmark::State& state) { return PracticeOf<PracticeWithStatement>(state); }
-
-/// Statements that any engine of this process has run.
-long statementsRun = 0;
-
-int CountStatements(sqlite3* database, char**, const sqlite3_api_routines*)
-{
-    const auto count = [](unsigned, void*, void*, void*) {
-        ++statementsRun;
-        return 0;
-    };
-    return sqlite3_trace_v2(database, SQLITE_TRACE_STMT, count, nullptr);
-}
 
 void StatementKeyFloor(benchmark::State& state)
 {
@@ -192,7 +181,7 @@ BENCHMARK(ImportStatementFloor)->Arg(1)->Unit(benchmark::kMicrosecond)->UseRealT
 
 int main(int argc, char** argv)
 {
-    sqlite3_auto_extension(reinterpret_cast<void (*)()>(CountStatements));
+    CountStatements();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -60,6 +60,26 @@ END
 PGBP_THEME=dark shot computation-dark 1003r2023-24 <<END
 $line
 END
+# what the law deems
+shot presumptive-shop 1021r2025-26 <<END
+click frmbusiness.cmd3
+END
+shot presumptive-profession 1022r2025-26 <<END
+click frmbusiness.cmd9
+END
+shot presumptive-firm 1025r2016-17 <<END
+click frmbusiness.cmd3
+END
+shot presumptive-businesses 1023r2024-25 <<END
+click frmbusiness.cmd3
+click frmbusinesscal.CmdMulti
+END
+shot presumptive-vehicles 1024r2018-19 <<END
+click frmbusiness.cmd4
+END
+shot goods-carriages 1006r2023-24 <<END
+click frmbusiness.cmd4
+END
 shot list-description 1003r2023-24 <<END
 $line
 click frmbusinesscal.cmd17
