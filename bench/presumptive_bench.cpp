@@ -82,7 +82,10 @@ class PracticeWithDeemedIncome : public FilledPractice {
     }
 };
 
-PracticeWithDeemedIncome& Practised(const benchmark::State& state) { return PracticeOf<PracticeWithDeemedIncome>(state); }
+PracticeWithDeemedIncome& Practised(const benchmark::State& state)
+{
+    return PracticeOf<PracticeWithDeemedIncome>(state);
+}
 
 /// What follows from a digit, without the store and without a screen: three profits, their sum, the net profit and the
 /// receipts, each as a text.
@@ -141,9 +144,10 @@ void SaveDeemedFloor(benchmark::State& state)
     BareStatements bare(Practised(state).Root(), kCode);
     HoldWorkingTables(bare, "20000000");
     bare.Prepare("begin");
-    bare.Prepare("update business set Type = '3', name1 = 'Line', name2 = '', PNL = 0, dep1 = 0, dep2 = 0, q10abc1 = 0, "
-                 "q10abc2 = 0, NET = 0, books = 0, turnover = 3000000, sec44 = 240000, net44 = 240000 where code = ? and "
-                 "sno = 20000000");
+    bare.Prepare(
+        "update business set Type = '3', name1 = 'Line', name2 = '', PNL = 0, dep1 = 0, dep2 = 0, q10abc1 = 0, "
+        "q10abc2 = 0, NET = 0, books = 0, turnover = 3000000, sec44 = 240000, net44 = 240000 where code = ? and "
+        "sno = 20000000");
     bare.Prepare("delete from business1 where code = ? and sno = 20000000");
     bare.Prepare("delete from main.misc_items where code = ? and sno = 20000000 and Type = 'PGBP3'");
     bare.Prepare("insert into main.misc_items (code, Type, sno, amt1, amt2, Am3, am4, tds, sur, intt, cess, penal) "
@@ -199,9 +203,11 @@ void OpenDeemedFloor(benchmark::State& state)
              "select name1, name2 from business where code = ?",
              "select name1, name2 from business order by rowid desc limit 300",
              "select * from main.misc_items where code = ? and Type = 'PGBP3' and sno = 20000000 order by rowid",
-             "select name1, amt1, amt2, amt3 from business1 where code = ? and Type = '44AD' and sno = 20000000 order by "
+             "select name1, amt1, amt2, amt3 from business1 where code = ? and Type = '44AD' and sno = 20000000 order "
+             "by "
              "rowid",
-             "select amt1, name8 from balance.qelgeneral where code = ? and Type = 'NEWPL' and amt2 = 20000000 order by "
+             "select amt1, name8 from balance.qelgeneral where code = ? and Type = 'NEWPL' and amt2 = 20000000 order "
+             "by "
              "rowid",
              "select amt1 from main.misc_items where code = ? and Type = 'BusOth' and sno = 20000000",
              "select code from business1 where code = ? and Type = 'PARTCHANGE' and sno = 20000000",
@@ -211,10 +217,9 @@ void OpenDeemedFloor(benchmark::State& state)
              "delete from temp1 where code = ?",
          })
         bare.Prepare(sql);
-    bare.PrepareCopy("select " + std::string(kDetailColumns) +
-                         " from business1 where code = ? and sno = 20000000 order by rowid",
-                     "insert into temp1 (" + std::string(kDetailColumns) +
-                         ") values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
+    bare.PrepareCopy(
+        "select " + std::string(kDetailColumns) + " from business1 where code = ? and sno = 20000000 order by rowid",
+        "insert into temp1 (" + std::string(kDetailColumns) + ") values (?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
     bare.Prepare("commit");
     bare.Prepare("select Type, sum(amt1), sum(amt2), sum(amt3), sum(amt3 - amt2) from temp1 where code = ? group by "
                  "Type");

@@ -185,6 +185,8 @@ void PresumptiveFrame::ChangeReceipts()
 /// A profit typed over the computed one: the rate on its receipts follows.
 void PresumptiveFrame::TypeProfit(const Rated& typed)
 {
+    if (!TxtPer6.visible)
+        return;
     if (Val(typed.receipts) > 0)
         typed.rate.Set(SumText(Val(typed.profit) / Val(typed.receipts) * 100), Notify::No);
     SetDeemed(Rupees(ProfitOfReceipts()));

@@ -123,6 +123,7 @@ void Frm44AENew::Wire()
         run.screens.Show(screens::frmfassetsNew, {.caption = "Capital Gain Annexure"});
     };
     LeadsTo(CmdF, screens::frmfassetsNew);
+    cmdr.onClick = [this] { run.screens.ShowModal(screens::frmReminder); };
     CmdSave.onClick = [this] { Save(); };
     framain.onEscape = CmdBack.onClick = [this] { Close(); };
     framain.onUndo = [this] { entry.Undo(); };

@@ -79,6 +79,7 @@ class Frm44AENew : public Screen, public CarriageFields {
     cmd CmdF{*this, "CmdF", "STC&G on Depreciable Assets"};
     cmd CmdSave{*this, "CmdSave", "&Save"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
+    cmd cmdr{*this, "cmdr", "&R"}; ///< laid out nowhere: only its hot key Alt+R reaches it
     ItemEntry<Carriage> entry;
     Partners partners;
 

@@ -1,5 +1,6 @@
 #include "computation/frmbusinesscal.h"
 #include "computation/line_under_test.h"
+#include "support/failing_store.h"
 
 namespace pgbp {
 namespace {
@@ -581,6 +582,53 @@ TEST_F(PresumptiveSave, ASecondLineOfAKindKeepsItsRows)
     screen.Click(screen.presumptive.cmdsave44ad);
     EXPECT_EQ(Receipts(), "PGBP3 8 8 6 4000000 - - - - - -\nPGBP3 7 8 6 500000 0 40000 0 0 0 0\n");
     EXPECT_EQ(Details(), "8 44AD Shop - - 40000\n7 44AD Shop 0 0 40000\n");
+}
+
+TEST_F(PresumptiveSave, ARefusedWriteLeavesEveryRow)
+{
+    for (Refusal refusal;; refusal.writes = 0) {
+        ++refusal.write;
+        SCOPED_TRACE(refusal.write);
+        run.reset();
+        for (const char* table : {"business", "business1", "misc_items"})
+            Company().Execute("delete from {" + std::string(table) + "}");
+        Balance().Execute("delete from {qelgeneral}");
+        Year(2018, "01");
+        Line("3", {{"turnover", 500000}, {"sec44", 40000}, {"net44", 40000}});
+        Item("PGBP3", {{"sno", kSno}, {"amt1", 8}, {"amt2", 6}, {"Am3", 500000}});
+        Detail("44AD", {{"name1", "Shop"}, {"amt3", 40000}});
+        Cell("NEWPL", 269, "500000");
+        const auto rows = [this] { return Business() + Receipts() + Details() + Cells(); };
+        const std::string before = rows();
+        frmbusinesscal& screen = OpenScreen(kPresumptive44AD, "caption");
+        screen.presumptive.txt44ad2 = "changed";
+        LetFail(*run, refusal);
+        screen.Click(screen.presumptive.cmdsave44ad);
+        if (!refusal.HasBegun())
+            break;
+        ASSERT_EQ(run->screens.OnDisplay(), &screen);
+        EXPECT_NE(boxes.Take().text.find("refused"), std::string::npos);
+        ASSERT_EQ(rows(), before);
+        EXPECT_EQ(screen.presumptive.txt44ad2.text(), "changed");
+        screen.Click(screen.presumptive.cmdsave44ad);
+        ASSERT_NE(run->screens.OnDisplay(), &screen);
+        boxes.shown.clear();
+    }
+    EXPECT_EQ(Stored("select name2 from {business}"), "changed");
+    EXPECT_EQ(Stored("select count(*) from {business1}"), "1");
+}
+
+TEST_F(PresumptiveSave, AKeyAsksTheStoreNothing)
+{
+    Year(2026, "01");
+    frmbusinesscal& screen = OpenScreen(kPresumptive44AD, "caption");
+    Refusal everything{.write = 1, .once = false, .writes = 1};
+    LetFail(*run, everything);
+    for (txtn* field : {&screen.presumptive.txtrece, &screen.presumptive.TxtRece6, &screen.presumptive.TxtReceOth,
+                        &screen.presumptive.TxtPer6, &screen.presumptive.TxtNetAd[0]})
+        Type(screen, *field, "20");
+    EXPECT_TRUE(boxes.shown.empty());
+    EXPECT_EQ(screen.presumptive.Lbl44AD.text(), "26"); // 20 keyed, 20 % of 20, 8 % of 20
 }
 
 } // namespace

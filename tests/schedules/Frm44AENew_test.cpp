@@ -239,5 +239,34 @@ TEST_F(GoodsCarriages, TheAnnexureIsOpenedForThisScreen)
     EXPECT_EQ(Rows(Balance(), "f_name, SNO", "{fassets}"), "Lorry|7\n");
 }
 
+TEST_F(GoodsCarriages, ARefusedWriteLeavesEveryRow)
+{
+    for (Refusal refusal;; refusal.writes = 0) {
+        ++refusal.write;
+        SCOPED_TRACE(refusal.write);
+        run.reset();
+        for (const char* table : {"business", "business1", "misc_items"})
+            Company().Execute("delete from {" + std::string(table) + "}");
+        Line("4", {{"sec44", 90000}, {"net44", 90000}});
+        Item("44AE_N", {{"Name1", "A"}, {"Name2", "OWN"}, {"Amt1", 9}, {"Amt2", 12}, {"Am3", 90000}});
+        Detail("PARTREMU", {{"name1", "Asha"}});
+        const auto rows = [this] { return Business() + Carriages() + Details(); };
+        const std::string before = rows();
+        Frm44AENew& form = OpenScreen();
+        Add(form, "B", "16", "1");
+        LetFail(*run, refusal);
+        form.Click(form.CmdSave);
+        const std::string told = boxes.shown.front().text;
+        boxes.shown.clear();
+        if (told == "Saved") // what is refused behind that is not the save
+            break;
+        ASSERT_EQ(rows(), before);
+        EXPECT_EQ(form.MSH.Rows(), 2);
+        form.Click(form.CmdSave);
+        ASSERT_EQ(boxes.Take().text, "Saved");
+        EXPECT_EQ(Business(), "7|4|Transport Business||0|0|0|0|106000|106000|\n");
+    }
+}
+
 } // namespace
 } // namespace pgbp
