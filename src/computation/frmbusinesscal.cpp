@@ -285,7 +285,7 @@ void frmbusinesscal::Activate()
     }
     run.GLwhere = 0;
     CalBalance();
-    header.Opened({&framain, &presumptive.fra44ad, &other.fra3, &partners.frapartner});
+    header.Opened({&framain, &presumptive.fra44ad, &presumptive.vehicles.Fr44AE, &other.fra3, &partners.frapartner});
 }
 
 void frmbusinesscal::ReadStatementFigures()
