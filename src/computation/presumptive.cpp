@@ -177,7 +177,7 @@ void PresumptiveFrame::ChangeReceipts()
     } else if (rules.DeemsAtRate()) {
         SetDeemed(Rupees(ProfitAt(Val(TxtPer), Val(txtrece))));
     } else if (isProfession) {
-        SetDeemed(Rupees(DeemedFloor(rules.Section(), Entered())));
+        SetDeemed(Rupees(DeemedFloor(rules.Section(), run_.Year(), Entered())));
     }
     Txt[0] = SumText(Entered().Total());
 }
@@ -252,7 +252,7 @@ std::vector<Check> PresumptiveFrame::ChecksOfLaw()
     const DeemingSection section = rules.Section();
     const std::string fiftyLakhs = rules.NamesCashAndBank() ? "Value exceeding Rs. 50,00,000 not allowed in cash..."
                                                             : "Value exceeding Rs. 50,00,000 not allowed...";
-    const std::string percent = Rupees(RateOf(section));
+    const std::string percent = Rupees(RateOf(section, run_.Year()));
     txtn& profit = rules.DeemsByReceipts() ? TxtNetAd[0] : Lbl44AD;
     return {
         {[this] { return TooHigh().has_value(); }, TooHigh().value_or(""), &txtrece},
@@ -298,7 +298,7 @@ void PresumptiveFrame::TakeBusinesses(const std::vector<BusinessPart>& businesse
     double first = 0;
     double second = 0;
     for (const BusinessPart& business : businesses_) {
-        const bool isFirst = business.percent >= RateOf(DeemingSection::k44AD);
+        const bool isFirst = business.percent >= RateOf(DeemingSection::k44AD, run_.Year());
         (isFirst ? receipts.cash : receipts.bank) += business.receipts;
         (isFirst ? first : second) += business.deemed;
     }

@@ -33,9 +33,7 @@ constexpr Rule kRules[] = {
     {.section = k44AF, .onCash = 5},
 };
 
-constexpr int kLatest = std::numeric_limits<int>::max();
-
-const Rule& RuleOf(DeemingSection section, int year = kLatest)
+const Rule& RuleOf(DeemingSection section, int year)
 {
     const Rule* last = nullptr;
     for (const Rule& rule : kRules)
@@ -48,11 +46,11 @@ const Rule& RuleOf(DeemingSection section, int year = kLatest)
 
 double ProfitAt(double percent, double receipts) { return Val(Rupees(receipts * percent / 100)); }
 
-double RateOf(DeemingSection section) { return RuleOf(section).onCash; }
+double RateOf(DeemingSection section, int year) { return RuleOf(section, year).onCash; }
 
-double DeemedFloor(DeemingSection section, const Receipts& receipts)
+double DeemedFloor(DeemingSection section, int year, const Receipts& receipts)
 {
-    const Rule& rule = RuleOf(section);
+    const Rule& rule = RuleOf(section, year);
     if (section == k44ADA) // one rate, on the sum
         return ProfitAt(rule.onCash, receipts.Total());
     return ProfitAt(rule.onCash, receipts.cash) + ProfitAt(rule.onBank, receipts.bank) +
@@ -61,7 +59,7 @@ double DeemedFloor(DeemingSection section, const Receipts& receipts)
 
 bool IsBelowFloor(DeemingSection section, int year, const Receipts& receipts, double deemed)
 {
-    return section != k44AE && Val(Rupees(deemed)) < DeemedFloor(section, receipts) &&
+    return section != k44AE && Val(Rupees(deemed)) < DeemedFloor(section, year, receipts) &&
            deemed > RuleOf(section, year).excusedUpTo;
 }
 

@@ -24,12 +24,13 @@ struct Receipts {
 /// Profit on receipts at a rate in percent, whole rupees.
 double ProfitAt(double percent, double receipts);
 
-/// Rate of the section on receipts in cash, percent; 0 for section 44AE, which goes by vehicles.
-double RateOf(DeemingSection section);
+/// Rate of the section on receipts in cash, percent; 0 for section 44AE, which goes by vehicles. `year` is the
+/// assessment year, here and below.
+double RateOf(DeemingSection section, int year);
 
 /// The least profit that the section accepts, whole rupees: section 44AD 8 % and on receipts through a bank 6 %, each
 /// kind of receipts rounded by itself; section 44ADA 50 % of all; section 44AF 5 %. Section 44AE has none.
-double DeemedFloor(DeemingSection section, const Receipts& receipts);
+double DeemedFloor(DeemingSection section, int year, const Receipts& receipts);
 
 /// The deemed profit is below that floor, and not excused: u/s 44AD from assessment year 2011-12 a profit of up to
 /// 160000 is.

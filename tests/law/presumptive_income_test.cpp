@@ -23,7 +23,8 @@ TEST(DeemedIncome, FloorFollowsTheRatesOfTheSection)
         {"44AE", k44AE, {.cash = 1000000}, 0},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(DeemedFloor(row.section, row.receipts), row.floor) << row.what;
+        for (const int year : {1994, 2010, 2011, 2022, 2023, 2026})
+            EXPECT_EQ(DeemedFloor(row.section, year, row.receipts), row.floor) << row.what << ", " << year;
 }
 
 TEST(DeemedIncome, FloorBindsButForSmallProfitsU_s44AD)

@@ -87,10 +87,13 @@ TEST_F(GoodsCarriages, AreRefusedUntilAllIsThere)
         EXPECT_EQ(boxes.Take().text, "Please Enter Period from 1 - 12 ");
         EXPECT_EQ(form.focused(), &form.TxtPeriod);
     }
-    Type(form, form.TxtPeriod, "1");
-    form.Press(Key::Tab);
-    EXPECT_EQ(form.TxtIncome.text(), "7500");
-    EXPECT_NE(form.focused(), &form.TxtPeriod);
+    for (const auto& [months, income] : {std::pair("1", "7500"), {"12", "90000"}}) {
+        form.SetFocus(form.TxtRegNo);
+        Type(form, form.TxtPeriod, months);
+        form.Press(Key::Tab);
+        EXPECT_EQ(form.TxtIncome.text(), income);
+        EXPECT_NE(form.focused(), &form.TxtPeriod);
+    }
 }
 
 TEST_F(GoodsCarriages, AFieldOfAnEmptyEntryCanBeLeft)
