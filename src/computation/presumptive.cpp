@@ -95,6 +95,7 @@ void PresumptiveFrame::Wire()
     txtremu.onEnter = [this] { ReplaceList("remu", "Remuneration to partners", txtremu); };
     chk44ad.onClick = [this] { cmdsave44ad.caption = chk44ad.value ? "Continued" : "&Save"; };
     CmdMulti.onClick = [this] { OpenBusinesses(); };
+    fra44ad.onUndo = [this] { vehicles.entry.Undo(); };
     Image1.onClick = [this] { run_.screens.ShowModal(screens::FrmHelp, {Image1.toolTip.get()}); };
 }
 

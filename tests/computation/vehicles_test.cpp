@@ -119,6 +119,11 @@ TEST_F(VehiclesUntil2018, AreAddedWithNumberAndMonths)
     screen.Press(Key::Enter);
     EXPECT_EQ(screen.presumptive.vehicles.dbveh.Shows(), "Heavy Vehicle\t1\t3\t7500");
     EXPECT_EQ(screen.focused(), &screen.presumptive.vehicles.cboveh);
+    screen.SetFocus(screen.presumptive.vehicles.dbveh);
+    screen.Press(Key::Delete);
+    EXPECT_EQ(Deemed(screen), "0.00 0 0 0.00");
+    screen.Press(Key::Undo);
+    EXPECT_EQ(Deemed(screen), "22500.00 22500 0 22500.00");
 }
 
 TEST_F(VehiclesUntil2018, AreStoredWithTheIncomeByKind)
