@@ -201,7 +201,9 @@ void OpenDeemedFloor(benchmark::State& state)
              "select * from tax.system where Type = '44ADA' and [from] = 2024 and amount = 30000000",
              "select amount from tax.system where Type = '44AD' and [from] <= 2023 order by [from] desc",
              "select name1, name2 from business where code = ?",
+             "select name1, name2 from business where code = 'BENCHr2022-23'",
              "select name1, name2 from business order by rowid desc limit 300",
+             "select * from fassets where code = ? and Type = 'P' and sno = 20000000",
              "select * from main.misc_items where code = ? and Type = 'PGBP3' and sno = 20000000 order by rowid",
              "select name1, amt1, amt2, amt3 from business1 where code = ? and Type = '44AD' and sno = 20000000 order "
              "by "
@@ -243,6 +245,7 @@ BENCHMARK(OpenDeemed)->Apply(Sizes);
 constexpr const char* kOfCarriages[] = {
     "select * from business where code = ? and Type = '4'",
     "select * from main.misc_items where code = ? and Type = '44AE_N' order by rowid",
+    "select * from fassets where code = ? and Type = 'P' and sno = 20000001",
     "select amt1, name8 from balance.qelgeneral where code = ? and Type = 'NEWPL' and amt2 = 20000001",
     "select code from business1 where code = ? and Type = 'PARTCHANGE' and sno = 20000001",
     "select * from business1 where code = ? and sno = 20000001",

@@ -447,7 +447,7 @@ TEST_F(PresumptiveSave, WritesTheLineItsReceiptsAndTheReturnsAccount)
          "NEWPL 269 7 1000000 ASdf\nNEWPL 270 7 80000 ASdf\nNEWPL 271 7 0 ASdf\nNEWPL 272 7 80000 ASdf\n"},
         {kRetail44AF, 2010, "5 7 Main works 0 0 0 0 0 1000000 50000 50000\n", "PGBP5 7 5 0 1000000 0 0 0 0 0 0\n",
          "NEWPL 269 7 1000000 ASdf\nNEWPL 270 7 50000 ASdf\nNEWPL 271 7 0 ASdf\nNEWPL 272 7 50000 ASdf\n"},
-        {kPresumptive44AD, 2018, "3 7 Main works 0 0 0 0 0 1200000 92000 92000\n",
+        {kPresumptive44AD, 2017, "3 7 Main works 0 0 0 0 0 1200000 92000 92000\n",
          "PGBP3 7 8 6 1000000 200000 80000 12000 0 0 0\n",
          "NEWPL 269 7 1200000 ASdf\nNEWPL 270 7 92000 ASdf\nNEWPL 271 7 0 ASdf\nNEWPL 272 7 92000 ASdf\nNEWPL 1167 7 "
          "92000 ASdf\n"},
