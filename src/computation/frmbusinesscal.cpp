@@ -228,6 +228,7 @@ void frmbusinesscal::Open(const LineOpening& opening)
     run.GLwhere = 0;
     header.Open(opening);
     annexure_.Open(header.IsEdit() ? std::optional(header.Sno()) : std::nullopt);
+    const Reading reading(run.company);
     if (header.IsEdit())
         BusinessFill();
     if (!RulesOf(run).IsNormal())
