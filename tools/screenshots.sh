@@ -186,6 +186,12 @@ set FrmQ47ii.Txt1 Mahesh Traders
 set FrmQ47ii.Txt2 12/4
 END
 
+# what stands beside the lines
+shot gst 1001r2023-24 <<END
+click frmbusiness.CmdGST
+click FrmGST.Cmd26AS
+END
+
 # a minor's run wrote the head of income last
 $suite handover 1007r2023-24 GLminor=1 >/dev/null
 printf 'click frmbusiness.CmdBack\n' | "$programs/pgbp-drive" --program-folder "$practice" >/dev/null

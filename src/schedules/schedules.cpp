@@ -1,9 +1,14 @@
 #include "schedules/schedules.h"
 
+#include "schedules/FrmGST.h"
 #include "schedules/FrmQ47ii.h"
 
 namespace pgbp {
 
-void RegisterScheduleScreens(Screens& screens) { screens.Register<FrmQ47ii>(screens::FrmQ47ii); }
+void RegisterScheduleScreens(Screens& screens)
+{
+    screens.Register<FrmQ47ii>(screens::FrmQ47ii);
+    screens.Register<FrmGST>(screens::FrmGST);
+}
 
 } // namespace pgbp
