@@ -48,6 +48,7 @@ keys frmbusiness {ALT+R}
 select frmReminder.LV "Form 16A of the firm"
 END
 shot help 1007r2023-24 <<END
+click frmbusiness.cmdlic
 click frmbusiness.ImgHelp
 END
 
@@ -187,6 +188,9 @@ set FrmQ47ii.Txt2 12/4
 END
 
 # what stands beside the lines
+shot commission 1007r2022-23 <<END
+click frmbusiness.cmdlic
+END
 shot gst 1001r2023-24 <<END
 click frmbusiness.CmdGST
 click FrmGST.Cmd26AS

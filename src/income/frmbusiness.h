@@ -3,6 +3,7 @@
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/text_controls.h"
+#include "income/commission.h"
 #include "income/line_list.h"
 #include "income/partner_deductions.h"
 #include "income/summary_rules.h"
@@ -82,7 +83,6 @@ class frmbusiness : public Screen {
     Label Label8{*this, "Label8", "Commission from LIC, UTI etc. :"};
     Label lbllic{*this, "lbllic", "0.00", LabelLook::Amount};
     Label lbllicP{*this, "lbllicP", "0.00", LabelLook::Amount};
-    Image ImgHelp{*this, "ImgHelp", "Maximum Deduction ?"};
 
     Label Label26{*this, "Label26", "Adjustment Th. Tax Audit Report :"};
     Label Label27{*this, "Label27", "0.00", LabelLook::Amount};
@@ -123,6 +123,10 @@ class frmbusiness : public Screen {
                         },
                     .buttonOf = [this](BusinessKind kind) -> Control& { return kind == kNormal ? cmd1 : cmd2; }}};
 
+    /// The commission, `fralic`.
+    Commission commission{
+        *this, {.limit = [this] { return LicLimit; }, .recompute = [this] { Activate(); }, .button = cmdlic}};
+
     double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
 
   private:
@@ -158,7 +162,9 @@ class frmbusiness : public Screen {
     void OpenTransport();
     void OpenFirms();
     void OpenAop();
+    void OpenCommission();
     bool RefuseMinor() const;
+    bool Altered() const;
 
     void CalculateMaximum();
     void StoreIncomeUnderSection11();

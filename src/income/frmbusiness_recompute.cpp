@@ -93,15 +93,12 @@ void frmbusiness::CloseDoors()
 {
     LeadsTo(CmdGST, screens::FrmGST);
     const bool refusesFirm = IsFirm(run.Glstatus);
-    const bool refusesMinor = run.GLminor != 0;
-    if (Rules().VehiclesByScreen() && !refusesMinor)
+    if (Rules().VehiclesByScreen() && run.GLminor == 0)
         LeadsTo(cmd4, screens::Frm44AENew);
     if (!refusesFirm) {
         Rules().FirmsByScreen() ? LeadsTo(cmd6, screens::FrmFirm) : CloseDoor(cmd6);
         CloseDoor(cmd7);
     }
-    if (!refusesMinor)
-        CloseDoor(cmdlic);
 }
 
 /// The suite reads from this row whether there is any business at all.
@@ -198,11 +195,10 @@ void frmbusiness::ShowCommission()
     lbllic = "0.00";
     if (run.GLminor != 0)
         return;
-    const Recordset rows = run.company.Query("select [Type], amt1, amt2, amt3, amt4 from {business1} where code = ? "
-                                             "and ([Type] = 'LIC' or [Type] = 'UTI' or "
-                                             "[Type] = 'SEC' or [Type] = 'MF' or [Type] = 'ZADHOC')" +
-                                                 std::string(run.company.dialect().insertionOrder),
-                                             run.Glcode);
+    const Recordset rows =
+        run.company.Query("select [Type], amt1, amt2, amt3, amt4 from {business1} where code = ? and " +
+                              std::string(kIsCommission) + std::string(run.company.dialect().insertionOrder),
+                          run.Glcode);
     for (const Row row : rows) {
         const std::string type = Upper(row["Type"].Text());
         double amounts = row["amt1"].Number();

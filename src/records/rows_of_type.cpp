@@ -12,7 +12,7 @@ RowsOfType MiscItems(const Run& run, std::string_view type, std::optional<double
     return {run, {run.company, "misc_items", "sno"}, type, line};
 }
 
-RowsOfType LineDetails(const Run& run, std::string_view type, double sno)
+RowsOfType LineDetails(const Run& run, std::string_view type, std::optional<double> sno)
 {
     return {run, {run.company, "business1", "sno"}, type, sno};
 }

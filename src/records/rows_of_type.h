@@ -24,7 +24,7 @@ class RowsOfType {
   private:
     friend RowsOfType ScheduleCells(const Run&, std::string_view, std::optional<double>);
     friend RowsOfType MiscItems(const Run&, std::string_view, std::optional<double>);
-    friend RowsOfType LineDetails(const Run&, std::string_view, double);
+    friend RowsOfType LineDetails(const Run&, std::string_view, std::optional<double>);
 
     struct Table {
         const Connection& file;
@@ -57,7 +57,7 @@ RowsOfType ScheduleCells(const Run& run, std::string_view type, std::optional<do
 /// What stands beside the lines: further amounts, notes of a section, presumptive receipts. Of `company`.
 RowsOfType MiscItems(const Run& run, std::string_view type, std::optional<double> line = {});
 
-/// Detail rows of a line of business.
-RowsOfType LineDetails(const Run& run, std::string_view type, double sno);
+/// Detail rows of a line of business; without one those of all lines, and those that belong to the assessee as a whole.
+RowsOfType LineDetails(const Run& run, std::string_view type, std::optional<double> sno = {});
 
 } // namespace pgbp
