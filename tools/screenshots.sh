@@ -188,6 +188,12 @@ set FrmQ47ii.Txt2 12/4
 END
 
 # what stands beside the lines
+shot shares 1002r2023-24 <<END
+click frmbusiness.cmd7
+set frmbusiness.txtname Beach Cleaners
+set frmbusiness.txtamount 1500
+click frmbusiness.Command1
+END
 shot commission 1007r2022-23 <<END
 click frmbusiness.cmdlic
 END

@@ -190,13 +190,15 @@ void frmbusiness::OpenFirms()
     run.GlBusinessKind = kFirmIncome;
     if (IsFirm(run.Glstatus))
         return ShowNotApplicable(run, "Remu./Intt from Partnership Firm", "Other than Partnership Firm");
-    run.screens.Show(screens::FrmFirm);
+    Rules().FirmsByScreen() ? run.screens.Show(screens::FrmFirm) : shares.Open(kFirmShares);
 }
 
 void frmbusiness::OpenAop()
 {
     run.GlBusinessKind = kAopShare;
-    ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
+    if (IsFirm(run.Glstatus))
+        return ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
+    shares.Open(kAopShares);
 }
 
 void frmbusiness::OpenCommission()
@@ -240,7 +242,7 @@ void frmbusiness::Back()
 }
 
 /// In a side frame that is up.
-bool frmbusiness::Altered() const { return commission.Altered(); }
+bool frmbusiness::Altered() const { return commission.Altered() || shares.Altered(); }
 
 /// A store that fails for good does not keep the preparer here: he may leave the old head of income as it stands.
 void frmbusiness::Close()

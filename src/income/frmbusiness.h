@@ -6,6 +6,7 @@
 #include "income/commission.h"
 #include "income/line_list.h"
 #include "income/partner_deductions.h"
+#include "income/shares.h"
 #include "income/summary_rules.h"
 #include "startup/run.h"
 
@@ -126,6 +127,11 @@ class frmbusiness : public Screen {
     /// The commission, `fralic`.
     Commission commission{
         *this, {.limit = [this] { return LicLimit; }, .recompute = [this] { Activate(); }, .button = cmdlic}};
+
+    /// What the client gets from firms and associations, `fra2`.
+    Shares shares{*this,
+                  {.recompute = [this] { Activate(); },
+                   .buttonOf = [this](BusinessKind kind) -> Control& { return kind == kAopShare ? cmd7 : cmd6; }}};
 
     double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
 

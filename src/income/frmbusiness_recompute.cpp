@@ -92,13 +92,10 @@ void frmbusiness::OpenGst()
 void frmbusiness::CloseDoors()
 {
     LeadsTo(CmdGST, screens::FrmGST);
-    const bool refusesFirm = IsFirm(run.Glstatus);
     if (Rules().VehiclesByScreen() && run.GLminor == 0)
         LeadsTo(cmd4, screens::Frm44AENew);
-    if (!refusesFirm) {
-        Rules().FirmsByScreen() ? LeadsTo(cmd6, screens::FrmFirm) : CloseDoor(cmd6);
-        CloseDoor(cmd7);
-    }
+    if (Rules().FirmsByScreen() && !IsFirm(run.Glstatus))
+        LeadsTo(cmd6, screens::FrmFirm);
 }
 
 /// The suite reads from this row whether there is any business at all.
@@ -133,9 +130,9 @@ void frmbusiness::DeleteRetailLines()
 void frmbusiness::CloseExemptShares()
 {
     if (Rules().ExemptsShares()) {
-        const Recordset shares = run.company.Query(
+        const Recordset exempt = run.company.Query(
             "select code from {misc_items} where code = ? and ([Type] = 'SPRO' or [Type] = 'SAOP')", run.Glcode);
-        if (shares.Empty())
+        if (exempt.Empty())
             cmd7.enabled = false;
         else
             boxes().Show(
