@@ -188,6 +188,15 @@ set FrmQ47ii.Txt2 12/4
 END
 
 # what stands beside the lines
+shot firms 1001r2022-23 <<END
+click frmbusiness.cmd6
+dblclick FrmFirm.MSH 1
+END
+shot firm-return 1001r2022-23 <<END
+click frmbusiness.cmd6
+click FrmFirm.cmdImport
+dblclick FrmFirm.DBFirm 1
+END
 shot shares 1002r2023-24 <<END
 click frmbusiness.cmd7
 set frmbusiness.txtname Beach Cleaners

@@ -19,13 +19,18 @@ FirmLists::FirmLists(Screen& form, FirmListsUse use)
 
 void FirmLists::Open(std::vector<FirmReturn> firms)
 {
+    const Run& run = form_.run;
+    if (firms.empty()) {
+        run.Show("No firm are entered for the assessment year - " + run.Glyear, "Infoamation", Icon::Information);
+        return;
+    }
     firms_ = std::move(firms);
     std::vector<std::vector<std::string>> rows;
     for (const FirmReturn& firm : firms_)
         rows.push_back({firm.name, firm.code});
     DBFirm.SetRows(std::move(rows));
     DBFirm.SetCurrentRow(1);
-    ShowFirms();
+    DbPart.Clear();
     form_.Raise(Fratemp, DBFirm);
 }
 
@@ -33,12 +38,6 @@ void FirmLists::Close()
 {
     if (Fratemp.visible)
         form_.Lower(Fratemp);
-}
-
-void FirmLists::ShowFirms()
-{
-    DBFirm.visible = true;
-    DbPart.visible = false;
 }
 
 void FirmLists::ChooseFirm(std::size_t at)
@@ -52,8 +51,6 @@ void FirmLists::ChooseFirm(std::size_t at)
         rows.push_back(use_.cells(partner));
     DbPart.SetRows(std::move(rows));
     DbPart.SetCurrentRow(1);
-    DbPart.visible = true;
-    DBFirm.visible = false;
     form_.SetFocus(DbPart);
 }
 
@@ -66,9 +63,9 @@ void FirmLists::ChoosePartner(std::size_t at)
 /// From the partners to the firms, and from those out of the frame.
 void FirmLists::StepBack()
 {
-    if (!DbPart.visible)
+    if (DbPart.Rows() == 0)
         return Close();
-    ShowFirms();
+    DbPart.Clear();
     form_.SetFocus(DBFirm);
 }
 

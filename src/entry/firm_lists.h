@@ -23,11 +23,12 @@ struct FirmListsUse {
     std::function<void(const FirmReturn&, const PartnerShare&)> chosen;
 };
 
-/// The side frame in which a firm of the practice is chosen and then one of its partners.
+/// The side frame in which a firm of the practice is chosen and then, below it, one of its partners.
 class FirmLists {
   public:
     FirmLists(Screen& form, FirmListsUse use);
 
+    /// Without a firm it tells that the year has none.
     void Open(std::vector<FirmReturn> firms);
     /// Takes the lists away, if they are up.
     void Close();
@@ -39,7 +40,6 @@ class FirmLists {
     cmd back;
 
   private:
-    void ShowFirms();
     void ChooseFirm(std::size_t at);
     void ChoosePartner(std::size_t at);
     void StepBack();

@@ -180,7 +180,7 @@ void Shares::Wire()
             screen.run.Inform("This item belongs to minor & can not be changed from here.");
         return item.minor == 0;
     };
-    cmdImport.onClick = [this] { ChooseFirm(); };
+    cmdImport.onClick = [this] { firms.Open(FirmsOfTheYear(screen.run)); };
     CmdPro.onClick = [this] { profits.Open(); };
     CmdAOP.onClick = [this] { aopProfit.Open(); };
 }
@@ -212,17 +212,6 @@ std::vector<ShareItem> Shares::Read() const
             items.push_back({row["name1"].Text(), row["amt1"].Number(), minor});
     }
     return items;
-}
-
-void Shares::ChooseFirm()
-{
-    std::vector<FirmReturn> found = FirmsOfTheYear(screen.run);
-    if (found.empty()) {
-        screen.run.Show("No firm are entered for the assessment year - " + screen.run.Glyear, "Infoamation",
-                        Icon::Information);
-        return;
-    }
-    firms.Open(std::move(found));
 }
 
 /// Brings in what the partner got, or as much of it as his firm deducts, and his share of the profit.

@@ -117,7 +117,6 @@ class Shares : public ShareFields, public EntryFrame<ShareItem> {
     void LayOut();
     void Wire();
     std::vector<ShareItem> Read() const;
-    void ChooseFirm();
     void Take(const FirmReturn& firm, const PartnerShare& partner);
     void Store() override;
     void DeleteOwn(const Transaction& transaction) const;

@@ -1,5 +1,6 @@
 #include "schedules/schedules.h"
 
+#include "schedules/FrmFirm.h"
 #include "schedules/FrmGST.h"
 #include "schedules/FrmQ47ii.h"
 
@@ -9,6 +10,7 @@ void RegisterScheduleScreens(Screens& screens)
 {
     screens.Register<FrmQ47ii>(screens::FrmQ47ii);
     screens.Register<FrmGST>(screens::FrmGST);
+    screens.Register<FrmFirm>(screens::FrmFirm);
 }
 
 } // namespace pgbp

@@ -76,7 +76,7 @@ TEST(Navigation, ClosesTheDoorsToScreensThatAreNotThere)
     } const rows[] = {
         {"CmdGST", 2023, "01", 0, false, true}, {"cmd4", 2023, "01", 0, false, false},
         {"cmd4", 2023, "01", 0, true, true},    {"cmd4", 2023, "01", 2, false, true},
-        {"cmd4", 2018, "01", 0, false, true},   {"cmd6", 2023, "01", 0, false, false},
+        {"cmd4", 2018, "01", 0, false, true},   {"cmd6", 2023, "01", 0, false, true},
         {"cmd6", 2023, "01", 0, true, true},    {"cmd6", 2023, "06", 0, false, true},
         {"cmd6", 2006, "01", 0, false, true},   {"cmd7", 2023, "01", 0, false, true},
         {"cmd7", 2023, "05", 0, false, true},   {"cmdlic", 2023, "01", 0, false, true},

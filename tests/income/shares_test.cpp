@@ -139,7 +139,7 @@ TEST_F(Member, ImportAsksForTheAllowablePortion)
     EXPECT_EQ(Listed(shares.firms.DbPart), "Gupta 25.00\nVerma 75.00\n");
     EXPECT_EQ(shares.firms.DbPart.Cell(1, 2) + ' ' + shares.firms.DbPart.Cell(1, 3), "50000.00 300000.00");
     form.Click(shares.firms.back);
-    EXPECT_TRUE(shares.firms.DBFirm.visible);
+    EXPECT_EQ(form.focused(), &shares.firms.DBFirm);
     form.Click(shares.firms.back);
     EXPECT_FALSE(shares.firms.Fratemp.visible);
     for (const Answer answer : {Answer::Yes, Answer::No}) {
