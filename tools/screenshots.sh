@@ -190,7 +190,11 @@ END
 # what stands beside the lines
 shot firms 1001r2022-23 <<END
 click frmbusiness.cmd6
-dblclick FrmFirm.MSH 1
+set FrmFirm.txtname Malwa Yarn Traders
+set FrmFirm.TxtPan AAKFM2207P
+set FrmFirm.TxtShare 10
+set FrmFirm.TxtProfit 36500
+set FrmFirm.TxtIntt 18000
 END
 shot firm-return 1001r2022-23 <<END
 click frmbusiness.cmd6

@@ -47,7 +47,7 @@ void ProfitList::Open()
 {
     std::vector<ProfitItem> shares;
     for (const Row row : MiscItems(screen.run, "SPRO").Read())
-        shares.push_back({row["name1"].Text(), row["amt1"].Number(), row["name2"].Text()});
+        shares.push_back({Trim(row["name1"].Text()), row["amt1"].Number(), row["name2"].Text()});
     Raise(std::move(shares));
     entry.Append(brought_);
 }
