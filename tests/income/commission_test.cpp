@@ -87,6 +87,8 @@ TEST(AdHocDeduction, IsCappedForLicAndEndsAboveTheLimit)
         EXPECT_DOUBLE_EQ(AdHocDeduction(row.commissions, kRates, row.limit), row.deduction) << row.what;
     EXPECT_EQ(AdHocDeduction({1000, 0, 0, 0, 1000}, {}, 1e6), 0) << "no rates";
     EXPECT_EQ(AdHocDeduction({50000}, {{"LIC1", 50}}, 1e6), 25000) << "no cap in the table";
+    EXPECT_EQ(AdHocDeduction({40000, 0, 0, 1000}, {{"LIC1", 50}, {"LIC4", 10}, {"LIC", 0, 20000}}, 1e6), 20000)
+        << "the cap is over the bonus too";
 }
 
 TEST_F(Agent, SaveReplacesTheRowsAndTheCells)
@@ -114,6 +116,11 @@ TEST_F(Agent, SaveReplacesTheRowsAndTheCells)
     form.Click(form.commission.cmdsavelic);
     EXPECT_EQ(Rows(), "PARTREMU: old 7    \n");
     EXPECT_EQ(Cells(), "269=0ASdf 270=0ASdf 271=0ASdf 272=0ASdf 1167=0ASdf ");
+    form.Click(form.cmdlic);
+    Enter(form, {"0", "0", "0", "0", "0", "10", "0"}); // the table has no rate for securities
+    form.Click(form.commission.cmdsavelic);
+    EXPECT_EQ(Rows(), "PARTREMU: old 7    \nLIC: Commission from LIC of India 0 0 0 0 \n"
+                      "SEC: Commission from Specified Securites 10    \n");
     EXPECT_EQ(practice.Balance().Scalar("select name8 from {qelgeneral} where amt2 = 9999999").Text(), "of the firms");
 }
 

@@ -249,6 +249,8 @@ TEST_F(Firms, ImportTellsWhatIsMissing)
         {"no firm", "", "", true, "There is no partnership firm...", "Information"},
         {"none of the year", kPan, "2022-23", true, "No firm are entered for the assessment year - 2023-24",
          "Infoamation"},
+        {"none of the year yet", kPan, "2024-25", true, "No firm are entered for the assessment year - 2023-24",
+         "Infoamation"},
     };
     for (const auto& row : rows) {
         EmptyPractice its;
