@@ -39,7 +39,7 @@ def print_ratios(times):
 def flatness(times):
     for thing in ("Recompute", "OpenList", "WriteHead", "SaveLine", "OpenLine", "Keystroke", "OpenItems", "SaveItems",
                   "SaveStatement", "OpenStatement", "OpenAnnexure", "SaveAnnexure", "ImportYear",
-                  "SaveDeemed", "OpenDeemed", "SaveCarriages", "OpenCarriages"):
+                  "SaveDeemed", "OpenDeemed", "SaveCarriages", "OpenCarriages", "FindFirms", "SaveFirms"):
         small, large = times.get(f"{thing}/1"), times.get(f"{thing}/100000")
         if small and large:
             print(f"{thing:<34} 100,000 assessee-years against 1: {large[0] / small[0]:.2f}")
@@ -69,7 +69,7 @@ def start(programs):
 
 def main():
     programs = pathlib.Path(sys.argv[1])
-    wanted = sys.argv[2:] or ["services", "statements", "annexure", "workbook", "summary", "computation", "presumptive",
+    wanted = sys.argv[2:] or ["services", "statements", "annexure", "annexure_screen", "workbook", "summary", "computation", "presumptive", "firms",
                                 "statement_screen", "statement_window", "start"]
     for name in wanted:
         print(f"-- {name}", flush=True)

@@ -48,6 +48,7 @@ keys frmbusiness {ALT+R}
 select frmReminder.LV "Form 16A of the firm"
 END
 shot help 1007r2023-24 <<END
+click frmbusiness.cmdlic
 click frmbusiness.ImgHelp
 END
 
@@ -230,6 +231,34 @@ keys FrmbspnlPGBP.TxtFind {ENTER}
 click FrmbspnlPGBP.CmdMulEntry
 set FrmQ47ii.Txt1 Mahesh Traders
 set FrmQ47ii.Txt2 12/4
+END
+
+# what stands beside the lines
+shot firms 1001r2022-23 <<END
+click frmbusiness.cmd6
+set FrmFirm.txtname Malwa Yarn Traders
+set FrmFirm.TxtPan AAKFM2207P
+set FrmFirm.TxtShare 10
+set FrmFirm.TxtProfit 36500
+set FrmFirm.TxtIntt 18000
+END
+shot firm-return 1001r2022-23 <<END
+click frmbusiness.cmd6
+click FrmFirm.cmdImport
+dblclick FrmFirm.DBFirm 1
+END
+shot shares 1002r2023-24 <<END
+click frmbusiness.cmd7
+set frmbusiness.txtname Beach Cleaners
+set frmbusiness.txtamount 1500
+click frmbusiness.Command1
+END
+shot commission 1007r2022-23 <<END
+click frmbusiness.cmdlic
+END
+shot gst 1001r2023-24 <<END
+click frmbusiness.CmdGST
+click FrmGST.Cmd26AS
 END
 
 # a minor's run wrote the head of income last

@@ -431,4 +431,9 @@ bool Txtn1::KeyDown(Key key)
 
 char32_t DropQuotes(char32_t character) { return character == U'"' || character == U'\'' ? 0 : character; }
 
+char32_t InCapitals(char32_t character)
+{
+    return U'a' <= character && character <= U'z' ? character - U'a' + U'A' : character;
+}
+
 } // namespace pgbp

@@ -213,4 +213,7 @@ class Txtn1 : public NumberBox {
 /// programs build into statements.
 char32_t DropQuotes(char32_t character);
 
+/// Makes a letter a capital at the key: for the numbers of registrations.
+char32_t InCapitals(char32_t character);
+
 } // namespace pgbp

@@ -138,6 +138,8 @@ class ItemEntry {
     /// How many items there are, and which one went because it was taken back and not added again.
     std::string Summary() const;
     void Undo();
+    /// From now on the items can be read alone.
+    void Lock();
     Control& FirstField() const;
 
   private:
@@ -166,6 +168,7 @@ class ItemEntry {
 
     Screen& form_;
     Grid& rows_;
+    cmd& add_;
     const std::vector<ItemColumn<Item>> columns_;
     std::vector<Item> items_;
     std::vector<Item> opened_;
@@ -187,7 +190,7 @@ std::vector<GridColumn> GridColumns(const std::vector<ItemColumn<Item>>& columns
 
 template <typename Item>
 ItemEntry<Item>::ItemEntry(Screen& form, Grid& rows, cmd& add, std::vector<ItemColumn<Item>> columns)
-    : form_(form), rows_(rows), columns_(std::move(columns))
+    : form_(form), rows_(rows), add_(add), columns_(std::move(columns))
 {
     add.onClick = [this] { Add(); };
     rows.onDoubleClick = [this](int row) { TakeBack(static_cast<std::size_t>(row) - 1); };
@@ -304,6 +307,20 @@ void ItemEntry<Item>::Undo()
     deleted_.pop_back();
     form_.notice = NameOf(items_[at]) + " is back.";
     Change(at + 1);
+}
+
+template <typename Item>
+void ItemEntry<Item>::Lock()
+{
+    for (const ItemColumn<Item>& column : columns_) {
+        if (column.field)
+            column.field->enabled = false;
+        if (column.tick)
+            column.tick->enabled = false;
+    }
+    add_.enabled = false;
+    rows_.onDoubleClick = rows_.onDelete = nullptr;
+    rows_.onEscape = nullptr;
 }
 
 template <typename Item>

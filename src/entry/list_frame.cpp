@@ -5,20 +5,10 @@
 
 namespace pgbp {
 
-ListFrame::ListFrame(Screen& form, const Names& names, std::vector<ItemColumn<WorkItem>> columns)
-    : panel(form, names.panel), rows(form, names.rows, GridColumns(columns)), add(form, names.add, "&Add"),
-      save(form, names.save, "&Save"), back(form, names.back, "&Cancel"), entry(form, rows, add, std::move(columns)),
-      form_(form)
+ListFrame::ListFrame(Screen& itsScreen, const Names& names, std::vector<ItemColumn<WorkItem>> columns)
+    : EntryFrame(itsScreen, names, std::move(columns))
 {
-    save.isDefault = true;
-    entry.changed = [this] { WriteWorkList(form_.run, entry.items()); };
-    save.onClick = [this] { Save(); };
-    back.onClick = [this] { Leave(); };
-    panel.onUndo = [this] { entry.Undo(); };
-    panel.onEscape = [this] {
-        if (MayDiscard(form_.run, Altered()))
-            Leave();
-    };
+    entry.changed = [this] { WriteWorkList(screen.run, entry.items()); };
 }
 
 void ListFrame::Open(const AdjustmentList& list)
@@ -27,13 +17,12 @@ void ListFrame::Open(const AdjustmentList& list)
     panel.caption = list.caption.text();
     Prepare(list);
     OfferUsedTexts();
-    entry.Open(ReadWorkList(form_.run, list.type));
-    form_.Raise(panel, entry.FirstField());
+    Raise(ReadWorkList(screen.run, list.type));
 }
 
 void ListFrame::OfferUsedTexts()
 {
-    const UsedTexts used = TextsUsedInLists(form_.run, list_->type);
+    const UsedTexts used = TextsUsedInLists(screen.run, list_->type);
     for (const ItemColumn<WorkItem>& column : entry.columns()) {
         const auto* text = std::get_if<std::string WorkItem::*>(&column.member);
         if (text && column.field && *text == &WorkItem::name1)
@@ -45,27 +34,22 @@ void ListFrame::OfferUsedTexts()
 
 bool ListFrame::Altered() const { return list_ && (entry.Altered() || (list_->alteredAlong && list_->alteredAlong())); }
 
-void ListFrame::Save()
+void ListFrame::Store()
 {
-    if (!entry.Finish())
-        return;
-    const Run& run = form_.run;
+    const Run& run = screen.run;
     Transaction transaction = list_->storeAlong ? Transaction({run.balance, run.qeltemp}) : Transaction({run.qeltemp});
     SaveWorkList(run, list_->type);
     if (list_->storeAlong)
         list_->storeAlong(transaction);
     transaction.Commit();
-    form_.TellTakenOver(Replace(panel.caption.get(), "&&", "&") + ' ' + entry.Summary());
-    Leave();
+    screen.TellTakenOver(Replace(panel.caption.get(), "&&", "&") + ' ' + entry.Summary());
 }
 
-void ListFrame::Leave()
+void ListFrame::Leaving()
 {
-    DropWorkList(form_.run);
-    entry.Close();
+    DropWorkList(screen.run);
     list_ = nullptr;
     Restore();
-    form_.Lower(panel);
 }
 
 } // namespace pgbp

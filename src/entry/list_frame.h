@@ -1,9 +1,6 @@
 #pragma once
 
-#include "controls/buttons.h"
-#include "controls/frame.h"
-#include "controls/grid.h"
-#include "entry/item_entry.h"
+#include "entry/entry_frame.h"
 #include "records/working_copies.h"
 #include "startup/run.h"
 
@@ -35,33 +32,15 @@ struct AdjustmentList {
     std::function<bool()> alteredAlong = {};                 ///< and whether that differs from what is stored
 };
 
-/// The side frame in which a list is kept: fields, a grid of what was entered, Add, Save and Cancel. What is entered is
-/// kept in `temp` until Save moves it to `temp1`; Cancel forgets it.
-class ListFrame {
+/// The side frame in which a list is kept. What is entered is kept in `temp` until Save moves it to `temp1`.
+class ListFrame : public EntryFrame<WorkItem> {
   public:
-    struct Names {
-        const char* panel;
-        const char* rows;
-        const char* add;
-        const char* save;
-        const char* back;
-    };
-    ListFrame(Screen& form, const Names& names, std::vector<ItemColumn<WorkItem>> columns);
-    ListFrame(const ListFrame&) = delete;
-    virtual ~ListFrame() = default;
+    ListFrame(Screen& itsScreen, const Names& names, std::vector<ItemColumn<WorkItem>> columns);
 
     void Open(const AdjustmentList& list);
     /// `txttype`: the list that is open; empty when none is.
     std::string_view type() const { return list_ ? list_->type : std::string_view(); }
-    /// A list is open and differs from what was opened.
-    bool Altered() const;
-
-    Frame panel;
-    Grid rows;
-    cmd add;
-    cmd save;
-    cmd back;
-    ItemEntry<WorkItem> entry;
+    bool Altered() const override;
 
   protected:
     /// Shows what the list asks for.
@@ -71,10 +50,9 @@ class ListFrame {
 
   private:
     void OfferUsedTexts();
-    void Save();
-    void Leave();
+    void Store() override;
+    void Leaving() override;
 
-    Screen& form_;
     const AdjustmentList* list_ = nullptr;
 };
 

@@ -1,5 +1,6 @@
 #include "income/frmbusiness.h"
 
+#include "entry/checks.h"
 #include "records/limits.h"
 #include "records/rows_of_type.h"
 #include "services/fault.h"
@@ -66,7 +67,7 @@ void frmbusiness::LayOut()
     const std::vector<LayoutRow> more = {
         {{&cmd6, &Label6, isFirm ? static_cast<Control*>(&lblna1) : &Txt6, &txt6P}},
         {{&cmd7, &Label7, isFirm ? static_cast<Control*>(&lblna2) : &Txt7, &txt7P}},
-        {{&cmdlic, &Label8, &lbllic, &lbllicP, &ImgHelp}},
+        {{&cmdlic, &Label8, &lbllic, &lbllicP}},
         {{nullptr, &Label26, &Label27}},
         {{nullptr, &Label9, &lbltotal, &lbltotalP}, RowStyle::Total},
         {{nullptr, nullptr, &lblothers, &lblothersP}},
@@ -111,13 +112,11 @@ void frmbusiness::Wire()
     cmd6.onClick = [this] { OpenFirms(); };
     cmd7.onClick = [this] { OpenAop(); };
     cmd9.onClick = [this] { OpenProfession(); };
-    cmdlic.onClick = [this] { RefuseMinor(); };
+    cmdlic.onClick = [this] { OpenCommission(); };
     CmdGST.onClick = [this] { run.screens.Show(screens::FrmGST); };
-    const auto activate = [this] { Activate(); };
-    ImgHelp.onClick = [this, activate] { run.screens.ShowModal(screens::FrmHelp, {ImgHelp.toolTip.get()}, activate); };
     cmdReport.onClick = [this] { ReportOnPreviousYear(); };
     CmdBack.onClick = [this] { Back(); };
-    cmdr.onClick = [this, activate] { run.screens.ShowModal(screens::frmReminder, {}, activate); };
+    cmdr.onClick = [this] { run.screens.ShowModal(screens::frmReminder, {}, [this] { Activate(); }); };
     partners.cmdmax.onClick = [this] { CalculateMaximum(); };
     partners.txtlesspart1.onChange = partners.txtlesspart2.onChange = [this] { AddUpAfterPartners(); };
     framain.onUndo = [this] { BringBack(); };
@@ -191,13 +190,21 @@ void frmbusiness::OpenFirms()
     run.GlBusinessKind = kFirmIncome;
     if (IsFirm(run.Glstatus))
         return ShowNotApplicable(run, "Remu./Intt from Partnership Firm", "Other than Partnership Firm");
-    run.screens.Show(screens::FrmFirm);
+    Rules().FirmsByScreen() ? run.screens.Show(screens::FrmFirm) : shares.Open(kFirmShares);
 }
 
 void frmbusiness::OpenAop()
 {
     run.GlBusinessKind = kAopShare;
-    ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
+    if (IsFirm(run.Glstatus))
+        return ShowNotApplicable(run, "Share from AOP/BOI", "Individuals & HUFs");
+    shares.Open(kAopShares);
+}
+
+void frmbusiness::OpenCommission()
+{
+    if (!RefuseMinor())
+        commission.Open();
 }
 
 void frmbusiness::StoreIncomeUnderSection11()
@@ -229,14 +236,19 @@ void frmbusiness::BringBack()
 
 void frmbusiness::Back()
 {
-    if (lines.fra1.visible)
-        return lines.Leave();
+    if (Frame* card = Card())
+        return card->onEscape();
     Close();
 }
+
+/// In a side frame that is up.
+bool frmbusiness::Altered() const { return commission.Altered() || shares.Altered(); }
 
 /// A store that fails for good does not keep the preparer here: he may leave the old head of income as it stands.
 void frmbusiness::Close()
 {
+    if (!MayDiscard(run, Altered()))
+        return;
     try {
         if (!recomputed_) // figures of a recompute that failed must not become the head of income
             Activate();

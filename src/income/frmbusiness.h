@@ -3,8 +3,10 @@
 #include "controls/buttons.h"
 #include "controls/frame.h"
 #include "controls/text_controls.h"
+#include "income/commission.h"
 #include "income/line_list.h"
 #include "income/partner_deductions.h"
+#include "income/shares.h"
 #include "income/summary_rules.h"
 #include "startup/run.h"
 
@@ -82,7 +84,6 @@ class frmbusiness : public Screen {
     Label Label8{*this, "Label8", "Commission from LIC, UTI etc. :"};
     Label lbllic{*this, "lbllic", "0.00", LabelLook::Amount};
     Label lbllicP{*this, "lbllicP", "0.00", LabelLook::Amount};
-    Image ImgHelp{*this, "ImgHelp", "Maximum Deduction ?"};
 
     Label Label26{*this, "Label26", "Adjustment Th. Tax Audit Report :"};
     Label Label27{*this, "Label27", "0.00", LabelLook::Amount};
@@ -123,6 +124,15 @@ class frmbusiness : public Screen {
                         },
                     .buttonOf = [this](BusinessKind kind) -> Control& { return kind == kNormal ? cmd1 : cmd2; }}};
 
+    /// The commission, `fralic`.
+    Commission commission{
+        *this, {.limit = [this] { return LicLimit; }, .recompute = [this] { Activate(); }, .button = cmdlic}};
+
+    /// What the client gets from firms and associations, `fra2`.
+    Shares shares{*this,
+                  {.recompute = [this] { Activate(); },
+                   .buttonOf = [this](BusinessKind kind) -> Control& { return kind == kAopShare ? cmd7 : cmd6; }}};
+
     double LicLimit = 0; ///< commission up to which the ad hoc deduction is allowed, rupees
 
   private:
@@ -158,7 +168,9 @@ class frmbusiness : public Screen {
     void OpenTransport();
     void OpenFirms();
     void OpenAop();
+    void OpenCommission();
     bool RefuseMinor() const;
+    bool Altered() const;
 
     void CalculateMaximum();
     void StoreIncomeUnderSection11();

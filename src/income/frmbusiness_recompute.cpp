@@ -92,16 +92,10 @@ void frmbusiness::OpenGst()
 void frmbusiness::CloseDoors()
 {
     LeadsTo(CmdGST, screens::FrmGST);
-    const bool refusesFirm = IsFirm(run.Glstatus);
-    const bool refusesMinor = run.GLminor != 0;
-    if (Rules().VehiclesByScreen() && !refusesMinor)
+    if (Rules().VehiclesByScreen() && run.GLminor == 0)
         LeadsTo(cmd4, screens::Frm44AENew);
-    if (!refusesFirm) {
-        Rules().FirmsByScreen() ? LeadsTo(cmd6, screens::FrmFirm) : CloseDoor(cmd6);
-        CloseDoor(cmd7);
-    }
-    if (!refusesMinor)
-        CloseDoor(cmdlic);
+    if (Rules().FirmsByScreen() && !IsFirm(run.Glstatus))
+        LeadsTo(cmd6, screens::FrmFirm);
 }
 
 /// The suite reads from this row whether there is any business at all.
@@ -136,9 +130,9 @@ void frmbusiness::DeleteRetailLines()
 void frmbusiness::CloseExemptShares()
 {
     if (Rules().ExemptsShares()) {
-        const Recordset shares = run.company.Query(
+        const Recordset exempt = run.company.Query(
             "select code from {misc_items} where code = ? and ([Type] = 'SPRO' or [Type] = 'SAOP')", run.Glcode);
-        if (shares.Empty())
+        if (exempt.Empty())
             cmd7.enabled = false;
         else
             boxes().Show(
@@ -198,11 +192,10 @@ void frmbusiness::ShowCommission()
     lbllic = "0.00";
     if (run.GLminor != 0)
         return;
-    const Recordset rows = run.company.Query("select [Type], amt1, amt2, amt3, amt4 from {business1} where code = ? "
-                                             "and ([Type] = 'LIC' or [Type] = 'UTI' or "
-                                             "[Type] = 'SEC' or [Type] = 'MF' or [Type] = 'ZADHOC')" +
-                                                 std::string(run.company.dialect().insertionOrder),
-                                             run.Glcode);
+    const Recordset rows =
+        run.company.Query("select [Type], amt1, amt2, amt3, amt4 from {business1} where code = ? and " +
+                              std::string(kIsCommission) + std::string(run.company.dialect().insertionOrder),
+                          run.Glcode);
     for (const Row row : rows) {
         const std::string type = Upper(row["Type"].Text());
         double amounts = row["amt1"].Number();

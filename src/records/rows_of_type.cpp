@@ -17,7 +17,7 @@ RowsOfType ItemsOfBalance(const Run& run, std::string_view type)
     return {run, {run.balance, "misc_items", "sno"}, type, std::nullopt};
 }
 
-RowsOfType LineDetails(const Run& run, std::string_view type, double sno)
+RowsOfType LineDetails(const Run& run, std::string_view type, std::optional<double> sno)
 {
     return {run, {run.company, "business1", "sno"}, type, sno};
 }

@@ -25,7 +25,7 @@ class RowsOfType {
     friend RowsOfType ScheduleCells(const Run&, std::string_view, std::optional<double>);
     friend RowsOfType MiscItems(const Run&, std::string_view, std::optional<double>);
     friend RowsOfType ItemsOfBalance(const Run&, std::string_view);
-    friend RowsOfType LineDetails(const Run&, std::string_view, double);
+    friend RowsOfType LineDetails(const Run&, std::string_view, std::optional<double>);
 
     struct Table {
         const Connection& file;
@@ -61,7 +61,7 @@ RowsOfType MiscItems(const Run& run, std::string_view type, std::optional<double
 /// Those of them that lie in `balance`: the deemed income by kind of vehicle, "44AE".
 RowsOfType ItemsOfBalance(const Run& run, std::string_view type);
 
-/// Detail rows of a line of business.
-RowsOfType LineDetails(const Run& run, std::string_view type, double sno);
+/// Detail rows of a line of business; without one those of all lines, and those that belong to the assessee as a whole.
+RowsOfType LineDetails(const Run& run, std::string_view type, std::optional<double> sno = {});
 
 } // namespace pgbp

@@ -116,12 +116,8 @@ void FrmQ47ii::Wire()
 /// In a locked year the list can be read.
 void FrmQ47ii::Lock()
 {
-    for (const ItemColumn<BadDebt>& column : entry.columns())
-        if (column.field)
-            column.field->enabled = false;
-    CmdAdd.enabled = Command11.enabled = false;
-    MSH.onDoubleClick = MSH.onDelete = nullptr;
-    MSH.onEscape = nullptr;
+    entry.Lock();
+    Command11.enabled = false;
     CombCountry.onChange = nullptr;
 }
 

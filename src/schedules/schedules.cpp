@@ -1,6 +1,8 @@
 #include "schedules/schedules.h"
 
 #include "schedules/Frm44AENew.h"
+#include "schedules/FrmFirm.h"
+#include "schedules/FrmGST.h"
 #include "schedules/FrmQ47ii.h"
 
 namespace pgbp {
@@ -9,6 +11,8 @@ void RegisterScheduleScreens(Screens& screens)
 {
     screens.Register<FrmQ47ii>(screens::FrmQ47ii);
     screens.Register<Frm44AENew>(screens::Frm44AENew);
+    screens.Register<FrmGST>(screens::FrmGST);
+    screens.Register<FrmFirm>(screens::FrmFirm);
 }
 
 } // namespace pgbp

@@ -77,6 +77,11 @@ struct BadDebtsOpening {
     std::function<void(double rupees)> saved{}; ///< the list was stored with this total
 };
 
+/// What the assessee gets from firms, or from associations.
+struct MembershipOpening {
+    bool isOfAssociations = false;
+};
+
 struct HelpOpening {
     std::string topic{};
 };
@@ -100,7 +105,7 @@ inline constexpr ScreenName<StatementOpening> FrmbspnlINDAS{"FrmbspnlINDAS"};
 inline constexpr ScreenName<BadDebtsOpening> FrmQ47ii{"FrmQ47ii"};
 inline constexpr ScreenName<NoOpening> FrmGST{"FrmGST"};
 inline constexpr ScreenName<NoOpening> Frm44AENew{"Frm44AENew"};
-inline constexpr ScreenName<NoOpening> FrmFirm{"FrmFirm"};
+inline constexpr ScreenName<MembershipOpening> FrmFirm{"FrmFirm"};
 
 /// All of them.
 inline constexpr std::tuple kAll{frmmdi,          frmbusiness,       frmReminder,  FrmHelp,       frmbusinesscal,

@@ -4,14 +4,6 @@
 
 namespace pgbp {
 
-bool IsPan(std::string_view text)
-{
-    constexpr std::string_view shape = "AAAAA9999A";
-    return text.size() == shape.size() && std::equal(text.begin(), text.end(), shape.begin(), [](char c, char kind) {
-               return kind == 'A' ? 'A' <= c && c <= 'Z' : '0' <= c && c <= '9';
-           });
-}
-
 std::string PanOfCopy(std::string pan, int serial)
 {
     const auto advance = [&](char& symbol, char first, int base) {

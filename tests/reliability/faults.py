@@ -247,7 +247,7 @@ class Attack:
         after = before.copy(self.folder(), save)
         status, said = self.work_through(after, save)
         old, new = before.state(), after.state()
-        if old.others == new.others:
+        if old.others == new.others:  # the head may stay: a return has more than its head of income
             raise Loss(f"{save.name} changes nothing: {said} {status}")
         return before, old, new
 

@@ -255,10 +255,10 @@ class EmptyPractice {
     /// The fields that `more` holds too are its.
     void Put(const Connection& file, const char* table, std::vector<Field> fields, const std::vector<Field>& more) const
     {
+        fields.push_back({"code", handOver.Glcode});
         std::erase_if(fields, [&](const Field& field) {
             return std::ranges::any_of(more, [&](const Field& other) { return other.column == field.column; });
         });
-        fields.push_back({"code", handOver.Glcode});
         fields.insert(fields.end(), more.begin(), more.end());
         file.Insert(table, fields);
     }
