@@ -84,23 +84,27 @@ void BindValue(SQLite::Statement& statement, int at, const Value& value)
         statement.bind(at);
 }
 
-Value ReadText(std::string_view text, bool isDate)
+void AddText(std::string_view text, bool isDate, std::vector<Value>& cells)
 {
-    const auto date = isDate ? FromIsoText(text) : std::nullopt;
-    return date ? Value(*date) : Value(text);
+    if (const auto date = isDate ? FromIsoText(text) : std::nullopt)
+        cells.emplace_back(*date);
+    else
+        cells.emplace_back(text);
 }
 
-Value ReadValue(const SQLite::Column& column, bool isDate)
+void AddField(const SQLite::Column& column, bool isDate, std::vector<Value>& cells)
 {
     switch (column.getType()) {
     case SQLITE_NULL:
-        return {};
+        cells.emplace_back();
+        break;
     case SQLITE_INTEGER:
     case SQLITE_FLOAT:
-        return column.getDouble();
+        cells.emplace_back(column.getDouble());
+        break;
     default:
         const char* text = column.getText();
-        return ReadText({text, static_cast<std::size_t>(column.getBytes())}, isDate);
+        AddText({text, static_cast<std::size_t>(column.getBytes())}, isDate, cells);
     }
 }
 
@@ -174,7 +178,7 @@ class EmbeddedEngine : public Engine {
                 for (auto i = row.size(); i < prepared.isDate.size(); ++i)
                     row.push_back(prepared.statement.getColumn(static_cast<int>(i)));
                 for (std::size_t i = 0; i < row.size(); ++i)
-                    cells.push_back(ReadValue(row[i], prepared.isDate[i]));
+                    AddField(row[i], prepared.isDate[i], cells);
             }
             prepared.cellCount = cells.size();
             return Recordset(prepared.columns, std::move(cells));
