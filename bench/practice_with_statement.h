@@ -76,22 +76,23 @@ class PracticeWithStatement : public FilledPractice {
         Transaction transaction({run->balance});
         run->balance.Delete("from {qelgeneral} where code = ? and [Type] = 'NEWPL' and amt2 = ?", kCode, kLine);
         int figure = 7, row = 0, brokenDown = 0;
-        for (const TemplateRow& line : LoadTemplate(run->tax, kTemplates, "PL_3_2019")) {
+        for (const StatementRow& line : LoadTemplate(run->tax, kTemplates, "PL_3_2019")) {
             ++row;
-            if (line.isBlocked || !line.isNumber || IsNoBooksLine(line.slno))
+            const int slno = std::stoi(line[kSlno]);
+            if (line[kType] != "NUM" || IsNoBooksLine(slno))
                 continue;
             figure = figure < 100000000 ? figure * 7 + 3 : 5;
             for (const std::string& code : {std::string(kCode), run->GlPrCode})
                 run->balance.Insert("qelgeneral", {{"code", code},
                                                    {"Type", "NEWPL"},
-                                                   {"amt1", line.slno},
+                                                   {"amt1", slno},
                                                    {"amt2", kLine},
                                                    {"name8", std::to_string(figure)}});
             if (row >= kFromLine && brokenDown++ < kBrokenDown)
                 for (int i = 0; i < kDetailsOfALine; ++i)
                     run->balance.Insert("qelgeneral", {{"code", kCode},
                                                        {"Type", "SNEWPL"},
-                                                       {"amt1", line.slno},
+                                                       {"amt1", slno},
                                                        {"amt2", kLine},
                                                        {"name9", "Part " + std::to_string(i)},
                                                        {"name8", "1000"}});

@@ -5,7 +5,6 @@
 #include "statements/template_row.h"
 
 #include <functional>
-#include <map>
 #include <optional>
 #include <span>
 #include <string>
@@ -20,7 +19,7 @@ class StatementLines {
     StatementLines(std::span<const StatementRow> rows, std::span<const std::string_view> rules);
 
     std::size_t Count() const { return lines_.size() - 1; } ///< without the heading
-    int Slno(std::size_t line) const { return lines_[line].slno; }
+    int Slno(std::size_t line) const { return slnos_[line]; }
     /// The line with this lasting number; none where the form has no such line.
     std::optional<std::size_t> Find(int slno) const;
 
@@ -39,13 +38,12 @@ class StatementLines {
 
   private:
     struct Line {
-        int slno = 0;
         std::string type{};
         bool takesDescription = false;
     };
 
     std::vector<Line> lines_{1};
-    std::map<int, std::size_t> bySlno_;
+    std::vector<int> slnos_{0};
     std::vector<AmountCell> amounts_{1};
     std::optional<StatementTotals> totals_;
 };

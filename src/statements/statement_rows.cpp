@@ -16,7 +16,7 @@ constexpr std::string_view kColumns = "amt1, name8, name1, name2, name7, Amt10";
 /// In the order of kColumns.
 StoredLines LinesOf(const Recordset& rows)
 {
-    StoredLines lines;
+    StoredLines lines(rows.Size());
     for (const Row row : rows)
         lines.try_emplace(static_cast<int>(row.At(0).Number()),
                           StoredLine{.amount = row.At(1).Text(),
@@ -45,9 +45,9 @@ StoredLines StatementRows::Read(double sno) const
     return lines.empty() && IsOfTheCompany() ? LinesOf(Values(kOfTheCompany).Read(kColumns)) : lines;
 }
 
-std::map<int, std::string> StatementRows::ReadPreviousYear() const
+std::unordered_map<int, std::string> StatementRows::ReadPreviousYear() const
 {
-    std::map<int, std::string> amounts;
+    std::unordered_map<int, std::string> amounts;
     if (Trim(run_.GlPrCode).empty())
         return amounts;
     const RowsOfType ofYear = ScheduleCells(run_, std::string(keeping_.values) + kind_).OfCode(run_.GlPrCode);

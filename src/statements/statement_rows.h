@@ -8,6 +8,7 @@
 #include <map>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 namespace pgbp {
@@ -43,7 +44,7 @@ struct StoredLine {
     std::string previousYear; ///< `name7`, under Ind AS
     bool booksNotKept = false;
 };
-using StoredLines = std::map<int, StoredLine>; ///< by the line's lasting number, the first of several
+using StoredLines = std::unordered_map<int, StoredLine>; ///< by the line's lasting number, the first of several
 
 /// A part of an amount that is broken down.
 struct DetailEntry {
@@ -70,7 +71,7 @@ class StatementRows {
 
     StoredLines Read(double sno) const;
     /// The amounts by the line's lasting number, of whatever line of business.
-    std::map<int, std::string> ReadPreviousYear() const;
+    std::unordered_map<int, std::string> ReadPreviousYear() const;
     Details ReadDetails(double sno) const;
     std::optional<Intraday> ReadIntraday(double sno) const;
 

@@ -59,11 +59,10 @@ std::string TemplateOf(const StatementKeeping& keeping, const StatementForm& for
 
 std::vector<StatementRow> LoadRows(const Run& run, const StatementKeeping& keeping, const StatementForm& form)
 {
-    std::vector<StatementRow> rows =
-        ToStatementRows(LoadTemplate(run.tax, keeping.templates, TemplateOf(keeping, form)));
+    std::vector<StatementRow> rows = LoadTemplate(run.tax, keeping.templates, TemplateOf(keeping, form));
     if (!keeping.ownDescriptions)
         for (StatementRow& row : rows)
-            row.cells[kBlankDescription].clear();
+            row[kBlankDescription].clear();
     return rows;
 }
 
@@ -251,36 +250,40 @@ void StatementScreen::Fill_MSH()
 {
     std::vector<StatementRow> rows = LoadRows(run, keeping_, form_);
     lines_ = LinesOf(rows, keeping_, form_);
-    std::vector<std::vector<std::string>> cells;
-    cells.reserve(rows.size());
-    for (StatementRow& row : rows)
-        cells.emplace_back(std::move_iterator(row.cells.begin()), std::move_iterator(row.cells.end()));
-    MSH.SetRows(std::move(cells));
-    for (std::size_t line = 1; line <= rows.size(); ++line)
-        if (rows[line - 1].isShaded)
-            MSH.SetRowLook(static_cast<int>(line), CellLook::Computed);
-
     const StoredLines stored = sno_ == 0 ? StoredLines() : rows_.Read(sno_);
     asksBooks_ = stored.empty() && form_.GlITR < kFormOfCompanies && run.GLlock == 0;
     for (std::size_t line = 1; line <= lines_.Count(); ++line)
         if (const auto found = stored.find(lines_.Slno(line)); found != stored.end())
-            FillLine(line, found->second);
+            FillLine(line, found->second, rows[line - 1]);
+    FillPreviousYear(stored, rows);
+    MSH.SetRows(std::move(rows));
+    Shade(stored);
     OfferIntraday();
     RunTotals();
-    ShowPreviousYear(stored);
     ApplyVisibility();
 }
 
 /// A computed line does not keep a stored figure.
-void StatementScreen::FillLine(std::size_t line, const StoredLine& stored)
+void StatementScreen::FillLine(std::size_t line, const StoredLine& stored, StatementRow& row)
 {
-    const int row = static_cast<int>(line);
     ChkBooks.value = stored.booksNotKept;
-    if (!lines_.IsClosed(line))
-        SetAmount(line, FormatAmountIndian(stored.amount, kIndianGrouping));
-    if (stored.isOwn && keeping_.ownDescriptions) {
-        MSH.SetCell(row, kDescription, stored.description);
-        MSH.SetCellLook(row, kDescription, CellLook::Own);
+    if (!lines_.IsClosed(line)) {
+        row[kAmount] = FormatAmountIndian(stored.amount, kIndianGrouping);
+        lines_.SetAmount(line, row[kAmount]);
+    }
+    if (stored.isOwn && keeping_.ownDescriptions)
+        row[kDescription] = stored.description;
+}
+
+void StatementScreen::Shade(const StoredLines& stored)
+{
+    for (std::size_t line = 1; line <= lines_.Count(); ++line) {
+        const int row = static_cast<int>(line);
+        if (lines_.IsClosed(line))
+            MSH.SetRowLook(row, CellLook::Computed);
+        if (const auto found = stored.find(lines_.Slno(line));
+            found != stored.end() && found->second.isOwn && keeping_.ownDescriptions)
+            MSH.SetCellLook(row, kDescription, CellLook::Own);
     }
 }
 
@@ -291,17 +294,15 @@ void StatementScreen::Fill_Cond()
             MSH.SetCell(static_cast<int>(*line), kDetail, std::string(kDetailsFilled));
 }
 
-void StatementScreen::ShowPreviousYear(const StoredLines& stored)
+void StatementScreen::FillPreviousYear(const StoredLines& stored, std::vector<StatementRow>& rows) const
 {
     const auto before = rows_.ReadPreviousYear();
     for (std::size_t line = 1; line <= lines_.Count(); ++line) {
-        std::string text;
+        std::string& text = rows[line - 1][kPreviousYear];
         if (const auto found = before.find(lines_.Slno(line)); found != before.end())
             text = FormatAmountIndian(found->second, kIndianGrouping);
         else if (const auto kept = stored.find(lines_.Slno(line)); kept != stored.end() && keeping_.isIndAS)
             text = kept->second.previousYear;
-        if (!text.empty())
-            MSH.SetCell(static_cast<int>(line), kPreviousYear, text);
     }
 }
 

@@ -89,8 +89,9 @@ class StatementScreen : public Screen {
     void OfferIntraday();
     void Fill_MSH();
     void Fill_Cond();
-    void FillLine(std::size_t line, const StoredLine& stored);
-    void ShowPreviousYear(const StoredLines& stored);
+    void FillLine(std::size_t line, const StoredLine& stored, StatementRow& row);
+    void FillPreviousYear(const StoredLines& stored, std::vector<StatementRow>& rows) const;
+    void Shade(const StoredLines& stored);
     void ApplyVisibility();
     void ApplyLock();
     void ShowColumns();

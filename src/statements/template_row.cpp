@@ -11,18 +11,19 @@ constexpr std::size_t kIndentOfLevel = 3;
 
 bool IsBlank(std::string_view text) { return text.find_first_not_of(' ') == std::string_view::npos; }
 
-std::string Serial(TemplateRow& row)
+std::string_view Serial(const TemplateRow& row)
 {
     const auto first = std::find_if_not(row.serials.begin(), row.serials.end(), IsBlank);
-    return first == row.serials.end() ? std::string() : std::move(*first);
+    return first == row.serials.end() ? std::string_view() : *first;
 }
 
-std::string Caption(TemplateRow& row)
+std::string Caption(const TemplateRow& row)
 {
-    for (std::size_t level = 0; level < row.captions.size(); ++level)
-        if (!row.captions[level].empty())
-            return std::move(row.captions[level].insert(0, level * kIndentOfLevel, ' '));
-    return {};
+    const auto first = std::ranges::find_if_not(row.captions, &std::string_view::empty);
+    if (first == row.captions.end())
+        return {};
+    const auto level = static_cast<std::size_t>(first - row.captions.begin());
+    return std::string(level * kIndentOfLevel, ' ').append(*first);
 }
 
 std::string_view EntryType(const TemplateRow& row)
@@ -60,26 +61,16 @@ constexpr Selection kSelections[] = {
 
 } // namespace
 
-StatementRow ToStatementRow(TemplateRow row)
+StatementRow ToStatementRow(const TemplateRow& row)
 {
-    StatementRow line;
-    line.cells[kSerial] = Serial(row);
-    line.cells[kDescription] = line.cells[kBlankDescription] = Caption(row);
-    line.cells[kType] = EntryType(row);
-    line.cells[kSlno] = std::to_string(row.slno);
+    StatementRow cells(kStatementColumns);
+    cells[kSerial] = Serial(row);
+    cells[kDescription] = cells[kBlankDescription] = Caption(row);
+    cells[kType] = EntryType(row);
+    cells[kSlno] = std::to_string(row.slno);
     if (!row.isBlocked)
-        line.cells[kDetail] = kDetailsPossible;
-    line.isShaded = row.isBlocked;
-    return line;
-}
-
-std::vector<StatementRow> ToStatementRows(std::vector<TemplateRow> rows)
-{
-    std::vector<StatementRow> lines;
-    lines.reserve(rows.size());
-    for (TemplateRow& row : rows)
-        lines.push_back(ToStatementRow(std::move(row)));
-    return lines;
+        cells[kDetail] = kDetailsPossible;
+    return cells;
 }
 
 std::span<const std::string_view> ChoiceItems(int slno)

@@ -8,14 +8,14 @@
 
 namespace pgbp {
 
-/// One line of a statement as the return of a year prints it: a record of the template tables.
+/// One line of a statement as the return of a year prints it: a record of the template tables, whose texts it views.
 struct TemplateRow {
     /// Lasting number of the line; saved amounts are found by it in every year's form.
     int slno = 0;
     /// `head1`, `head2`, `s_1` to `s_4`: the first that is not blank is printed.
-    std::array<std::string, 6> serials{};
+    std::array<std::string_view, 6> serials{};
     /// `Descr1` to `Descr4`, from the widest level to the deepest.
-    std::array<std::string, 4> captions{};
+    std::array<std::string_view, 4> captions{};
     bool isChoice = false;  // `flag`
     bool isNumber = false;  // `text_numeric`
     bool isBlocked = false; // heading or computed total
@@ -34,12 +34,8 @@ enum StatementColumn : int {
     kStatementColumns
 };
 
-/// A line of the statement grid before any amount is filled in.
-struct StatementRow {
-    std::array<std::string, kStatementColumns> cells;
-    /// All columns from the description on are shaded as fixed cells.
-    bool isShaded = false;
-};
+/// Texts of a line of the statement grid, by column.
+using StatementRow = std::vector<std::string>;
 
 /// Caption of a line on which the preparer writes the description.
 inline constexpr std::string_view kWrittenByPreparer = "__";
@@ -47,9 +43,9 @@ inline constexpr std::string_view kWrittenByPreparer = "__";
 inline constexpr std::string_view kDetailsPossible = "=>";
 inline constexpr std::string_view kDetailsFilled = "Filled";
 
-/// Serial, indented description, type (NUM, TXT, CBO or none on a blocked line), number and detail mark of a line.
-StatementRow ToStatementRow(TemplateRow row);
-std::vector<StatementRow> ToStatementRows(std::vector<TemplateRow> rows);
+/// Serial, indented description, type (NUM, TXT, CBO or none on a blocked line), number and detail mark of a line,
+/// before any amount is filled in.
+StatementRow ToStatementRow(const TemplateRow& row);
 
 /// What the choice list of the line `slno` offers, in order.
 std::span<const std::string_view> ChoiceItems(int slno);

@@ -64,10 +64,10 @@ constexpr std::size_t kFirstSerial = 4;
 constexpr std::size_t kFirstCaption = 10;
 
 template <std::size_t Count>
-void TakeTexts(const Row& record, std::size_t first, std::array<std::string, Count>& texts)
+void TakeTexts(const Row& record, std::size_t first, std::array<std::string_view, Count>& texts)
 {
     for (std::size_t i = 0; i < Count; ++i)
-        texts[i] = record.At(first + i).Text();
+        texts[i] = record.At(first + i).HeldText();
 }
 
 TemplateRow FromRecord(const Row& record)
@@ -83,15 +83,15 @@ TemplateRow FromRecord(const Row& record)
 
 } // namespace
 
-std::vector<TemplateRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType)
+std::vector<StatementRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType)
 {
     const std::string select =
         "select " + std::string(kColumns) + " from {" + std::string(table) + "} where d_type = ? order by pslno";
     const Recordset records = tax.Query(select, dType);
-    std::vector<TemplateRow> rows;
+    std::vector<StatementRow> rows;
     rows.reserve(records.Size());
     for (const Row record : records)
-        rows.push_back(FromRecord(record));
+        rows.push_back(ToStatementRow(FromRecord(record)));
     return rows;
 }
 

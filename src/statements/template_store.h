@@ -16,8 +16,8 @@ inline constexpr std::string_view kIndTemplates = "taxauditjson";
 /// Bad debts above one lakh without a PAN: a line that older templates closed, and that must be open.
 inline constexpr int kBadDebtsWithoutPan = 540;
 
-/// The lines of the template `dType` in their order; none when the table has none. Throws StoreError.
-std::vector<TemplateRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType);
+/// The lines of the template `dType` in their order, without amounts; none when the table has none. Throws StoreError.
+std::vector<StatementRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType);
 
 /// A practice's `tax.mdb` may be older than the program: when it lacks the template `dType`, or holds the greatest one
 /// half copied, the template is taken over from `qel.mmm` in the program's folder. The templates from 2019 on have

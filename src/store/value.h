@@ -33,6 +33,13 @@ class Value {
     /// The text; a number as its shortest text, a date as ISO text, Null as "".
     std::string Text() const;
 
+    /// What is held as a text, as long as the value lives; "" for a value of any other kind.
+    std::string_view HeldText() const
+    {
+        const auto* text = std::get_if<std::string>(&held_);
+        return text ? std::string_view(*text) : std::string_view();
+    }
+
     /// True for any number but 0.
     bool Flag() const { return Number() != 0; }
 

@@ -21,7 +21,7 @@ std::vector<Path> PathsOf(const TemplateFile& file)
     std::vector<Path> paths;
     Path path;
     for (const TemplateRow& row : file.rows) {
-        const auto own = std::ranges::find_if(row.serials, [](const std::string& s) { return !s.empty(); });
+        const auto own = std::ranges::find_if(row.serials, [](std::string_view s) { return !s.empty(); });
         if (own == row.serials.end()) {
             paths.emplace_back();
             continue;
@@ -30,7 +30,7 @@ std::vector<Path> PathsOf(const TemplateFile& file)
         std::copy(own, row.serials.end(), path.begin() + static_cast<std::ptrdiff_t>(depth));
         const std::size_t digits = std::min(own->find_first_not_of("0123456789"), own->size());
         if (depth > 0 && digits > 0 && digits < own->size()) {
-            path = {own->substr(0, digits)};
+            path = {std::string(own->substr(0, digits))};
             path[depth] = own->substr(digits);
         }
         paths.push_back(path);

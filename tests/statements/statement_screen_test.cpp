@@ -267,9 +267,9 @@ TEST_F(StatementTest, DebtorsAreListedFrom2019)
 TEST_F(StatementTest, EveryLineOfABusinessWithoutBooksIsMandatory)
 {
     for (int missing = 0; missing < 4; ++missing) {
-        std::vector<StatementRow> rows(5); // the heading 268, then 269 to 272
+        std::vector<StatementRow> rows(5, StatementRow(kStatementColumns)); // the heading 268, then 269 to 272
         for (int i = 0; i < 5; ++i)
-            rows[static_cast<std::size_t>(i)].cells[kSlno] = std::to_string(268 + i);
+            rows[static_cast<std::size_t>(i)][kSlno] = std::to_string(268 + i);
         StatementLines lines(rows, {});
         for (std::size_t line = 2; line <= 5; ++line)
             lines.SetAmount(line, "5");

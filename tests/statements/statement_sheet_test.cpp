@@ -28,8 +28,8 @@ struct Typed {
 GridTexts GridOf(const char* form, const std::vector<Typed>& typed)
 {
     GridTexts grid{{"Serial", "Description", "Amount", "Type", "SLNO", "Prev. Year", "Detail", "Blank Description"}};
-    for (const StatementRow& row : ToStatementRows(TemplateNamed(form).rows))
-        grid.emplace_back(row.cells.begin(), row.cells.end());
+    for (const TemplateRow& row : TemplateNamed(form).rows)
+        grid.push_back(ToStatementRow(row));
     for (const auto& [line, column, text] : typed)
         grid.at(line)[column] = text;
     return grid;

@@ -25,7 +25,7 @@ TemplateFile Read(const std::filesystem::path& path)
     std::string line;
     std::getline(in, line);
     while (std::getline(in, line)) {
-        const auto fields = Fields(line);
+        const auto& fields = file.texts.emplace_back(Fields(line));
         if (fields.size() != 15)
             throw std::runtime_error(file.name + ": a line of " + std::to_string(fields.size()) + " fields");
         TemplateRow row{.slno = std::stoi(fields[1])};

@@ -12,6 +12,7 @@ namespace pgbp::test {
 struct TemplateFile {
     std::string name; ///< d_type
     std::vector<int> pslno{};
+    std::vector<std::vector<std::string>> texts{}; ///< of the rows, which view them
     std::vector<TemplateRow> rows{};
 
     /// Line of the number `slno`, 1 for the first; 0 where the template lacks it.
