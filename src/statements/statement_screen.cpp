@@ -12,7 +12,6 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
 #include <utility>
 
 namespace pgbp {
@@ -210,9 +209,13 @@ void StatementScreen::Open(const StatementOpening& opening)
     formNumber_.emplace(run.GlITR, form_);
     ChkPr.visible = !Trim(run.GlPrCode).empty();
     Command1.visible = form_.GlITR != kFormOfCompanies;
-    if (!keeping_.isIndAS && !run.readOnly)
-        RepairTemplate(run.tax, run.host.programFolder, TemplateOf(keeping_, form_), form_.year);
-    const Reading reading(run.balance);
+    std::optional<Reading> reading(std::in_place, run.balance);
+    const std::string dType = TemplateOf(keeping_, form_);
+    if (!keeping_.isIndAS && !run.readOnly && NeedsRepair(run.tax, dType, form_.year)) {
+        reading.reset();
+        RepairTemplate(run.tax, run.host.programFolder, dType, form_.year);
+        reading.emplace(run.balance);
+    }
     entries_ = rows_.ReadDetails(sno_);
     ChkDet.value = clsIniFile{run.host.programFolder / "Settings.ini"}.GetValue(keeping_.settings, "Flags") == "1";
     Fill_MSH();

@@ -26,6 +26,13 @@ constexpr TemplateRepair kRepairs[] = {
     {.dType = "PL_5_2019", .firstYear = 2019, .completeRows = 197, .opensBadDebts = true},
 };
 
+/// None for a template that is in every `tax.mdb`, or is not of the year yet.
+const TemplateRepair* RepairOf(std::string_view dType, int year)
+{
+    const auto repair = std::ranges::find(kRepairs, dType, &TemplateRepair::dType);
+    return repair == std::end(kRepairs) || year < repair->firstYear ? nullptr : &*repair;
+}
+
 constexpr std::string_view kRowsOfTemplate = "select * from {taxaudit} where d_type = ?";
 
 bool IsMissing(const Connection& tax, const TemplateRepair& repair)
@@ -95,14 +102,18 @@ std::vector<StatementRow> LoadTemplate(const Connection& tax, std::string_view t
     return rows;
 }
 
+bool NeedsRepair(const Connection& tax, std::string_view dType, int year)
+{
+    const TemplateRepair* repair = RepairOf(dType, year);
+    return repair && (IsMissing(tax, *repair) || HasBadDebtsToOpen(tax, *repair));
+}
+
 void RepairTemplate(const Connection& tax, const std::filesystem::path& programFolder, std::string_view dType, int year)
 {
-    const auto repair = std::ranges::find(kRepairs, dType, &TemplateRepair::dType);
-    if (repair == std::end(kRepairs) || year < repair->firstYear)
-        return;
-    if (!IsMissing(tax, *repair) && !HasBadDebtsToOpen(tax, *repair))
+    if (!NeedsRepair(tax, dType, year))
         return; // the usual case needs no lock on a file that others share
 
+    const TemplateRepair* repair = RepairOf(dType, year);
     Transaction transaction({tax});
     if (IsMissing(tax, *repair))
         TakeOver(tax, OpenFile({.path = programFolder / "qel.mmm", .dsn = programFolder / "qel.dsn"}), dType);

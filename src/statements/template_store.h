@@ -19,6 +19,9 @@ inline constexpr int kBadDebtsWithoutPan = 540;
 /// The lines of the template `dType` in their order, without amounts; none when the table has none. Throws StoreError.
 std::vector<StatementRow> LoadTemplate(const Connection& tax, std::string_view table, std::string_view dType);
 
+/// Whether RepairTemplate has something to do.
+bool NeedsRepair(const Connection& tax, std::string_view dType, int year);
+
 /// A practice's `tax.mdb` may be older than the program: when it lacks the template `dType`, or holds the greatest one
 /// half copied, the template is taken over from `qel.mmm` in the program's folder. The templates from 2019 on have
 /// kBadDebtsWithoutPan opened in every template of the file as well. All or nothing. Templates that are in every

@@ -3,6 +3,7 @@
 #include "statements/gnumeric.h"
 #include "statements/no_books.h"
 #include "statements/template_files.h"
+#include "statements/template_store.h"
 #include "support/empty_practice.h"
 #include "support/failing_store.h"
 
@@ -262,6 +263,14 @@ TEST_F(StatementTest, DebtorsAreListedFrom2019)
         screen.Do([&] { screen.MSH.EnterCell(row, kAmount); });
         EXPECT_EQ(screen.TxtNum.visible, year == 2018) << "before, its amount was keyed as any other";
     }
+}
+
+TEST_F(StatementTest, AnOlderTemplateIsRepairedBeforeItIsShown)
+{
+    PutForm("PL_3_2019");
+    Tax().Execute("update {taxaudit} set blocked = ? where slno = ?", true, kBadDebtsWithoutPan);
+    const auto line = static_cast<int>(TemplateNamed("PL_3_2019").Line(kBadDebtsWithoutPan));
+    EXPECT_EQ(OpenStatement().MSH.Cell(line, kType), "NUM");
 }
 
 TEST_F(StatementTest, EveryLineOfABusinessWithoutBooksIsMandatory)
