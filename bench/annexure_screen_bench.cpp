@@ -97,7 +97,8 @@ void OpenAnnexureFloor(benchmark::State& state)
           "from "
           "main.misc where [type] = 'YEAR' and name = '2023-24')",
           "select company from main.assessee1 where code = ?",
-          "select code from main.assessee1 where company = 4242 and [year] = '2022-23' order by code",
+          "select code from main.assessee1 where company = (select company from main.assessee1 where code = ?) "
+          "and [year] = '2022-23' order by code",
           "select f_name, f_deprate, f_opbal, f_pur1, f_pur2, f_sales, F_Dep, f_clbal, f_sales1, F_sales2, f_dep1, "
           "f_dep2, "
           "f_add1, f_add2, f_exps, U_Desc, Minor, ded382, netdep, f_block, f_date from balance.fassets where code = ? "
