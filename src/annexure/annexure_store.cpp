@@ -172,8 +172,10 @@ std::vector<AnnexureRow> LoadAnnexure(const Connection& balance, const AnnexureO
     const Condition stored = OwnedRows(owner);
     const auto select =
         "select " + ReadColumns(owner.edition) + ' ' + stored.text + std::string(balance.dialect().insertionOrder);
+    const Recordset records = balance.QueryBound(select, stored.values);
     std::vector<AnnexureRow> rows;
-    for (const Row record : balance.QueryBound(select, stored.values))
+    rows.reserve(records.Size());
+    for (const Row record : records)
         rows.push_back(FromRecord(record, owner.edition));
     return rows;
 }
@@ -213,8 +215,10 @@ std::vector<AnnexureRow> LoadClosingValues(const Connection& balance, const std:
         stored.And("SNO = ?", {*line});
     const auto select =
         "select f_name, f_deprate, f_clbal, U_Desc " + stored.text + std::string(balance.dialect().insertionOrder);
+    const Recordset records = balance.QueryBound(select, stored.values);
     std::vector<AnnexureRow> rows;
-    for (const Row record : balance.QueryBound(select, stored.values)) {
+    rows.reserve(records.Size());
+    for (const Row record : records) {
         const double closing = ShownAmount(record.At(2).Number(), edition);
         rows.push_back({.name = record.At(0).Text(),
                         .group = record.At(3).Text(),

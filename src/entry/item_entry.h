@@ -397,6 +397,7 @@ void ItemEntry<Item>::Show(std::size_t current)
     rows.reserve(items_.size());
     for (const Item& item : items_) {
         auto& cells = rows.emplace_back();
+        cells.reserve(rows_.columns().size());
         for (const ItemColumn<Item>& column : columns_)
             if (column.inGrid)
                 cells.push_back(column.IsRunningNumber() ? std::to_string(rows.size()) : column.Text(item));

@@ -26,8 +26,8 @@ import threading
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
-# how a call fails, with the calls that it is tried on: two ways at each call, the others at every other one in turn
-KINDS = (("enospc", 1, 0), ("kill", 1, 0), ("eio", 2, 0), ("full", 2, 1), ("short", 2, 0), ("torn", 2, 1))
+# how a call fails, with the calls that it is tried on: a full disk at each call, the others by turns
+KINDS = (("enospc", 1, 0), ("kill", 4, 0), ("eio", 4, 1), ("full", 4, 2), ("short", 4, 3), ("torn", 4, 2))
 PATIENCE = 120  # seconds until a process counts as hanging
 WORD = "said and done"
 KEPT_FILES = ("company", "balance")
@@ -338,7 +338,8 @@ class Attack:
             places = sorted(self.random.sample(places, min(3, calls)))
         kills = 25 if self.is_short else 200
         longest = 1.2 * self.duration(save, before)
-        rounds = [(kind, self.fail_call(save, kind, at)) for kind, every, first in KINDS for at in places[first::every]]
+        rounds = [(kind, self.fail_call(save, kind, at)) for kind, every, first in KINDS
+                  for at in (places if self.is_short else places[first::every])]
         rounds += [("killed at random", self.kill(save, longest)) for _ in range(kills)]
         outcomes = pool.map(lambda each: (each[0], self.attempt(save, before, old, new, each[1])), rounds)
         table = collections.defaultdict(collections.Counter)
