@@ -156,6 +156,8 @@ void AnnexureScreen::WireButtons()
     };
     entry.given = [this](const AnnexureRow& row) {
         FraDt.visible = ChkEmpty.value.get();
+        if (!ChkEmpty.value) // a block that is not empty was not sold
+            txtdate1 = "";
         ShowComputed({.row = row,
                       .totalPurchases = row.purchases1 + row.purchases2,
                       .total = row.opening + row.purchases1 + row.purchases2 - row.sales});

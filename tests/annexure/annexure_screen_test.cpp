@@ -158,6 +158,20 @@ TEST_F(AnnexureOnScreen, LeavesTheTotalOfTheGridSavedOrNot)
     EXPECT_EQ(run->screens.OnDisplay(), &typed) << "what was typed is not lost unasked";
 }
 
+TEST_F(AnnexureOnScreen, TheDateOfSaleIsThatOfAnEmptyBlock)
+{
+    for (const bool isEmpty : {false, true})
+        Working("Van",
+                {{"U_Desc", "Ships"}, {"f_deprate", 20}, {"f_date", DateTime{2022, 9, 30}}, {"f_block", isEmpty}});
+    AnnexureScreen& form = Open();
+    form.DBGrid1.DoubleClick(1);
+    EXPECT_EQ(form.txtdate1.text(), "");
+    EXPECT_FALSE(form.txtdate1.Reachable());
+    form.DBGrid1.DoubleClick(2);
+    EXPECT_EQ(form.txtdate1.text(), "30-09-2022");
+    EXPECT_TRUE(form.txtdate1.Reachable());
+}
+
 TEST_F(AnnexureOnScreen, TheBlockTakesTheDifferenceOnlyOnYes)
 {
     Year(2023);
