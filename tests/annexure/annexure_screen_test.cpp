@@ -73,9 +73,12 @@ TEST_F(AnnexureOnScreen, FiguresFollowTheFieldThatWasLeft)
     Type(form, form.txtdep, "1600"); // the closing value is not cut here
     form.SetFocus(form.TxtExps);
     EXPECT_EQ(figures(), (Texts{"1500", "1500", "0", "100", "1600", "50", "1550", "-100"}));
+    Type(form, form.txtname, "Van");
+    form.CBOGRP.Choose(2);
     form.Click(form.ChkEmpty); // all anew
     EXPECT_EQ(figures(), (Texts{"1500", "1500", "0", "0", "400", "50", "350", "0"}));
     EXPECT_TRUE(form.txtdate1.Reachable());
+    EXPECT_EQ(Add(form, {}), "Please fill date of sale...");
     Type(form, form.txtopbal, "-12.50"); // neither sign nor paise
     EXPECT_EQ(form.txtopbal.text(), "1250");
 }
@@ -120,12 +123,14 @@ TEST_F(AnnexureOnScreen, AParentLeavesAChildsRowsAlone)
         EXPECT_EQ(form.LblTot.text(), "15");
         form.Click(form.cmdmain);
     }
+    Company().Insert("capital1", {{"code", handOver.Glcode}, {"Type", "Sec50"}});
     // in the older annexure a parent's save leaves them in the store, too, and does not write them again
     AnnexureScreen& old = Open(screens::frmfassets);
     EXPECT_EQ(old.LblTot.text(), "15.00");
     old.Click(old.CmdSave);
     EXPECT_EQ(Balance().Scalar("select count(*) from {fassets}").Number(), 2);
     EXPECT_EQ(Balance().Scalar("select sum(Minor) from {fassets}").Number(), 2);
+    EXPECT_EQ(Company().Scalar("select count(*) from {capital1}").Number(), 1) << "it knows no gains";
     // a child's run sees and replaces its own
     run->GLminor = 2;
     AnnexureScreen& child = Open();
@@ -303,6 +308,8 @@ TEST_F(AnnexureOnScreen, TheEditionBeforeTheYearsKeepsItsRatesAndPaise)
     EXPECT_EQ(Add(form, {{&form.txtdeprate, "60"}}), "");
     // 600.3 rounds to the rupee
     EXPECT_EQ(Row(form.DBGrid1, 1, {2, 6, 7}), (Texts{"1000.50", "600.00", "400.50"}));
+    for (const char* name : {"One", "Two"}) // 150.45 each, the block 300.9: nobody asks
+        EXPECT_EQ(Add(form, {{&form.txtname, name}, {&form.txtdeprate, "15"}, {&form.txtopbal, "1003"}}), "");
     form.Click(form.CmdSave);
     EXPECT_TRUE(Balance().Scalar("select ded382 from {fassets}").IsNull());
 }
