@@ -179,9 +179,7 @@ void frmbusinesscal::Wire()
     CmdReDep.onClick = [this] { txtadddep = Amount(ReadStatement(run, header.Sno()).depreciation); };
     const auto depreciation = RulesOf(run).HasOldAnnexure() ? screens::frmfassets : screens::frmfassetsNew;
     CmdDep.onClick = [this, depreciation] { OpenAnnexure(depreciation, "Depreciation Annexure"); };
-    LeadsTo(CmdDep, depreciation);
     CmdF.onClick = [this] { OpenAnnexure(screens::frmfassetsNew, "Capital Gain Annexure"); };
-    LeadsTo(CmdF, screens::frmfassetsNew);
     presumptive.listReplaced = [this] { RefreshTotals(); };
     presumptive.cmdsave44ad.onClick = [this] { SaveDeemed(); };
     framain.onEscape = presumptive.fra44ad.onEscape = [this] { Back(); };

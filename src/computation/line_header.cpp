@@ -25,7 +25,6 @@ LineHeader::LineHeader(Screen& form)
     CmdSave.isDefault = true;
     CmdPNL.visible = false;
     CmdPNL.onClick = [this] { OpenStatement(); };
-    form.LeadsTo(CmdPNL, StatementScreen());
     cmdr.onClick = [this] { run_.screens.ShowModal(screens::frmReminder); };
 }
 

@@ -146,7 +146,6 @@ class frmbusiness : public Screen {
 
     // the recompute, step by step in its order
     void OpenGst();
-    void CloseDoors();
     void NoteWhetherBusinessExists();
     void DeleteRetailLines();
     void CloseExemptShares();

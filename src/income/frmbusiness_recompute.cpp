@@ -55,7 +55,6 @@ void frmbusiness::Activate()
 {
     recomputed_ = false;
     OpenGst();
-    CloseDoors();
     if (!run.readOnly) {
         DeleteOrphanCells(run);
         NoteWhetherBusinessExists();
@@ -86,16 +85,6 @@ void frmbusiness::OpenGst()
 {
     CmdGST.enabled = Rules().GstIsOpen();
     CmdGST.caption = std::string(Rules().GstCaption());
-}
-
-/// A door that answers with a refusal stays open for it.
-void frmbusiness::CloseDoors()
-{
-    LeadsTo(CmdGST, screens::FrmGST);
-    if (Rules().VehiclesByScreen() && run.GLminor == 0)
-        LeadsTo(cmd4, screens::Frm44AENew);
-    if (Rules().FirmsByScreen() && !IsFirm(run.Glstatus))
-        LeadsTo(cmd6, screens::FrmFirm);
 }
 
 /// The suite reads from this row whether there is any business at all.

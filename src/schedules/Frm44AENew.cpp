@@ -122,7 +122,6 @@ void Frm44AENew::Wire()
         run.GLwhere = kAnnexureOfCarriages;
         run.screens.Show(screens::frmfassetsNew, {.caption = "Capital Gain Annexure"});
     };
-    LeadsTo(CmdF, screens::frmfassetsNew);
     cmdr.onClick = [this] { run.screens.ShowModal(screens::frmReminder); };
     CmdSave.onClick = [this] { Save(); };
     framain.onEscape = CmdBack.onClick = [this] { Close(); };

@@ -6,12 +6,6 @@
 #include <algorithm>
 
 namespace pgbp {
-namespace {
-
-constexpr const char* kNotThereYet = "Not part of this version yet";
-
-} // namespace
-
 Screen::Screen(Run& itsRun, std::string name, std::string captionText)
     : Form(std::move(name), std::move(captionText), itsRun.host.boxes, itsRun.title), run(itsRun)
 {
@@ -35,14 +29,6 @@ void Screen::TellSaved(const std::string& what)
     notice = what + " saved, " + TimeText(run.host.now());
 }
 
-bool Screen::IsThere(std::string_view screen) const { return run.screens.Has(screen); }
-
-void Screen::CloseDoor(Control& door)
-{
-    door.enabled = false;
-    door.toolTip = kNotThereYet;
-}
-
 std::vector<std::string> Screens::Names() const
 {
     std::vector<std::string> names;
@@ -53,10 +39,7 @@ std::vector<std::string> Screens::Names() const
 
 void Screens::Display(std::string_view name, const std::any& opening, std::function<void()> left)
 {
-    const auto factory = factories_.find(name);
-    if (factory == factories_.end())
-        return run_.Inform(kNotThereYet);
-    auto screen = factory->second(run_, opening);
+    auto screen = factories_.at(std::string(name))(run_, opening);
     Screen& opened = *screen;
     shown_.push_back({std::move(screen), std::move(left)});
     if (shown_.size() == 1) // an error of the frame window ends the start

@@ -29,20 +29,11 @@ class Screen : public Form {
     void TellTakenOver(const std::string& what);
     void TellSaved(const std::string& what);
 
-    /// The button opens this screen: it is closed where this version has none.
-    template <typename Opening>
-    void LeadsTo(Control& door, ScreenName<Opening> screen) const;
-    /// Disables what opens something that this version does not have, and says so in its tip.
-    static void CloseDoor(Control& door);
-
     /// Left by the cross: nothing is saved, and the screen it was opened from comes back.
     void Close() override;
 
   protected:
     void Guard(const std::function<void()>& action) override;
-
-  private:
-    bool IsThere(std::string_view screen) const;
 };
 
 /// The screens of a run: which there are, which is on display, which lie hidden below it. Screens are made when first
@@ -64,10 +55,7 @@ class Screens {
     /// The screens that there are.
     std::vector<std::string> Names() const;
 
-    bool Has(std::string_view name) const { return factories_.find(name) != factories_.end(); }
-
-    /// Hides the screen on display and shows this one, whose return makes that one active again. A message tells when
-    /// this version has no such screen.
+    /// Hides the screen on display and shows this one, whose return makes that one active again.
     template <typename Opening>
     void Show(ScreenName<Opening> name, const std::type_identity_t<Opening>& opening = {});
     /// Shows the screen over the one on display, which waits; `left` runs when it was left.
@@ -108,13 +96,6 @@ class Screens {
     std::vector<std::unique_ptr<Screen>> left_;
     bool ended_ = false;
 };
-
-template <typename Opening>
-void Screen::LeadsTo(Control& door, ScreenName<Opening> screen) const
-{
-    if (!IsThere(screen.text))
-        CloseDoor(door);
-}
 
 template <typename Opening>
 void Screens::Register(ScreenName<Opening> name, Factory<Opening> factory)

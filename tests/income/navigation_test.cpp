@@ -62,19 +62,3 @@ TEST(Navigation, OpensOrRefuses)
             }
         }
 }
-
-// All that the summary leads to is there, in every year and status, for a child too.
-TEST(Navigation, LeadsToNothingThatIsMissing)
-{
-    for (const int year : {2006, 2018, 2023})
-        for (const char* status : {"01", "05", "06", "12"})
-            for (const double minor : {0, 2}) {
-                EmptyPractice practice;
-                practice.handOver.GLminor = minor;
-                practice.notesScreens = false;
-                const frmbusiness& summary = practice.Begin(year, status);
-                for (const char* button : {"cmd1", "cmd4", "cmd6", "cmd7", "cmdlic", "CmdGST"})
-                    EXPECT_NE(summary.Find(button)->toolTip.get(), "Not part of this version yet")
-                        << button << ' ' << year << ' ' << status << ' ' << minor;
-            }
-}

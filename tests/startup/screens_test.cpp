@@ -92,11 +92,3 @@ TEST(ScreensOfARun, AreClosedByTheCrossFromTheTopDownUntilOneRefuses)
     EXPECT_TRUE(run.screens.Ended());
     run.screens.PressCross(); // a second click on the cross finds nothing left
 }
-
-TEST(ScreensOfARun, TellWhenAScreenIsNotThereYet)
-{
-    EmptyPractice practice;
-    pgbp::Run run({practice.boxes, practice.files, practice.processes, practice.folder.path()});
-    run.screens.Show(screens::FrmGST);
-    EXPECT_EQ(practice.boxes.Take().text, "Not part of this version yet");
-}
