@@ -222,11 +222,11 @@ void frmbusinesscal::LeavePartners()
 void frmbusinesscal::Open(const LineOpening& opening)
 {
     EmptyWorkingCopies(run);
+    const Reading reading(run.company);
     PlantLimits2024(run);
     run.GLwhere = 0;
     header.Open(opening);
     annexure_.Open(header.IsEdit() ? std::optional(header.Sno()) : std::nullopt);
-    const Reading reading(run.company);
     if (header.IsEdit())
         BusinessFill();
     if (!RulesOf(run).IsNormal())

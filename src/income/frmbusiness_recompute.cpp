@@ -61,6 +61,7 @@ void frmbusiness::Activate()
     }
     DeleteRetailLines();
     CloseExemptShares();
+    const Reading reading(run.company); // behind the one question that is asked
     ShowIncomeUnderSection11();
     LicLimit = CommissionLimit(run);
     if (Rules().PlantsLimits() && !run.readOnly)

@@ -138,9 +138,9 @@ void Frm44AENew::Load()
 {
     const std::optional<Record> line = StoredLine();
     const std::optional<double> sno = line ? std::optional((*line)["sno"].Number()) : std::nullopt;
-    annexure_.Open(sno);
     EmptyWorkingCopies(run);
     const Reading reading(run.company);
+    annexure_.Open(sno);
     partners.ChkChange = sno && !LineDetails(run, "PARTCHANGE", *sno).Read("code").Empty();
     openedDetails_ = sno ? CopyLineToWork(run, *sno, DetailRows::All) : Recordset();
     Fill_MSH();

@@ -12,6 +12,7 @@
 #include <cerrno>
 #include <cmath>
 #include <unordered_map>
+#include <utility>
 
 namespace pgbp {
 namespace {
@@ -187,6 +188,7 @@ class EmbeddedEngine : public Engine {
 
     long Execute(const std::string& sql, std::span<const Value> values) override
     {
+        EndReading();
         if (beforeChange && sqlite3_get_autocommit(database_.getHandle()) != 0)
             beforeChange();
         return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
@@ -211,8 +213,16 @@ class EmbeddedEngine : public Engine {
             database_.tryExec("rollback");
     }
 
-    void BeginReading() override { Query("begin", {}); }
-    void EndReading() noexcept override { Rollback(); }
+    void BeginReading() override
+    {
+        Query("begin", {});
+        isReading_ = true;
+    }
+    void EndReading() noexcept override
+    {
+        if (std::exchange(isReading_, false))
+            Rollback();
+    }
 
     const Dialect& dialect() const override { return kEmbeddedDialect; }
 
@@ -277,6 +287,7 @@ class EmbeddedEngine : public Engine {
     }
 
     SQLite::Database database_;
+    bool isReading_ = false;
     int patience_ = kBusyTimeoutMilliseconds;
     std::unordered_map<std::string, Prepared> prepared_;
 };

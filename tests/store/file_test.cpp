@@ -163,6 +163,16 @@ TEST(DataFiles, WhatIsReadTogetherIsReadInOneState)
     save.Commit(); // would wait for the reader in vain
     EXPECT_EQ(lines(), 1);
     EXPECT_NO_THROW(Transaction({reader}).Commit());
+    {
+        const Reading reading(reader);
+        EXPECT_EQ(lines(), 1);
+        reader.Insert("business", {{"code", "B"}});
+        EXPECT_EQ(lines(), 2);
+        Transaction change({reader});
+        reader.Insert("business", {{"code", "C"}});
+        change.Commit();
+    }
+    EXPECT_EQ(lines(), 3) << "what is changed while it lives is stored";
 }
 
 TEST(DataFiles, AFileInUseTellsWhyItRefuses)
