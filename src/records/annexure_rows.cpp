@@ -24,7 +24,8 @@ void WorkAnnexure::Open(std::optional<double> sno)
 {
     sno_ = sno;
     const Recordset stored = run_.balance.Query(std::string("select * ") + kRowsOfLine, run_.Code(), sno.value_or(0));
-    if (!stored.Empty() || Depreciation()) {
+    Recordset working = WorkingRows();
+    if (!stored.Empty() || !working.Empty()) {
         const std::string columns = CarriedColumns(stored);
         Transaction transaction({run_.balance});
         run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
@@ -34,13 +35,23 @@ void WorkAnnexure::Open(std::optional<double> sno)
                                      std::string(run_.balance.dialect().insertionOrder),
                                  run_.Code(), *sno);
         transaction.Commit();
+        working = WorkingRows();
     }
-    opened_ = mine_ = WorkingRows();
+    Take(working);
+    opened_ = mine_;
 }
 
-void WorkAnnexure::TakeOver() { mine_ = WorkingRows(); }
+void WorkAnnexure::Take(const Recordset& working)
+{
+    mine_ = AsText(working);
+    depreciation_.reset();
+    for (const Row row : working)
+        depreciation_ = depreciation_.value_or(0) + row["f_dep"].Number();
+}
 
-bool WorkAnnexure::IsMine() const { return WorkingRows() == mine_; }
+void WorkAnnexure::TakeOver() { Take(WorkingRows()); }
+
+bool WorkAnnexure::IsMine() const { return AsText(WorkingRows()) == mine_; }
 
 void WorkAnnexure::Store(double sno, const Transaction&) const
 {
@@ -59,20 +70,11 @@ void WorkAnnexure::Drop() const
         run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
 }
 
-std::string WorkAnnexure::WorkingRows() const
+Recordset WorkAnnexure::WorkingRows() const
 {
-    return AsText(
-        run_.balance.Query(std::string("select * ") + kRowsOfLine + std::string(run_.balance.dialect().insertionOrder),
-                           run_.Code(), kUnsavedLine));
-}
-
-std::optional<double> WorkAnnexure::Depreciation() const
-{
-    const Recordset sum = run_.balance.Query(
-        std::string("select count(*) as counted, sum(f_dep) as tot ") + kRowsOfLine, run_.Code(), kUnsavedLine);
-    if (sum.First()["counted"].Number() == 0)
-        return std::nullopt;
-    return sum.First()["tot"].Number();
+    return run_.balance.Query(std::string("select * ") + kRowsOfLine +
+                                  std::string(run_.balance.dialect().insertionOrder),
+                              run_.Code(), kUnsavedLine);
 }
 
 } // namespace pgbp

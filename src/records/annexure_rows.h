@@ -36,16 +36,18 @@ class WorkAnnexure {
     /// Deletes the working rows unless they are another run's.
     void Drop() const;
 
-    /// Depreciation of the working rows, rupees; nothing when there are none.
-    std::optional<double> Depreciation() const;
+    /// Depreciation of the working rows when they were opened or taken over, rupees; nothing when there were none.
+    std::optional<double> Depreciation() const { return depreciation_; }
 
   private:
-    std::string WorkingRows() const;
+    Recordset WorkingRows() const;
+    void Take(const Recordset& working);
 
     const Run& run_;
     std::optional<double> sno_;
     std::string opened_;
     std::string mine_;
+    std::optional<double> depreciation_;
 };
 
 } // namespace pgbp
