@@ -2,29 +2,38 @@
 
 #include "services/text.h"
 
-#include <algorithm>
+#include <unordered_set>
 
 namespace pgbp {
 namespace {
 
-void AddOnce(std::vector<std::string>& texts, const std::string& text)
-{
-    const bool isThere = std::any_of(texts.begin(), texts.end(),
-                                     [&](const std::string& other) { return EqualsIgnoringCase(other, text); });
-    if (!text.empty() && !isThere)
-        texts.push_back(text);
-}
+/// Texts in the order in which they came, each in its first writing.
+class TextsOnce {
+  public:
+    void Add(const Value& field)
+    {
+        std::string text = Trim(field.Text());
+        if (!text.empty() && seen_.insert(Upper(text)).second)
+            texts.push_back(std::move(text));
+    }
+
+    std::vector<std::string> texts;
+
+  private:
+    std::unordered_set<std::string> seen_;
+};
 
 /// `type` is that of the rows; empty for all.
 UsedTexts Read(const Run& run, const std::string& table, std::string_view type)
 {
-    UsedTexts used;
+    TextsOnce name1;
+    TextsOnce name2;
     const auto add = [&](const Recordset& rows) {
         for (const Row row : rows) {
-            if (!type.empty() && !EqualsIgnoringCase(row["Type"].Text(), type))
+            if (!type.empty() && !EqualsIgnoringCase(row.At(0).Text(), type))
                 continue;
-            AddOnce(used.name1, Trim(row["name1"].Text()));
-            AddOnce(used.name2, Trim(row["name2"].Text()));
+            name1.Add(row.At(1));
+            name2.Add(row.At(2));
         }
     };
     const std::string columns = "select [Type], name1, name2 from {" + table + "}";
@@ -32,7 +41,7 @@ UsedTexts Read(const Run& run, const std::string& table, std::string_view type)
         add(run.company.Query(columns + " where code = ?", code));
     if (const std::string_view latest = run.company.dialect().latestRows; !latest.empty())
         add(run.company.Query(columns + std::string(latest)));
-    return used;
+    return {std::move(name1.texts), std::move(name2.texts)};
 }
 
 } // namespace
