@@ -101,7 +101,6 @@ Partners::Partners(Screen& form, PartnersUse use)
 {
     LayOut();
     Wire();
-    FillLists();
     entry.Close();
     ShowIdentity();
 }
@@ -230,6 +229,7 @@ void Partners::Open()
 {
     const bool takes = !use_.takesNothing();
     txtpart1.enabled = txtAllow.enabled = txtpart2.enabled = takes;
+    FillLists();
     entry.Open(OfTheLine());
     previous.Read();
     linked_ = run_.Year() >= 2007 ? FindLinkedClient(run_, run_.Glyear) : std::nullopt;
