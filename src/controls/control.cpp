@@ -22,8 +22,7 @@ bool Control::InFront() const
     const Control* top = this;
     while (top->Around())
         top = top->Around();
-    const auto* outermost = dynamic_cast<const Frame*>(top);
-    return !outermost || outermost == form_.Front();
+    return top == form_.Front() || !dynamic_cast<const Frame*>(top);
 }
 
 bool Control::Reachable() const

@@ -38,10 +38,10 @@ std::string Candidates(const std::string& caption)
 void AddStops(const Frame& in, std::vector<Control*>& stops)
 {
     const auto add = [&](Control* control) {
-        if (const auto* group = dynamic_cast<const Frame*>(control))
-            AddStops(*group, stops);
-        else if (control && control->TakesFocus())
+        if (control && control->TakesFocus())
             stops.push_back(control);
+        else if (const auto* group = dynamic_cast<const Frame*>(control))
+            AddStops(*group, stops);
     };
     for (const auto& row : in.layout().rows)
         std::for_each(row.cells.begin(), row.cells.end(), add);
@@ -135,18 +135,18 @@ Frame* Form::Front() const
 {
     if (Frame* card = Card())
         return card;
-    for (Control* control : controls_)
-        if (auto* main = dynamic_cast<Frame*>(control); main && main->place == FramePlace::Main && main->visible)
-            return main;
-    return nullptr;
+    const auto main = std::find_if(frames_.begin(), frames_.end(), [](const Frame* frame) {
+        return frame->place == FramePlace::Main && frame->visible;
+    });
+    return main == frames_.end() ? nullptr : *main;
 }
 
 std::vector<Control*> Form::Stops() const
 {
     std::vector<Control*> stops;
-    for (const Control* control : controls_)
-        if (const auto* top = dynamic_cast<const Frame*>(control); top && top->place != FramePlace::Group)
-            AddStops(*top, stops);
+    for (const Frame* frame : frames_)
+        if (frame->place != FramePlace::Group)
+            AddStops(*frame, stops);
     stops.insert(stops.end(), bar.begin(), bar.end());
     std::erase_if(stops, [](const Control* stop) { return !stop->Reachable() || !stop->TakesFocus(); });
     return stops;

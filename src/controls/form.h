@@ -86,6 +86,7 @@ class Form {
 
   private:
     friend class Control;
+    friend class Frame;
     Control* FocusedStop() const;
     void ClickOn(Control& control, const std::function<void()>& click);
     bool LeaveFocused();
@@ -100,6 +101,7 @@ class Form {
     std::string title_;
     MessageBoxes& boxes_;
     std::vector<Control*> controls_;
+    std::vector<Frame*> frames_; ///< those among the controls, in their order
     std::vector<Frame*> cards_;
     Control* focused_ = nullptr;
     Control* wanted_ = nullptr; ///< where a handler moved the focus while the old field was being left

@@ -1,10 +1,13 @@
 #include "controls/frame.h"
 
+#include "controls/form.h"
+
 namespace pgbp {
 
 Frame::Frame(Form& form, std::string_view name, std::string captionText, FramePlace where)
     : Control(form, name), caption(changed, std::move(captionText)), place(where)
 {
+    form.frames_.push_back(this);
     if (place == FramePlace::Card)
         visible = false;
 }
