@@ -219,12 +219,11 @@ std::vector<AnnexureRow> LoadClosingValues(const Connection& balance, const std:
     std::vector<AnnexureRow> rows;
     rows.reserve(records.Size());
     for (const Row record : records) {
-        const double closing = ShownAmount(record.At(2).Number(), edition);
-        rows.push_back({.name = record.At(0).Text(),
-                        .group = record.At(3).Text(),
-                        .rate = record.At(1).Number(),
-                        .opening = closing,
-                        .closing = closing});
+        AnnexureRow& row = rows.emplace_back();
+        row.name = record.At(0).HeldText();
+        row.rate = record.At(1).Number();
+        row.opening = row.closing = ShownAmount(record.At(2).Number(), edition);
+        row.group = record.At(3).HeldText();
     }
     return rows;
 }

@@ -91,12 +91,22 @@ const std::string& Grid::Cell(int row, int column) const
     const auto at = static_cast<std::size_t>(column);
     if (row < 0 || row > Rows() || column < 0 || at >= columns_.size())
         throw std::out_of_range(name() + " has no cell " + std::to_string(row) + ' ' + std::to_string(column));
-    return row == 0 ? columns_.at(at).heading : rows_.at(static_cast<std::size_t>(row) - 1).at(at);
+    return row == 0 ? columns_.at(at).heading : TextsOf(row).at(at);
+}
+
+std::vector<std::string>& Grid::TextsOf(int row) const
+{
+    std::vector<std::string>& texts = rows_.at(static_cast<std::size_t>(row) - 1);
+    if (texts.empty()) {
+        texts = textsOf_(row);
+        texts.resize(columns_.size());
+    }
+    return texts;
 }
 
 void Grid::SetCell(int row, int column, std::string text)
 {
-    std::string& cell = rows_.at(static_cast<std::size_t>(row) - 1).at(static_cast<std::size_t>(column));
+    std::string& cell = TextsOf(row).at(static_cast<std::size_t>(column));
     if (cell == text)
         return;
     cell = std::move(text);
@@ -105,12 +115,24 @@ void Grid::SetCell(int row, int column, std::string text)
 
 void Grid::SetRows(std::vector<std::vector<std::string>> rows)
 {
+    for (auto& row : rows)
+        row.resize(columns_.size());
+    Put(std::move(rows), nullptr);
+}
+
+void Grid::SetRows(std::size_t rows, std::function<std::vector<std::string>(int row)> textsOf)
+{
+    Put(std::vector<std::vector<std::string>>(rows), std::move(textsOf));
+}
+
+void Grid::Put(std::vector<std::vector<std::string>> rows, std::function<std::vector<std::string>(int row)> textsOf)
+{
     if (!LeftEditor())
         CloseEditor(); // the cell under it is gone
     rows_ = std::move(rows);
-    for (auto& row : rows_)
-        row.resize(columns_.size());
-    looks_.assign(rows_.size(), {});
+    textsOf_ = std::move(textsOf);
+    looks_.clear();
+    looks_.resize(rows_.size());
     currentRow_ = rows_.empty() ? 0 : 1;
     changed();
 }
@@ -242,7 +264,7 @@ std::string Grid::Shows() const
     std::string lines;
     for (int row = 1; row <= Rows(); ++row)
         if (!IsHidden(row))
-            lines += (lines.empty() ? "" : "\n") + TabSeparated(rows_[static_cast<std::size_t>(row) - 1]);
+            lines += (lines.empty() ? "" : "\n") + TabSeparated(TextsOf(row));
     return lines;
 }
 

@@ -79,6 +79,9 @@ class Grid : public Control {
     void SetCell(int row, int column, std::string text);
     /// All rows are shown and plain then.
     void SetRows(std::vector<std::vector<std::string>> rows);
+    /// The same with rows whose texts are made when they are asked for first. What they are made from must stand until
+    /// the rows are set anew.
+    void SetRows(std::size_t rows, std::function<std::vector<std::string>(int row)> textsOf);
     void Clear() { SetRows({}); }
     /// Texts that stand under the columns and are not scrolled with the rows; none at all: no such row.
     void SetFooter(std::vector<std::string> cells);
@@ -137,6 +140,8 @@ class Grid : public Control {
 
     const RowLook& LookOf(int row) const { return looks_.at(static_cast<std::size_t>(row) - 1); }
     RowLook& LookOf(int row) { return looks_.at(static_cast<std::size_t>(row) - 1); }
+    void Put(std::vector<std::vector<std::string>> rows, std::function<std::vector<std::string>(int row)> textsOf);
+    std::vector<std::string>& TextsOf(int row) const;
     bool LeftEditor();
     void CloseEditor();
     bool TakesInput(int row, int column) const;
@@ -148,7 +153,8 @@ class Grid : public Control {
     void EnterHere();
 
     std::vector<GridColumn> columns_;
-    std::vector<std::vector<std::string>> rows_;
+    mutable std::vector<std::vector<std::string>> rows_; ///< one without texts has not been asked for
+    std::function<std::vector<std::string>(int row)> textsOf_;
     std::vector<RowLook> looks_; ///< of the rows
     std::vector<std::string> footer_;
     std::vector<TextBox*> editors_;

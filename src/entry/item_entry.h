@@ -159,6 +159,7 @@ class ItemEntry {
     void Reset(std::vector<Item> items);
     void Change(std::size_t current);
     void Show(std::size_t current);
+    std::vector<std::string> CellsOf(int row) const;
     std::string Count() const;
     std::vector<std::string> Totals() const;
     std::vector<std::string> FieldTextsNow() const;
@@ -391,20 +392,24 @@ void ItemEntry<Item>::Change(std::size_t current)
 }
 
 template <typename Item>
+std::vector<std::string> ItemEntry<Item>::CellsOf(int row) const
+{
+    const Item& item = items_.at(static_cast<std::size_t>(row) - 1);
+    std::vector<std::string> cells;
+    cells.reserve(rows_.columns().size());
+    for (const ItemColumn<Item>& column : columns_)
+        if (column.inGrid)
+            cells.push_back(column.IsRunningNumber() ? std::to_string(row) : column.Text(item));
+    return cells;
+}
+
+template <typename Item>
 void ItemEntry<Item>::Show(std::size_t current)
 {
-    std::vector<std::vector<std::string>> rows;
-    rows.reserve(items_.size());
-    for (const Item& item : items_) {
-        auto& cells = rows.emplace_back();
-        cells.reserve(rows_.columns().size());
-        for (const ItemColumn<Item>& column : columns_)
-            if (column.inGrid)
-                cells.push_back(column.IsRunningNumber() ? std::to_string(rows.size()) : column.Text(item));
-    }
-    if (rows.empty() && blankRowWhenEmpty)
-        rows.emplace_back();
-    rows_.SetRows(std::move(rows));
+    if (items_.empty() && blankRowWhenEmpty)
+        rows_.SetRows({{}});
+    else
+        rows_.SetRows(items_.size(), [this](int row) { return CellsOf(row); });
     rows_.SetFooter(footer ? footer() : Totals());
     rows_.SetCurrentRow(static_cast<int>(current));
 }
