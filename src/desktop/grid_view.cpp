@@ -1,9 +1,11 @@
 #include "desktop/grid_view.h"
 
+#include "desktop/caption_line.h"
 #include "desktop/captions.h"
 #include "desktop/cell_delegate.h"
 #include "desktop/form_view.h"
 #include "desktop/grid_foot.h"
+#include "desktop/grid_model.h"
 #include "desktop/text_sync.h"
 #include "desktop/theme.h"
 #include "desktop/window_memory.h"
@@ -11,7 +13,6 @@
 #include "services/format.h"
 #include "services/text.h"
 
-#include <QAbstractTableModel>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QHeaderView>
@@ -27,123 +28,6 @@
 #include <set>
 
 namespace pgbp {
-namespace {
-
-QString DrawnText(const Grid& lines, int row, int column)
-{
-    const std::string& text = lines.Cell(row, column);
-    return Text(row == 0 ? text : lines.columns()[static_cast<std::size_t>(column)].Drawn(text));
-}
-
-} // namespace
-
-/// Reads the grid in place.
-class GridModel : public QAbstractTableModel {
-  public:
-    explicit GridModel(const Grid& itsGrid) : grid_(itsGrid) {}
-
-    int rowCount(const QModelIndex& parent = {}) const override { return parent.isValid() ? 0 : shownRows_; }
-    int columnCount(const QModelIndex& parent = {}) const override
-    {
-        return parent.isValid() ? 0 : static_cast<int>(grid_.columns().size());
-    }
-
-    QVariant data(const QModelIndex& index, int role) const override
-    {
-        // the grid may be shorter already than what is drawn of it
-        return index.row() < grid_.Rows() ? CellData(index.row() + 1, index.column(), role) : QVariant();
-    }
-
-    QVariant headerData(int section, Qt::Orientation orientation, int role) const override
-    {
-        if (orientation == Qt::Vertical)
-            return {};
-        const bool isShown = role == Qt::TextAlignmentRole || role == Qt::DisplayRole || role == Qt::ToolTipRole;
-        return isShown ? CellData(0, section, role) : QVariant();
-    }
-
-    void Reload()
-    {
-        if (shownRows_ != grid_.Rows()) {
-            beginResetModel();
-            shownRows_ = grid_.Rows();
-            endResetModel();
-        } else if (shownRows_ > 0) {
-            emit dataChanged(index(0, 0), index(shownRows_ - 1, columnCount() - 1));
-        }
-        emit headerDataChanged(Qt::Horizontal, 0, columnCount() - 1);
-    }
-
-    void Update(int row, int column)
-    {
-        if (row <= shownRows_)
-            emit dataChanged(index(row - 1, column), index(row - 1, column));
-    }
-
-  private:
-    QVariant CellData(int row, int column, int role) const
-    {
-        static const QFont totals = FontOf(Type::Total);
-        const CellLook look = row == 0 ? CellLook::Plain : grid_.Look(row, column);
-        const GridColumn& its = grid_.columns()[static_cast<std::size_t>(column)];
-        switch (role) {
-        case Qt::DisplayRole:
-            return DrawnText(grid_, row, column);
-        case Qt::ToolTipRole:
-            return its.kind == GridColumnKind::Text ? DrawnText(grid_, row, column) : QVariant();
-        case Qt::TextAlignmentRole:
-            return QVariant::fromValue((its.IsNumber() ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
-        case Qt::ForegroundRole:
-            if (its.IsNumber() && Val(grid_.Cell(row, column)) < 0)
-                return Theme().negative;
-            if (its.kind == GridColumnKind::Mark)
-                return Theme().accent;
-            return its.kind == GridColumnKind::Serial || its.muted ? Theme().muted : Theme().text;
-        case Qt::BackgroundRole:
-            if (look == CellLook::Plain)
-                return {};
-            return look == CellLook::Own ? Theme().mark : Theme().computed;
-        case Qt::FontRole:
-            return look == CellLook::Computed ? totals : QVariant();
-        default:
-            return {};
-        }
-    }
-
-    const Grid& grid_;
-    int shownRows_ = 0;
-};
-
-/// A caption in up to three lines. A label that wraps would ask the page for the height that all rows of the grid want.
-class CaptionLine : public QWidget {
-  public:
-    using QWidget::QWidget;
-
-    void Show(const QString& caption)
-    {
-        if (accessibleName() == caption)
-            return;
-        setAccessibleName(caption);
-        update();
-    }
-
-    int HeightFor(const QString& caption, int width) const
-    {
-        const QRect room(0, 0, width - 2 * CellDelegate::kMargin, 3 * fontMetrics().lineSpacing());
-        const int height = fontMetrics().boundingRect(room, Qt::TextWordWrap, caption).height();
-        return std::min(height, room.height()) + 2 * kUnit;
-    }
-
-  protected:
-    void paintEvent(QPaintEvent*) override
-    {
-        QPainter painter(this);
-        painter.setPen(Theme().muted);
-        const QRect inner = rect().adjusted(CellDelegate::kMargin, kUnit, -CellDelegate::kMargin, 0);
-        painter.drawText(inner, Qt::TextWordWrap, accessibleName());
-    }
-};
-
 namespace {
 
 constexpr int kWantedText = 30 * kUnit;
