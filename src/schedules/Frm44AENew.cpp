@@ -23,6 +23,8 @@ constexpr std::string_view kVehicles = "VEH"; ///< those of the years before thi
 /// First cells of the return's account: of a business, of a profession; receipts, gross profit, expenses, net profit.
 constexpr int kFirstCells[] = {269, 1163};
 
+bool IsPeriod(double months) { return months >= 1 && months <= kMonthsOfYear; }
+
 } // namespace
 
 Frm44AENew::Frm44AENew(Run& itsRun)
@@ -56,7 +58,7 @@ std::vector<Check> Frm44AENew::ChecksOfAdd()
         {[this] { return Trim(TxtRegNo.text()).empty(); }, "Please Fill Registration No.", &TxtRegNo},
         {[this] { return Val(TxtCapacity) == 0; }, "Please Fill Capacity...", &TxtCapacity},
         {[this] { return Val(TxtPeriod) == 0; }, "Please Fill Period...", &TxtPeriod},
-        {[this] { return Val(TxtPeriod) > kMonthsOfYear; }, kPeriod, &TxtPeriod},
+        {[this] { return !IsPeriod(Val(TxtPeriod)); }, kPeriod, &TxtPeriod},
     };
 }
 
@@ -136,10 +138,10 @@ void Frm44AENew::Open(const NoOpening&)
 
 void Frm44AENew::Load()
 {
-    const std::optional<Record> line = StoredLine();
-    const std::optional<double> sno = line ? std::optional((*line)["sno"].Number()) : std::nullopt;
     EmptyWorkingCopies(run);
     const Reading reading(run.company);
+    const std::optional<Record> line = StoredLine();
+    const std::optional<double> sno = line ? std::optional((*line)["sno"].Number()) : std::nullopt;
     annexure_.Open(sno);
     partners.ChkChange = sno && !LineDetails(run, "PARTCHANGE", *sno).Read("code").Empty();
     openedDetails_ = sno ? CopyLineToWork(run, *sno, DetailRows::All) : Recordset();
@@ -196,8 +198,7 @@ bool Frm44AENew::EntryIsEmpty() const
 /// The field keeps the focus until the months are right. Where no carriage is being entered it lets go.
 void Frm44AENew::CheckPeriod()
 {
-    const double months = Val(TxtPeriod);
-    if (EntryIsEmpty() || (months >= 1 && months <= kMonthsOfYear))
+    if (EntryIsEmpty() || IsPeriod(Val(TxtPeriod)))
         return;
     run.Inform(kPeriod);
     SetFocus(TxtPeriod);
