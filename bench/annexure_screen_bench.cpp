@@ -4,6 +4,7 @@
 
 #include "annexure/annexure_screen.h"
 #include "bare_statements.h"
+#include "counted_statements.h"
 #include "filled_practice.h"
 
 #include <stdexcept>
@@ -58,18 +59,6 @@ class PracticeWithAnnexure : public FilledPractice {
 };
 
 PracticeWithAnnexure& Practised(const benchmark::State& state) { return PracticeOf<PracticeWithAnnexure>(state); }
-
-/// Statements that any engine of this process has run.
-long statementsRun = 0;
-
-int CountStatements(sqlite3* database, char**, const sqlite3_api_routines*)
-{
-    const auto count = [](unsigned, void*, void*, void*) {
-        ++statementsRun;
-        return 0;
-    };
-    return sqlite3_trace_v2(database, SQLITE_TRACE_STMT, count, nullptr);
-}
 
 /// A digit is keyed and the field left, beside 500 rows. Throws when that reached the store.
 void AnnexureKey(benchmark::State& state)
@@ -200,7 +189,7 @@ BENCHMARK(ImportYear)->Apply(Sizes);
 
 int main(int argc, char** argv)
 {
-    sqlite3_auto_extension(reinterpret_cast<void (*)()>(CountStatements));
+    CountStatements();
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -125,8 +125,6 @@ BENCHMARK(SaveLine)->Apply(Sizes);
 constexpr const char* kItemRows = "business1 where code = ? and sno = 10000000 order by rowid";
 constexpr const char* kOtherRows[] = {
     "select * from business where code = ? and sno = 10000000",
-    "select nm from tax.statecode order by nm",
-    "select name from main.misc where type = 'CITY' order by name",
     "select * from tax.system where Type = '44AD' and [from] = 2024",
     "select amt1 from main.misc_items where code = ? and Type = 'BusOth' and sno = 10000000",
     "select * from fassets where code = ? and Type = 'P' and sno = 10000000 order by rowid",

@@ -182,12 +182,10 @@ void SaveDeemed(benchmark::State& state)
 BENCHMARK(SaveDeemed)->Apply(Sizes);
 
 constexpr const char* kOfEveryLine[] = {
-    "select nm from tax.statecode order by nm",
-    "select name from main.misc where type = 'CITY' order by name",
     "select * from fassets where code = ? and Type = 'P' and sno = 90000",
 };
 
-/// Law, lists to choose from, the line with all that stands beside it, and its details copied.
+/// Law, the line with all that stands beside it, and its details copied.
 void OpenDeemedFloor(benchmark::State& state)
 {
     BareStatements bare(Practised(state).Root(), kCode);

@@ -39,7 +39,8 @@ def print_ratios(times):
 def flatness(times):
     for thing in ("Recompute", "OpenList", "WriteHead", "SaveLine", "OpenLine", "Keystroke", "OpenItems", "SaveItems",
                   "SaveStatement", "OpenStatement", "OpenAnnexure", "SaveAnnexure", "ImportYear",
-                  "SaveDeemed", "OpenDeemed", "SaveCarriages", "OpenCarriages", "FindFirms", "SaveFirms"):
+                  "SaveDeemed", "OpenDeemed", "SaveCarriages", "OpenCarriages", "FindFirms", "SaveFirms",
+                  "SaveGst", "SaveCommission", "SaveShares", "SaveProfits"):
         small, large = times.get(f"{thing}/1"), times.get(f"{thing}/100000")
         if small and large:
             print(f"{thing:<34} 100,000 assessee-years against 1: {large[0] / small[0]:.2f}")
@@ -69,7 +70,7 @@ def start(programs):
 
 def main():
     programs = pathlib.Path(sys.argv[1])
-    wanted = sys.argv[2:] or ["services", "statements", "annexure", "annexure_screen", "workbook", "summary", "computation", "presumptive", "firms",
+    wanted = sys.argv[2:] or ["services", "statements", "annexure", "annexure_screen", "workbook", "summary", "computation", "presumptive", "firms", "side_entries",
                                 "statement_screen", "statement_window", "start"]
     for name in wanted:
         print(f"-- {name}", flush=True)
