@@ -114,6 +114,20 @@ std::string SumText(double rupees)
 
 std::string Rupees(double rupees) { return FormatPlaces(rupees, 0); }
 
+std::string PlainFigure(double figure)
+{
+    constexpr int kEveryPlace = 15; // as many as a double has digits
+    return WithoutZeroPlaces(FormatPlaces(figure, kEveryPlace));
+}
+
+std::string WithoutZeroPlaces(std::string places)
+{
+    places.erase(places.find_last_not_of('0') + 1);
+    if (places.ends_with('.'))
+        places.pop_back();
+    return places;
+}
+
 double RoundOff(double amount, int places)
 {
     if (Val(Format(amount, kTwoPlaces)) == 0)

@@ -26,6 +26,12 @@ std::string SumText(double rupees);
 /// Whole rupees, "###0".
 std::string Rupees(double rupees);
 
+/// A figure with all the places it has, without grouping: 1250.50 is "1250.5", 1250 is "1250". Throws as Format does.
+std::string PlainFigure(double figure);
+
+/// A text of digits and places without the zeros at its end, and without a point that nothing stands behind.
+std::string WithoutZeroPlaces(std::string places);
+
 /// Rounds on the two-place text of the amount: 0 places takes .50 up; more places look at the digits that are cut.
 /// The sign of the amount is set aside first. An amount whose two-place text is zero comes back unchanged.
 double RoundOff(double amount, int places);

@@ -9,17 +9,6 @@
 namespace pgbp {
 namespace {
 
-/// As many places as a double has digits: the text of the figure itself.
-constexpr std::string_view kEveryPlace = "###0.000000000000000";
-
-std::string WithoutZeroPlaces(std::string text)
-{
-    text.erase(text.find_last_not_of('0') + 1);
-    if (text.ends_with('.'))
-        text.pop_back();
-    return text;
-}
-
 char Digit(std::uint64_t value) { return static_cast<char>('0' + value); }
 
 } // namespace
@@ -36,7 +25,7 @@ void AmountCell::SetRounded(double figure)
     if (IsExactWhole(figure))
         SetWhole(figure);
     else
-        SetPlaces(Amount(figure));
+        SetPlaces(WithoutZeroPlaces(Amount(figure)));
 }
 
 void AmountCell::SetAsItStands(double figure)
@@ -44,12 +33,12 @@ void AmountCell::SetAsItStands(double figure)
     if (IsExactWhole(figure))
         SetWhole(figure);
     else
-        SetPlaces(Format(figure, kEveryPlace));
+        SetPlaces(PlainFigure(figure));
 }
 
 void AmountCell::SetPlaces(const std::string& places)
 {
-    text_ = FormatAmountIndian(WithoutZeroPlaces(places), kIndianGrouping);
+    text_ = FormatAmountIndian(places, kIndianGrouping);
     figure_ = Val(places);
     isWhole_ = false;
 }
@@ -85,7 +74,5 @@ void AmountCell::SetWhole(double figure)
     figure_ = figure;
     isWhole_ = true;
 }
-
-std::string PlainFigure(double figure) { return WithoutZeroPlaces(Format(figure, kEveryPlace)); }
 
 } // namespace pgbp

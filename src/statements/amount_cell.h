@@ -34,7 +34,4 @@ class AmountCell {
     bool isWhole_ = false; ///< the text is what SetWhole wrote for the figure
 };
 
-/// A figure as plain text, without grouping.
-std::string PlainFigure(double figure);
-
 } // namespace pgbp

@@ -1,5 +1,6 @@
 #include "statements/net_profit_line.h"
 
+#include "services/format.h"
 #include "statements/form_predicates.h"
 
 #include <algorithm>

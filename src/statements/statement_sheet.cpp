@@ -83,28 +83,9 @@ void Dress(xls::Sheet& sheet, const GridTexts& grid, std::string_view numberForm
 
 // -- Reading
 
-std::string TextOf(xls::ErrorCode error)
-{
-    using enum xls::ErrorCode;
-    constexpr std::pair<xls::ErrorCode, const char*> kTexts[] = {
-        {NoIntersection, "#NULL!"}, {DivisionByZero, "#DIV/0!"}, {WrongValue, "#VALUE!"}, {LostReference, "#REF!"},
-        {UnknownName, "#NAME?"},    {BadNumber, "#NUM!"},        {NotAvailable, "#N/A"},
-    };
-    return std::ranges::find(kTexts, error, &std::pair<xls::ErrorCode, const char*>::first)->second;
-}
-
 std::string TextAt(const xls::Sheet& sheet, int row, int column)
 {
-    const xls::Value& value = xls::ValueAt(sheet, {row, column});
-    if (const auto* text = std::get_if<std::string>(&value))
-        return *text;
-    if (const auto* figure = std::get_if<double>(&value))
-        return PlainFigure(*figure);
-    if (const auto* truth = std::get_if<bool>(&value))
-        return *truth ? "True" : "False";
-    if (const auto* error = std::get_if<xls::ErrorCode>(&value))
-        return TextOf(*error);
-    return {};
+    return xls::TextOf(xls::ValueAt(sheet, {row, column}));
 }
 
 const xls::Sheet& StatementSheet(const xls::Workbook& workbook, const std::filesystem::path& path)

@@ -1,5 +1,8 @@
 #include "workbook/workbook.h"
 
+#include "services/format.h"
+
+#include <algorithm>
 #include <fstream>
 #include <random>
 #include <system_error>
@@ -43,6 +46,16 @@ fs::path TemporaryBeside(const fs::path& path)
     return temporary;
 }
 
+std::string TextOf(ErrorCode error)
+{
+    using enum ErrorCode;
+    constexpr std::pair<ErrorCode, const char*> kTexts[] = {
+        {NoIntersection, "#NULL!"}, {DivisionByZero, "#DIV/0!"}, {WrongValue, "#VALUE!"}, {LostReference, "#REF!"},
+        {UnknownName, "#NAME?"},    {BadNumber, "#NUM!"},        {NotAvailable, "#N/A"},
+    };
+    return std::ranges::find(kTexts, error, &std::pair<ErrorCode, const char*>::first)->second;
+}
+
 bool WriteWhole(const fs::path& path, const std::string& bytes)
 {
     std::ofstream file(path, std::ios::binary);
@@ -58,6 +71,19 @@ const Value& ValueAt(const Sheet& sheet, Position position)
     static const Value empty;
     const auto cell = sheet.cells.find(position);
     return cell == sheet.cells.end() ? empty : cell->second.value;
+}
+
+std::string TextOf(const Value& value)
+{
+    if (const auto* text = std::get_if<std::string>(&value))
+        return *text;
+    if (const auto* figure = std::get_if<double>(&value))
+        return PlainFigure(*figure);
+    if (const auto* truth = std::get_if<bool>(&value))
+        return *truth ? "True" : "False";
+    if (const auto* error = std::get_if<ErrorCode>(&value))
+        return TextOf(*error);
+    return {};
 }
 
 Workbook ReadXlsFile(const fs::path& path)

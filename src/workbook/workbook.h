@@ -92,6 +92,9 @@ inline constexpr std::size_t kLargestFile = 32u << 20;
 /// The cell's value; empty for a cell that is not there.
 const Value& ValueAt(const Sheet& sheet, Position position);
 
+/// What a person reads in the cell: a figure with all its places, "True", "#REF!".
+std::string TextOf(const Value& value);
+
 /// The file's bytes. Formulas are calculated and stored with their result. Throws WorkbookError for what the format
 /// cannot hold: a bad sheet name, a text too long or not UTF-8, a formula that is not understood, formulas in a circle.
 std::string WriteXls(const Workbook& workbook);
