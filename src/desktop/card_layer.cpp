@@ -82,13 +82,15 @@ QSize CardLayer::sizeHint() const
     return room;
 }
 
-/// As large as its rows ask; with a list or a grid at least as high as the page and three quarters as wide.
+/// As large as its rows ask; with a list or a grid, which scrolls, as high as the page and three quarters as wide.
 QRect CardLayer::PlaceOf(const FrameView& card) const
 {
     const QRect page = pages_->geometry();
     const QSize ofPage = page.size() - kAround;
     const QSize asked = card.widget()->sizeHint();
-    const QSize wanted = card.TakesHeight() ? asked.expandedTo({ofPage.width() * 3 / 4, ofPage.height()}) : asked;
+    const QSize ofList(std::max(asked.width(), ofPage.width() * 3 / 4),
+                       std::max(card.widget()->minimumSizeHint().height(), ofPage.height()));
+    const QSize wanted = card.TakesHeight() ? ofList : asked;
     QRect place(QPoint(), wanted.boundedTo({ofPage.width(), height()}));
     place.moveCenter(page.center());
     const int lowest = std::max(rect().bottom() - place.height() + 1, 0);
