@@ -89,9 +89,9 @@ bool TextBox::Leave()
     return Control::Leave();
 }
 
-void TextBox::SetOffers(std::vector<std::string> texts)
+void TextBox::SetOffers(std::vector<std::string> texts, OfferMatch match)
 {
-    offers_.SetTexts(std::move(texts));
+    offers_.SetTexts(std::move(texts), match);
     changed();
 }
 

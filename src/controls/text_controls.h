@@ -88,9 +88,9 @@ class TextBox : public TextControl {
     /// What draws the box changed the selection to this by itself: it took back an edit, or made it again.
     virtual void Amend(std::string_view utf8) { Paste(utf8); }
 
-    /// Texts used before, offered while the preparer types: Down goes into them, Enter or Tab takes the marked one,
-    /// Escape closes them.
-    void SetOffers(std::vector<std::string> texts);
+    /// Texts, say those used before, offered while the preparer types: Down goes into them, Enter or Tab takes the
+    /// marked one, Escape closes them.
+    void SetOffers(std::vector<std::string> texts, OfferMatch match = OfferMatch::Begins);
     const Offers& offers() const { return offers_; }
     void OpenOffers(); ///< all of them, before anything is typed
     void TakeOffer(int entry);

@@ -12,7 +12,7 @@ OfferList::OfferList(QWidget* form, QWidget& field)
     : QListWidget(form), over_(*this, field, [this](const QRect& place) { PlaceAt(place); })
 {
     setFocusPolicy(Qt::NoFocus);
-    setAccessibleName("Used before");
+    setAccessibleName("To choose from");
     setItemDelegate(new CellDelegate(*this, 0));
     setUniformItemSizes(true);
     for (const auto set : {&QListWidget::setHorizontalScrollBarPolicy, &QListWidget::setVerticalScrollBarPolicy})

@@ -187,6 +187,23 @@ TEST_F(TextBoxes, OfferWhatWasUsedBefore)
     }
 }
 
+TEST_F(TextBoxes, OfferByWordsWhatHasThemInAnyOrder)
+{
+    const std::string salaries = "22i Salaries and wages", direct = "9ii Direct Expenses: Power and fuel",
+                      indirect = "1Ei Indirect wages";
+    form.walking.SetOffers({salaries, direct, indirect}, OfferMatch::Words);
+    const std::pair<const char*, std::vector<std::string>> rows[] = {
+        {"wag SAL", {salaries}},     {"direct", {direct}}, {"22i", {salaries}},
+        {"w", {salaries, indirect}}, {"age", {}},          {"fuel direct", {direct}},
+    };
+    form.SetFocus(form.walking);
+    for (const auto& [typed, offered] : rows) {
+        form.walking.SelectAll();
+        TypeText(form, typed);
+        EXPECT_EQ(form.walking.offers().shown(), offered) << typed;
+    }
+}
+
 TEST_F(TextBoxes, OfferOnlyWhatTheFieldTakes)
 {
     form.walking.SetOffers({"Rent of godown", "O'Neil"});
