@@ -9,6 +9,7 @@ ROOT = pathlib.Path(__file__).resolve().parent.parent
 LIBRARIES = {  # headers beginning so: the folders that may include them
     r"Q[A-Z]": {"desktop", "suite", "audit_report"},
     r"pugixml|nlohmann/": {"audit_report"},
+    r"csv\.h": {"trial_balance"},
     r"SQLiteCpp/|sqlite3\.h": {"store"},
     r"sql(ext|types|ucode)?\.h": {"store"},
 }

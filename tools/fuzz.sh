@@ -9,7 +9,7 @@ build=build/fuzz
 
 cmake -G Ninja -B "$build" -DCMAKE_CXX_COMPILER=clang++-14 -DCMAKE_BUILD_TYPE=None -DCMAKE_CXX_FLAGS="-O1 -g1" \
     -DPGBP_FUZZ=ON >"$build.log" 2>&1 || { cat "$build.log"; exit 1; }
-cmake --build "$build" --target fuzz_workbook fuzz_audit_report >"$build.log" 2>&1 || { cat "$build.log"; exit 1; }
+cmake --build "$build" --target fuzz_workbook fuzz_audit_report fuzz_trial_balance >"$build.log" 2>&1 || { cat "$build.log"; exit 1; }
 
 # fuzz TARGET CORPUS...
 fuzz() {
@@ -23,3 +23,4 @@ fuzz() {
 
 fuzz workbook tests/fuzz/corpus/workbook tests/workbook/samples
 fuzz audit_report tests/audit_report/samples
+fuzz trial_balance tests/trial_balance/samples
