@@ -154,11 +154,16 @@ void StatementScreen::TakeBack()
             differs = differs || lines_.At(line).text() != text;
             SetAmount(line, text);
         }
-        if (last.details) {
-            const auto [line, text] = last.amounts.front();
-            MSH.SetCell(static_cast<int>(line), kDetail,
-                        std::string(last.details->empty() ? kDetailsPossible : kDetailsFilled));
-            entries_[lines_.Slno(line)] = *last.details;
+        for (const auto& [line, text] : last.descriptions)
+            MSH.SetCell(static_cast<int>(line), kDescription, text);
+        if (last.entries) {
+            differs = differs || entries_ != *last.entries;
+            entries_ = *last.entries;
+            for (const auto& [line, text] : last.amounts) {
+                const auto its = entries_.find(lines_.Slno(line));
+                const bool isFilled = its != entries_.end() && !its->second.empty();
+                MSH.SetCell(static_cast<int>(line), kDetail, std::string(isFilled ? kDetailsFilled : kDetailsPossible));
+            }
         }
         if (differs && !MSH.IsHidden(static_cast<int>(last.amounts.front().first)))
             MSH.EnterCell(static_cast<int>(last.amounts.front().first), kAmount);
@@ -224,8 +229,8 @@ void StatementScreen::CloseDetails(std::vector<DetailEntry> entries, double tota
 {
     const auto line = lines_.Find(details.slno());
     const int row = static_cast<int>(*line);
-    std::vector<DetailEntry>& standing = entries_[details.slno()];
-    undo_.push_back({{{*line, lines_.At(*line).text()}}, std::exchange(standing, std::move(entries))});
+    undo_.push_back({{{*line, lines_.At(*line).text()}}, entries_});
+    entries_[details.slno()] = std::move(entries);
     SetAmount(*line, FormatAmountIndian(Rupees(total), kIndianGrouping));
     MSH.SetCell(row, kDetail, std::string(total > 0 ? kDetailsFilled : kDetailsPossible));
     RunTotals();

@@ -122,7 +122,7 @@ void StatementScreen::LayOut()
                           {{&lblIndAs, nullptr, &lblTot1c, &LblTot1}, RowStyle::Final},
                           {{nullptr, nullptr, &lblTot2c, &LblTot2}, RowStyle::Final},
                           {{nullptr, nullptr, &lblTot3c, &lblTot3}, RowStyle::Final}},
-                 .buttonsLeft = {&Command1, &CmdNew3, &CmdMulEntry, &cmdexport, &cmdImport, &Command2},
+                 .buttonsLeft = {&Command1, &CmdNew3, &CmdMulEntry, &cmdexport, &cmdImport, &CmdTrial, &Command2},
                  .buttonsRight = {&CmdSave, &CmdDel}});
     FraBooks.Lay({.columns = {LayoutColumn::Button}, .rows = {{{&ChkBooks}}}, .buttonsRight = {&CmdBackFra}});
     FrNoBoo.Lay({.columns = {LayoutColumn::Caption},
@@ -198,6 +198,8 @@ void StatementScreen::Wire()
     };
     Command2.onClick = [this] { Export(BlankSheetOfIndStatement(Texts())); };
     cmdImport.onClick = [this] { ImportSheet(); };
+    CmdTrial.onClick = [this] { ImportTrialBalance(); };
+    trial_.onFill = [this](TrialBalanceEntries filled) { FillFromTrialBalance(std::move(filled)); };
     CmdSave.onClick = [this] { Save(); };
     CmdDel.onClick = [this] { Delete(); };
 }
@@ -320,7 +322,7 @@ void StatementScreen::ApplyLock()
     if (run.GLlock == 0)
         return;
     for (Control* change :
-         std::initializer_list<Control*>{&CmdSave, &CmdDel, &cmdImport, &CmdNew3, &CmdMulEntry, &ChkBooks})
+         std::initializer_list<Control*>{&CmdSave, &CmdDel, &cmdImport, &CmdTrial, &CmdNew3, &CmdMulEntry, &ChkBooks})
         change->enabled = false;
 }
 
@@ -509,6 +511,7 @@ void StatementScreen::Store()
          .details = entries_,
          .intraday = CmdNew3.visible ? std::optional(Intraday{Val(TxtNew3_1), Val(TxtNew3_2)}) : std::nullopt},
         transaction);
+    TrialChoices().Add(placesToKeep_, transaction);
     transaction.Commit();
     sno_ = sno;
 }

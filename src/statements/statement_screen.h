@@ -5,6 +5,7 @@
 #include "statements/statement_details.h"
 #include "statements/statement_sheet.h"
 #include "statements/totals_rules.h"
+#include "statements/trial_balance_frame.h"
 
 #include <optional>
 #include <string>
@@ -47,6 +48,7 @@ class StatementScreen : public Screen {
     cmd CmdMulEntry{*this, "CmdMulEntry", "De&tails"};
     cmd cmdexport{*this, "cmdexport", "&Export to excel"};
     cmd cmdImport{*this, "cmdImport", "Import &From Excel"};
+    cmd CmdTrial{*this, "CmdTrial", "Import Trial Balan&ce"};
     cmd Command2{*this, "Command2", "Create Blank E&xcel Sheet"};
     cmd CmdDel{*this, "CmdDel", "De&lete"};
     cmd CmdSave{*this, "CmdSave", "&Save"};
@@ -80,8 +82,9 @@ class StatementScreen : public Screen {
   private:
     /// Amounts that one deed of the preparer changed, as they were.
     struct Undo {
-        std::vector<std::pair<std::size_t, std::string>> amounts;       ///< by line
-        std::optional<std::vector<DetailEntry>> details = std::nullopt; ///< of the one line, where they made its amount
+        std::vector<std::pair<std::size_t, std::string>> amounts{};      ///< by line
+        std::optional<Details> entries{};                                ///< of all lines, where they made the amounts
+        std::vector<std::pair<std::size_t, std::string>> descriptions{}; ///< by line
     };
 
     void LayOut();
@@ -115,6 +118,13 @@ class StatementScreen : public Screen {
     void CloseDetails(std::vector<DetailEntry> entries, double total);
     void OpenBadDebts(std::size_t line);
 
+    void ImportTrialBalance();
+    bool TakesAccounts(std::size_t line) const;
+    TrialBalanceChoices TrialChoices() const;
+    AccountPlaces ChosenBefore() const;
+    void FillFromTrialBalance(TrialBalanceEntries filled);
+    void FillLineWith(const std::vector<DetailEntry>& entries, std::size_t line, Undo& undo);
+
     void Proceed();
     bool RefusesNoBooks();
     void WarnOfNegativeReceipts();
@@ -138,6 +148,8 @@ class StatementScreen : public Screen {
     StatementRows rows_;
     StatementLines lines_;
     Details entries_;
+    TrialBalanceFrame trial_{*this};
+    AccountPlaces placesToKeep_; ///< chosen for accounts of a trial balance, stored by the next save
     std::vector<Undo> undo_;
     std::size_t typedInto_ = 0; ///< the line whose amount is being typed, and is in the last entry of `undo_`
     double sno_ = 0;            ///< of the line of business; 0 until it is saved

@@ -3,7 +3,7 @@
 
 A story is a text file of commands, one a line, played once for each of its cases:
 
-  case NAME word=text ...     a case; $word stands for the text in all commands
+  case NAME word=text ...     a case; $word stands for the text in all commands, $samples for the sample trial balances
   chooser                     starts the chooser in a new practice and waits until it is in front
   front TITLE                 waits until this window is in front and has the keyboard
   keys TEXT{ENTER}{ALT+B}     presses keys, whatever is in front
@@ -29,6 +29,7 @@ import time
 
 from virtual_display import NeverHappened, VirtualDisplay, wait_for
 
+SAMPLES = pathlib.Path(__file__).resolve().parent.parent / "trial_balance" / "samples"
 CHOOSER = "Vorn - Assessee-years of the practice"
 NOTES_THE_STATUS = """#!/bin/sh
 # Stands where the chooser looks for the module: starts it and notes what it ended with.
@@ -92,7 +93,7 @@ class Case:
     def play(self, commands, words):
         for number, command, arguments in commands:
             try:
-                getattr(self, command)(string.Template(arguments).substitute(words))
+                getattr(self, command)(string.Template(arguments).substitute(words, samples=SAMPLES))
             except (NeverHappened, AssertionError, AttributeError, KeyError, ValueError, sqlite3.Error) as fault:
                 raise NeverHappened(f"line {number}: {command} {arguments}: {fault!r}") from fault
 

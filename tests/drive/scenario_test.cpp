@@ -1,6 +1,7 @@
 // Each file of tests/scenarios is a run on a fresh practice with the demonstration clients. Its lines "#! handover CODE
 // COLUMN=VALUE ..." and "#! sql FILE STATEMENT" make the practice ready, "#! start" starts a run (a second one starts
-// the module again); the others are commands of the driver.
+// the module again), "#! choose FILE" answers the next file dialog with a sample trial balance; the others are commands
+// of the driver.
 
 #include "audit_report/report.h"
 #include "audit_report/tables.h"
@@ -74,6 +75,8 @@ class Stage {
             RunSql(words);
         else if (word == "report")
             ReadReportOf(words);
+        else if (word == "choose")
+            Choose(words);
         else if (word == "start")
             Start();
         else
@@ -112,6 +115,14 @@ class Stage {
                 WriteTables(tables,
                             TablesOf(ReadReport(ReportFileContent(std::filesystem::path(PGBP_REPORTS) / sample))));
         };
+    }
+
+    /// The trial balance that the preparer chooses in the next file dialog.
+    void Choose(std::istringstream& words)
+    {
+        std::string sample;
+        words >> sample;
+        files_.files.push_back(std::filesystem::path(PGBP_TRIAL_BALANCES) / sample);
     }
 
     void Start()

@@ -2,10 +2,10 @@
 """Attacks the files of a practice while the module works on them. Usage: faults.py [--short] PROGRAMS LIBRARY [SAVE...]
 
 Each file of saves/ is a way to change the data: who is handed over ("#! handover CODE ..."), and commands of
-pgbp-drive, behind "#! save" those that write. A message on the way there makes the person leave, as one behind it does.
-The practice is what it was before them (old) or what it is after them (new). Whatever happens on the way, its rows must
-be those of the one or the other, the head of income must be the old one or agree with the rows, and the next start must
-work and end in old or new to the last row.
+pgbp-drive, behind "#! save" those that write; $samples is the folder of the sample trial balances. A message on the way
+there makes the person leave, as one behind it does. The practice is what it was before them (old) or what it is after
+them (new). Whatever happens on the way, its rows must be those of the one or the other, the head of income must be the
+old one or agree with the rows, and the next start must work and end in old or new to the last row.
 
 Tried: each call that changes a file fails in turn, for a while or for good, or is the last one of the process; the
 process is killed at random moments; several processes write at once; bytes of a file are changed. The figures are
@@ -26,6 +26,7 @@ import threading
 import time
 
 HERE = pathlib.Path(__file__).resolve().parent
+SAMPLES = HERE.parent / "trial_balance" / "samples"
 # how a call fails, with the calls that it is tried on: a full disk at each call, the others by turns
 KINDS = (("enospc", 1, 0), ("kill", 4, 0), ("eio", 4, 1), ("full", 4, 2), ("short", 4, 3), ("torn", 4, 2))
 PATIENCE = 120  # seconds until a process counts as hanging
@@ -50,7 +51,7 @@ class Save:
             elif line.startswith("#! save"):
                 into = self.saving
             elif line.strip() and not line.startswith("#"):
-                into.append(line + "\n")
+                into.append(line.replace("$samples", str(SAMPLES)) + "\n")
 
 
 class Session:

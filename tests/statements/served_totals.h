@@ -11,8 +11,8 @@
 
 namespace pgbp::test {
 
-/// The totals that the module runs over the template.
-inline StatementTotals TotalsOf(const TemplateFile& file)
+/// The rules that the module runs over the template.
+inline std::span<const std::string_view> RulesOf(const TemplateFile& file)
 {
     struct Served {
         const char* name;
@@ -27,12 +27,14 @@ inline StatementTotals TotalsOf(const TemplateFile& file)
     const auto served = std::ranges::find(kServed, file.name, &Served::name);
     if (served == std::end(kServed)) {
         const auto statement = file.name == "INDASPL" ? IndStatement::INDPNL : IndStatement::INDBS;
-        return {IndTotalsRules(statement, file.rows.size()), file.rows.size()};
+        return IndTotalsRules(statement, file.rows.size());
     }
     const auto form = OpenStatementForm(served->year, served->glITR, StatementKind::ProfitAndLoss);
     EXPECT_EQ(TemplateName(form), file.name);
-    return {TotalsRules(OperationFor(form), form), file.rows.size()};
+    return TotalsRules(OperationFor(form), form);
 }
+
+inline StatementTotals TotalsOf(const TemplateFile& file) { return {RulesOf(file), file.rows.size()}; }
 
 inline bool IsEntry(const TemplateRow& row) { return row.isNumber && !row.isBlocked; }
 
