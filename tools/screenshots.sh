@@ -1,12 +1,14 @@
 #!/bin/sh
 # Makes the pictures of the documentation anew, from the demonstration clients, without a display.
 set -eu
+sources=$(realpath "$(dirname "$0")/..")
 programs=$(realpath "$1")
 pictures=$(realpath "$2")
 folder=$(mktemp -d)
 trap 'rm -rf "$folder"' EXIT
 cd "$folder"
 practice=practice
+lists=$sources/tests/trial_balance/samples
 suite="$programs/pgbp-suite --program-folder $practice"
 export QT_QPA_PLATFORM=offscreen
 
@@ -215,6 +217,13 @@ click FrmbspnlPGBP.CmdMulEntry
 set FrmbspnlPGBP.TxtDescr Cotton yarn
 set FrmbspnlPGBP.TxtAmt 1490000
 click FrmbspnlPGBP.CmdAdd
+END
+shot trial-balance 1003r2023-24 <<END
+$account
+file $lists/hosiery-2022-23.csv
+click FrmbspnlPGBP.CmdTrial
+enter FrmbspnlPGBP.MshTrial 77 5
+keys FrmbspnlPGBP trav
 END
 shot statement-no-books 1001r2023-24 <<END
 click frmbusiness.cmd1
