@@ -190,7 +190,7 @@ void AnnexureScreen::Open(const AnnexureOpening& opening)
     entry.Open(LoadAnnexure(run.balance, Owner()));
     if (run.GLlock != 0)
         return LockAnnexure();
-    linked_ = FindLinkedClient(run, BothYearsInFull(run.Glyear));
+    linked_ = FindLinkedClient(run);
     CmdImp.enabled = CmdImp.enabled || linked_;
 }
 
@@ -312,7 +312,7 @@ void AnnexureScreen::ImportLine(std::optional<double> line)
 void AnnexureScreen::ImportFromBooks()
 {
     const std::string_view type = IsCompany(run.Glstatus) ? "I" : "G";
-    const Connection books = linked_ ? linked_->books : OpenFile({.path = BooksFile(run), .dsn = {}});
+    const Connection books = linked_ ? linked_->books : OpenFileToRead({.path = BooksFile(run), .dsn = {}});
     entry.Replace(LoadBooks(books, linked_ ? linked_->code : "", type, edition_));
 }
 

@@ -1,5 +1,6 @@
 #include "entry/linked_client.h"
 
+#include "services/ini_file.h"
 #include "services/text.h"
 #include "store/files.h"
 
@@ -8,41 +9,69 @@ namespace {
 
 constexpr const char* kBooks = "balancesheet.mdb";
 
-Value ClientNumber(const Run& run)
+/// Types of settings may have blanks around them.
+std::string IsOfType(const Run& run, const char* type)
 {
-    return run.company.Scalar("select SNO from {misc_items} where code = ? and " +
-                                  run.company.dialect().Trim("[Type]") + " = 'OVLINK'",
-                              run.Glcode);
+    return run.company.dialect().Trim("[Type]") + " = '" + type + '\'';
+}
+
+std::string FolderOfBooks(const Run& run)
+{
+    return Trim(run.company.Scalar("select linking from {misc_items} where " + IsOfType(run, "OVPATH")).Text());
+}
+
+/// The folder may be written with the slashes of another platform.
+std::filesystem::path BooksIn(const std::string& folder)
+{
+    return std::filesystem::path(Replace(folder, "\\", "/")) / kBooks;
+}
+
+/// "2023-2024" for "2023-24".
+std::string BothYearsInFull(const std::string& glyear)
+{
+    return glyear.size() < 7 ? glyear : glyear.substr(0, 5) + glyear.substr(0, 2) + glyear.substr(5, 2);
 }
 
 } // namespace
 
-std::filesystem::path BooksFile(const Run& run)
+std::string LinkedClient::Status() const
 {
-    const std::string type = run.company.dialect().Trim("[Type]");
-    const Value folder = run.company.Scalar("select linking from {misc_items} where " + type + " = 'OVPATH'");
-    return std::filesystem::path(Trim(folder.Text())) / kBooks;
+    return books.Scalar("select c_status from {clientcomp} where c_no = ?", number).Text();
 }
 
-std::string BothYearsInFull(std::string_view glyear)
+std::filesystem::path BooksFile(const Run& run) { return BooksIn(FolderOfBooks(run)); }
+
+double LinkedNumber(const Run& run)
 {
-    return std::string(glyear.substr(0, 5)).append(glyear.substr(0, 2)).append(glyear.substr(5, 2));
+    return run.company.Scalar("select SNO from {misc_items} where code = ? and " + IsOfType(run, "OVLINK"), run.Code())
+        .Number();
 }
 
-std::optional<LinkedClient> FindLinkedClient(const Run& run, const std::string& year)
+std::string LinkedCode(const Connection& books, double client, const std::string& glyear)
 {
-    const std::filesystem::path file = BooksFile(run);
-    const Value client = ClientNumber(run);
-    if (file == kBooks || client.IsNull())
+    for (const std::string& year : {BothYearsInFull(glyear), glyear})
+        if (const Value code = books.Scalar(
+                "select code from {clientasst} where actual = ? and c_no = ? and ass_yr = ?", false, client, year);
+            !code.IsNull())
+            return Trim(code.Text());
+    return {};
+}
+
+std::optional<LinkedClient> FindLinkedClient(const Run& run)
+{
+    const std::string folder = FolderOfBooks(run);
+    const std::filesystem::path file = BooksIn(folder);
+    if (folder.empty() || !FileExists(file))
+        return std::nullopt;
+    const double number = LinkedNumber(run);
+    if (number == 0)
         return std::nullopt;
     try {
-        Connection books = OpenFile({.path = file, .dsn = {}});
-        const Value code = books.Scalar("select code from {clientasst} where actual = ? and c_no = ? and ass_yr = ?",
-                                        false, client, year);
-        if (!code.IsNull())
-            return LinkedClient{std::move(books), Trim(code.Text())};
-    } catch (const std::runtime_error&) { // the accounts product is no part of this practice: its faults are not ours
-                                          // to tell
+        const Connection books = OpenFileToRead({.path = file, .dsn = {}});
+        if (const std::string code = LinkedCode(books, number, run.Glyear); !code.empty())
+            return LinkedClient{folder, number, code, books};
+    } catch (const StoreError& error) { // the accounts product is no part of this practice: its faults are not told
+        run.Log(error);
     }
     return std::nullopt;
 }

@@ -232,7 +232,7 @@ void Partners::Open()
     FillLists();
     entry.Open(OfTheLine());
     previous.Read();
-    linked_ = run_.Year() >= 2007 ? FindLinkedClient(run_, run_.Glyear) : std::nullopt;
+    linked_ = run_.Year() >= 2007 ? FindLinkedClient(run_) : std::nullopt;
     cmdImport.visible = linked_.has_value();
     screen.Raise(frapartner, txtpartner);
 }

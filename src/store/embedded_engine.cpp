@@ -139,8 +139,13 @@ class EmbeddedEngine : public Engine {
     }
 
   public:
-    explicit EmbeddedEngine(const std::filesystem::path& file)
-        : database_(file.string(), SQLite::OPEN_READWRITE | SQLite::OPEN_NOMUTEX, kBusyTimeoutMilliseconds)
+    enum class Access { Write, Read };
+
+    explicit EmbeddedEngine(const std::filesystem::path& file, Access access = Access::Write)
+        : database_(file.string(),
+                    (access == Access::Write ? SQLite::OPEN_READWRITE : SQLite::OPEN_READONLY) | SQLite::OPEN_NOMUTEX,
+                    access == Access::Write ? kBusyTimeoutMilliseconds : 0),
+          patience_(access == Access::Write ? kBusyTimeoutMilliseconds : 0)
     {
     }
 
@@ -288,9 +293,15 @@ class EmbeddedEngine : public Engine {
 
     SQLite::Database database_;
     bool isReading_ = false;
-    int patience_ = kBusyTimeoutMilliseconds;
+    int patience_;
     std::unordered_map<std::string, Prepared> prepared_;
 };
+
+/// Called at once: the system's error number is that of the engine's last file call.
+StoreError Refused(const SQLite::Exception& error, const std::filesystem::path& file)
+{
+    return {EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Open, {file.string()}, error.what()};
+}
 
 /// What can not be removed now stays for a later start: it harms nobody.
 void TidyUp(EmbeddedEngine& engine, std::span<const std::filesystem::path> files)
@@ -306,6 +317,15 @@ void TidyUp(EmbeddedEngine& engine, std::span<const std::filesystem::path> files
 
 } // namespace
 
+Connection OpenEmbeddedFileToRead(const std::filesystem::path& file)
+{
+    try {
+        return {std::make_shared<EmbeddedEngine>(file, EmbeddedEngine::Access::Read), "", {file.string()}};
+    } catch (const SQLite::Exception& error) {
+        throw Refused(error, file);
+    }
+}
+
 std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path> files)
 {
     std::shared_ptr<EmbeddedEngine> engine;
@@ -320,8 +340,7 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
                 engine = std::make_shared<EmbeddedEngine>(file);
             engine->UseRollbackJournal(schema);
         } catch (const SQLite::Exception& error) {
-            throw StoreError(EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Open, {file.string()},
-                             error.what());
+            throw Refused(error, file);
         }
         // a plain name is the session's own table first
         connections.emplace_back(engine, isFirst ? "" : schema + '.', FaultPlace{file.string()});

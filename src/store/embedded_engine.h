@@ -16,4 +16,7 @@ inline constexpr int kBusyTimeoutMilliseconds = 5000;
 /// without extension; one connection a file, and a commit covers all of them. Throws StoreError that names the file.
 std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path> files);
 
+/// A session that reads one embedded file and can write nothing to it. It waits for nobody. Throws StoreError.
+Connection OpenEmbeddedFileToRead(const std::filesystem::path& file);
+
 } // namespace pgbp

@@ -43,10 +43,10 @@ std::string FolderOf(std::string_view backslashPath)
 
 const Dialect& JetDialect(std::string_view) { return kJetDialect; }
 
-Connection OpenJetFile(const DataFile& file)
+Connection OpenJetFile(const DataFile& file, const std::string& connectionString)
 {
     try {
-        return {OpenOdbcEngine(JetConnectionString(file), JetDialect), "", {file.path.string()}};
+        return {OpenOdbcEngine(connectionString, JetDialect), "", {file.path.string()}};
     } catch (const EngineError& error) {
         throw StoreError(error.cause(), Attempt::Open, {file.path.string()}, error.what());
     }
@@ -82,7 +82,7 @@ std::vector<Connection> OpenFiles(std::span<const DataFile> files)
         kinds.push_back(KindOf(file.path));
     for (std::size_t i = 0; i < files.size(); ++i) {
         if (kinds[i] == FileKind::Jet) {
-            connections[i] = OpenJetFile(files[i]);
+            connections[i] = OpenJetFile(files[i], JetConnectionString(files[i]));
             continue;
         }
         BringUpToDate(files[i].path);
@@ -97,14 +97,24 @@ std::vector<Connection> OpenFiles(std::span<const DataFile> files)
 
 Connection OpenFile(const DataFile& file) { return OpenFiles({&file, 1}).front(); }
 
+Connection OpenFileToRead(const DataFile& file)
+{
+    if (KindOf(file.path) == FileKind::Jet)
+        return OpenJetFile(file, ReadingJetConnectionString(file));
+    return OpenEmbeddedFileToRead(file.path);
+}
+
 std::string JetConnectionString(const DataFile& file)
 {
     const std::string path = BackslashPath(file.path);
     const std::string folder = file.defaultDir.empty() ? FolderOf(path) : BackslashPath(file.defaultDir);
     return "DBQ=" + ConnectionPart(path) + ";DefaultDir=" + ConnectionPart(folder) +
-           ";Driver={Microsoft Access Driver (*.mdb)};DriverId=25;FIL=MS Access;FILEDSN=" +
-           ConnectionPart(BackslashPath(file.dsn)) + ";MaxBufferSize=2048;MaxScanRows=8;PageTimeout=5;" +
-           (file.password ? "PWD=QXZ.7;" : "") + "SafeTransactions=0;Threads=3;UID=admin;UserCommitSync=Yes;";
+           ";Driver={Microsoft Access Driver (*.mdb)};DriverId=25;FIL=MS Access;" +
+           (file.dsn.empty() ? "" : "FILEDSN=" + ConnectionPart(BackslashPath(file.dsn)) + ';') +
+           "MaxBufferSize=2048;MaxScanRows=8;PageTimeout=5;" + (file.password ? "PWD=QXZ.7;" : "") +
+           "SafeTransactions=0;Threads=3;UID=admin;UserCommitSync=Yes;";
 }
+
+std::string ReadingJetConnectionString(const DataFile& file) { return JetConnectionString(file) + "READONLY=TRUE;"; }
 
 } // namespace pgbp

@@ -19,7 +19,7 @@ FileKind KindOf(const std::filesystem::path& file);
 /// A data file with what its connection string tells besides; an embedded file needs the path alone.
 struct DataFile {
     std::filesystem::path path;
-    std::filesystem::path dsn;
+    std::filesystem::path dsn;          ///< empty: the file of another product, which has none of ours
     bool password = true;               ///< the suite's password; the working file has none
     std::filesystem::path defaultDir{}; ///< empty: the folder of the file
 };
@@ -33,11 +33,16 @@ std::vector<Connection> OpenFiles(std::span<const DataFile> files);
 /// One file in a session of its own.
 Connection OpenFile(const DataFile& file);
 
+/// One file of another product, whose matters are its own: nothing is written to it, not even what a crash of its owner
+/// left to be rolled back, and nobody is waited for. Throws StoreError that names the file.
+Connection OpenFileToRead(const DataFile& file);
+
 /// Makes, whole and in one step, a new, empty embedded data file with the tables that `file` ("company", "qeltemp",
 /// "VornTemp" ...) holds in the inventory. Throws StoreError when the path exists.
 void CreateEmbeddedFile(const std::filesystem::path& path, std::string_view file);
 
-/// The ODBC connection string of a Jet file.
+/// The ODBC connection string of a Jet file, and of one that is only read.
 std::string JetConnectionString(const DataFile& file);
+std::string ReadingJetConnectionString(const DataFile& file);
 
 } // namespace pgbp

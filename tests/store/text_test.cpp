@@ -28,6 +28,15 @@ TEST(ConnectionStrings, TheWorkingFileHasNoPasswordAndTheClientsFolder)
               "SafeTransactions=0;Threads=3;UID=admin;UserCommitSync=Yes;");
 }
 
+TEST(ConnectionStrings, AJetFileOfAnotherProductIsOnlyRead)
+{
+    EXPECT_EQ(
+        ReadingJetConnectionString({.path = "D:/Books/balancesheet.mdb", .dsn = {}}),
+        "DBQ=D:\\Books\\balancesheet.mdb;DefaultDir=D:\\Books;Driver={Microsoft Access Driver (*.mdb)};DriverId=25;"
+        "FIL=MS Access;MaxBufferSize=2048;MaxScanRows=8;PageTimeout=5;PWD=QXZ.7;SafeTransactions=0;Threads=3;"
+        "UID=admin;UserCommitSync=Yes;READONLY=TRUE;");
+}
+
 TEST(ConnectionStrings, TheServerByDriverOrByNativeClient)
 {
     ServerLogin login{"OFFICE", " sa ", " secret ", false};
