@@ -65,6 +65,22 @@ void Take(int& variable, const Value& value)
     variable = value.Flag() ? static_cast<int>(std::clamp(value.Number(), -32768.0, 32767.0)) : 0;
 }
 
+std::vector<Field> FieldsOf(const HandOver& record)
+{
+    std::vector<Field> fields;
+    for (const HandOverColumn& column : kColumns)
+        std::visit([&](auto member) { fields.push_back({column.name, Value(record.*member)}); }, column.variable);
+    return fields;
+}
+
+void ReplaceRow(const Connection& file, std::span<const Field> fields)
+{
+    Transaction transaction({file});
+    file.Delete("from {main}");
+    file.Insert("main", fields);
+    transaction.Commit();
+}
+
 } // namespace
 
 std::span<const HandOverColumn> HandOverColumns() { return kColumns; }
@@ -82,14 +98,16 @@ bool ReadHandOver(const Connection& file, HandOver& record)
 
 void WriteHandOver(const Connection& file, const HandOver& record)
 {
-    std::vector<Field> fields;
-    for (const HandOverColumn& column : kColumns)
-        if (column.name != "GlProv")
-            std::visit([&](auto member) { fields.push_back({column.name, Value(record.*member)}); }, column.variable);
-    Transaction transaction({file});
-    file.Delete("from {main}");
-    file.Insert("main", fields);
-    transaction.Commit();
+    std::vector<Field> fields = FieldsOf(record);
+    std::erase_if(fields, [](const Field& field) { return field.column == "GlProv"; });
+    ReplaceRow(file, fields);
+}
+
+void WriteLinkHandOver(const Connection& file, const HandOver& record)
+{
+    std::vector<Field> fields = FieldsOf(record);
+    fields.push_back({"GL88D", 0}); // no variable of the module holds it
+    ReplaceRow(file, fields);
 }
 
 } // namespace pgbp

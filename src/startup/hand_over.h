@@ -79,4 +79,7 @@ bool ReadHandOver(const Connection& file, HandOver& record);
 /// Replaces the rows of `main` by this record. `GlProv` stays behind: the plain hand-over does not write it.
 void WriteHandOver(const Connection& file, const HandOver& record);
 
+/// The same for the link with the accounts product, which takes `GlProv` as well, and a column of its own, `GL88D`.
+void WriteLinkHandOver(const Connection& file, const HandOver& record);
+
 } // namespace pgbp

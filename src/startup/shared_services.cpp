@@ -36,15 +36,15 @@ std::string ReadEmptyHandOver(const Run& run)
     return content.str();
 }
 
-/// Puts a hand-over file with this record in the place of the old one. The new file is made whole beside it
-/// first, so that a failure leaves the old one.
-void WriteHandOverFile(const Run& run, const HandOver& record)
+/// Puts a hand-over file, which `write` fills, in the place of the old one. The new file is made whole beside it first,
+/// so that a failure leaves the old one.
+template <typename Write>
+void ReplaceHandOverFile(const Run& run, DataFile file, Write write)
 {
-    DataFile file = HandOverFile(run);
     FreshFile fresh(file.path);
     fresh.Write(ReadEmptyHandOver(run));
     file.path = fresh.path();
-    WriteHandOver(OpenFile(file), record);
+    write(OpenFile(file));
     fresh.TakePlace();
 }
 
@@ -81,16 +81,27 @@ std::string PreviousYearCode(const Run& run)
         .Text();
 }
 
-void RunSibling(const Run& run, std::string_view program)
+int RunSibling(const Run& run, std::string_view program)
 {
     const Hourglass hourglass(run.host);
-    run.host.processes.RunAndWait(run.host.programFolder / program);
+    return run.host.processes.RunAndWait(run.host.programFolder / program);
 }
 
 void HandOverTo(const Run& run, const HandOver& record, const std::string& program)
 {
-    WriteHandOverFile(run, record);
+    ReplaceHandOverFile(run, HandOverFile(run), [&](const Connection& file) { WriteHandOver(file, record); });
     RunSibling(run, program);
+}
+
+void WriteOVHandover(const Run& run, const std::string& report, double line, const std::string& status)
+{
+    HandOver record = run;
+    record.GLrep = report;
+    record.SpInc = line;
+    record.Glstatus = status;
+    DataFile place = HandOverFile(run);
+    place.path.replace_filename("VornOV.mdb");
+    ReplaceHandOverFile(run, place, [&](const Connection& file) { WriteLinkHandOver(file, record); });
 }
 
 } // namespace pgbp

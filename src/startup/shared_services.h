@@ -14,12 +14,16 @@ void CheckPAN(Screen& screen, const std::string& pan);
 /// `code` of the same assessee in the assessment year before this one in the suite's list; empty when there is none.
 std::string PreviousYearCode(const Run& run);
 
-/// Starts a sibling program of the program folder and blocks until it ends, the pointer an hourglass. Throws where it
-/// cannot be started.
-void RunSibling(const Run& run, std::string_view program);
+/// Starts a sibling program of the program folder and blocks until it ends, the pointer an hourglass. Gives its exit
+/// code. Throws where it cannot be started.
+int RunSibling(const Run& run, std::string_view program);
 
 /// Writes the record to the hand-over file, starts the sibling program of the program folder and blocks until it ends.
 /// The record is the run's own, but for what that program is to see of it differently.
 void HandOverTo(const Run& run, const HandOver& record, const std::string& program);
+
+/// Writes the run's own record to the hand-over file of the link with the accounts product, with what the link is to do
+/// in place of `GLrep`, the line of business in place of `SpInc` and a text in place of `Glstatus`.
+void WriteOVHandover(const Run& run, const std::string& report, double line, const std::string& status);
 
 } // namespace pgbp

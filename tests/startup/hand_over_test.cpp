@@ -52,6 +52,32 @@ TEST(HandOverRecord, ComesBackColumnByColumn)
     EXPECT_EQ(HandOverColumns().size(), 49U);
 }
 
+TEST(HandOverRecord, OfTheLinkHasItsLineAndAllOtherColumns)
+{
+    EmptyPractice practice;
+    practice.handOver = Distinct();
+    practice.handOver.GlServer = (practice.folder.path() / "server").string();
+    practice.handOver.GlClient = (practice.folder.path() / "client").string();
+    pgbp::Run& run = practice.Start();
+    run.GlProv = true;
+    WriteOVHandover(run, "PL", 17, "");
+    HandOver read;
+    const Connection file = practice.File("handover/VornOV.mdb");
+    ASSERT_TRUE(ReadHandOver(file, read));
+    EXPECT_EQ(read.GLrep + ' ' + Value(read.SpInc).Text() + ' ' + read.Glstatus, "PL 17 ");
+    EXPECT_FALSE(file.Scalar("select GL88D from {main}").IsNull());
+    for (const auto& column : HandOverColumns())
+        if (column.name != "GLrep" && column.name != "SpInc" && column.name != "Glstatus") {
+            EXPECT_EQ(AsText(read, column), AsText(run, column)) << column.name;
+        }
+    EXPECT_EQ(practice.File("handover/VornTemp.mdb").Scalar("select Glstatus from {main}").Text(),
+              practice.handOver.Glstatus)
+        << "the module's own record stays";
+    WriteOVHandover(run, "OVLNK", 18, "x");
+    ASSERT_TRUE(ReadHandOver(practice.File("handover/VornOV.mdb"), read));
+    EXPECT_EQ(read.GLrep + ' ' + Value(read.SpInc).Text() + ' ' + read.Glstatus, "OVLNK 18 x");
+}
+
 TEST(HandOverRecord, StaysWhenTheTemplateIsMissing)
 {
     EmptyPractice practice;
