@@ -46,7 +46,7 @@ class Run : public HandOver {
     std::filesystem::path GlDrive = "C:"; ///< folder of the hand-over file
     bool IsSqlStore = false;              ///< `company` and `balance` live on a database server
     bool UseNativeClient = false;         ///< which of the two server connection strings is used
-    bool OVServerAlive = false;           ///< the accounts product's database server answers
+    std::optional<bool> OVServerAlive;    ///< the accounts product's database server answers; nothing: not asked yet
     bool readOnly = false;                ///< a data file can only be read: nothing is stored in this run
     double GlITR = 0;                     ///< return form of the assessee-year; 0 when unknown
     std::string clientName;               ///< name of the assessee; empty when the suite's list has none

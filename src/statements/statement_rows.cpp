@@ -29,6 +29,19 @@ StoredLines LinesOf(const Recordset& rows)
 
 } // namespace
 
+std::vector<Field> CellOf(const StatementLines& lines, std::size_t line, const std::string& description,
+                          bool booksNotKept)
+{
+    const AmountCell& amount = lines.At(line);
+    std::vector<Field> fields = {{"name9", Trim(description)},
+                                 {"name8", lines.TakesChoice(line) ? Trim(amount.text()) : Rupees(amount.figure())},
+                                 {"amt1", lines.Slno(line)},
+                                 {"Amt10", booksNotKept ? 1 : 0}};
+    if (lines.TakesDescription(line))
+        fields.insert(fields.end(), {{"name1", Trim(description)}, {"name2", kWrittenByPreparer}});
+    return fields;
+}
+
 RowsOfType StatementRows::Values(double sno) const
 {
     return ScheduleCells(run_, std::string(keeping_.values) + kind_, sno);

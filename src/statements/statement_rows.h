@@ -46,6 +46,10 @@ struct StoredLine {
 };
 using StoredLines = std::unordered_map<int, StoredLine>; ///< by the line's lasting number, the first of several
 
+/// A filled line as the cell that a save writes, without the keys of the assessee-year and the line of business.
+std::vector<Field> CellOf(const StatementLines& lines, std::size_t line, const std::string& description,
+                          bool booksNotKept);
+
 /// A part of an amount that is broken down.
 struct DetailEntry {
     std::string description{};

@@ -122,7 +122,8 @@ void StatementScreen::LayOut()
                           {{&lblIndAs, nullptr, &lblTot1c, &LblTot1}, RowStyle::Final},
                           {{nullptr, nullptr, &lblTot2c, &LblTot2}, RowStyle::Final},
                           {{nullptr, nullptr, &lblTot3c, &lblTot3}, RowStyle::Final}},
-                 .buttonsLeft = {&Command1, &CmdNew3, &CmdMulEntry, &cmdexport, &cmdImport, &CmdTrial, &Command2},
+                 .buttonsLeft = {&Command1, &CmdNew3, &CmdMulEntry, &cmdexport, &cmdImport, &CmdTrial, &Command2,
+                                 &link.CmdOldOV, &link.CmdImp, &link.CmdLink},
                  .buttonsRight = {&CmdSave, &CmdDel}});
     FraBooks.Lay({.columns = {LayoutColumn::Button}, .rows = {{{&ChkBooks}}}, .buttonsRight = {&CmdBackFra}});
     FrNoBoo.Lay({.columns = {LayoutColumn::Caption},
@@ -224,6 +225,9 @@ void StatementScreen::Open(const StatementOpening& opening)
     Fill_Cond();
     ShowColumns();
     ApplyLock();
+    reading.reset();
+    if (!keeping_.isIndAS)
+        link.Examine();
 }
 
 void StatementScreen::Activate()
@@ -322,7 +326,8 @@ void StatementScreen::ApplyLock()
     if (run.GLlock == 0)
         return;
     for (Control* change :
-         std::initializer_list<Control*>{&CmdSave, &CmdDel, &cmdImport, &CmdTrial, &CmdNew3, &CmdMulEntry, &ChkBooks})
+         std::initializer_list<Control*>{&CmdSave, &CmdDel, &cmdImport, &CmdTrial, &CmdNew3, &CmdMulEntry, &ChkBooks,
+                                         &link.CmdOldOV, &link.CmdImp, &link.CmdLink})
         change->enabled = false;
 }
 
@@ -414,19 +419,11 @@ std::vector<std::vector<Field>> StatementScreen::StoredFields() const
     std::vector<std::vector<Field>> stored;
     for (std::size_t line = 1; line <= lines_.Count(); ++line) {
         const int row = static_cast<int>(line);
-        const std::string amount = Trim(lines_.At(line).text());
-        if (amount.empty() || MSH.IsHidden(row))
+        if (Trim(lines_.At(line).text()).empty() || MSH.IsHidden(row))
             continue;
-        const std::string description = Trim(MSH.Cell(row, kDescription));
-        std::vector<Field>& fields = stored.emplace_back();
-        fields = {{"name9", description},
-                  {"name8", lines_.TakesChoice(line) ? amount : Rupees(lines_.At(line).figure())},
-                  {"amt1", lines_.Slno(line)},
-                  {"Amt10", ChkBooks.value ? 1 : 0}};
-        if (lines_.TakesDescription(line))
-            fields.insert(fields.end(), {{"name1", description}, {"name2", kWrittenByPreparer}});
+        stored.push_back(CellOf(lines_, line, MSH.Cell(row, kDescription), ChkBooks.value));
         if (keeping_.isIndAS)
-            fields.push_back({"name7", MSH.Cell(row, kPreviousYear)});
+            stored.back().push_back({"name7", MSH.Cell(row, kPreviousYear)});
     }
     return stored;
 }
@@ -462,18 +459,46 @@ std::vector<Field> StatementScreen::NewLine() const
     return fields;
 }
 
-void StatementScreen::Save()
+/// Saves, and stays. False when the checks refuse it.
+bool StatementScreen::Keep()
 {
     DataAltered = false;
     if (RefusesNoBooks())
-        return;
+        return false;
     WarnOfNegativeReceipts();
     DataAltered = true; // while the store may refuse: what was keyed is not left without a question then
     Store();
     DataAltered = false;
     TellSaved(keeping_.isIndAS ? "Statement under Ind AS" : caption.get());
     TellLeftOut();
-    Leave();
+    return true;
+}
+
+void StatementScreen::Save()
+{
+    if (Keep())
+        Leave();
+}
+
+/// Shows what another program has stored. What stood here, typed and refused included, is one step of the undo.
+void StatementScreen::Reload()
+{
+    Undo undo;
+    for (std::size_t line = 1; line <= lines_.Count(); ++line)
+        undo.amounts.emplace_back(line, lines_.At(line).text());
+    Fill_MSH();
+    Fill_Cond();
+    std::erase_if(undo.amounts, [this](const auto& was) {
+        return lines_.IsClosed(was.first) || lines_.At(was.first).text() == was.second;
+    });
+    if (undo.amounts.empty()) {
+        notice = "No figure has changed";
+    } else {
+        notice = std::to_string(undo.amounts.size()) + " figures have changed. Ctrl+Z takes them back.";
+        undo_.push_back(std::move(undo));
+    }
+    if (!Card())
+        Activate();
 }
 
 /// What was written for a line without an amount is not stored.

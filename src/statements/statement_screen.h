@@ -1,6 +1,7 @@
 #pragma once
 
 #include "controls/lists.h"
+#include "statements/accounts_link.h"
 #include "statements/ind_as_totals.h"
 #include "statements/statement_details.h"
 #include "statements/statement_sheet.h"
@@ -44,7 +45,7 @@ class StatementScreen : public Screen {
     Label lblTot3{*this, "lblTot3", "", LabelLook::Amount};
     Label lblIndAs{*this, "lblIndAs", "IND-AS", LabelLook::Hint};
     cmd Command1{*this, "Command1", "Books &Maintained"};
-    cmd CmdNew3{*this, "CmdNew3", "&Intraday Trading"};
+    cmd CmdNew3{*this, "CmdNew3", "Int&raday Trading"};
     cmd CmdMulEntry{*this, "CmdMulEntry", "De&tails"};
     cmd cmdexport{*this, "cmdexport", "&Export to excel"};
     cmd cmdImport{*this, "cmdImport", "Import &From Excel"};
@@ -78,6 +79,8 @@ class StatementScreen : public Screen {
     cmd CmdNew3_Back{*this, "CmdNew3_Back", "&Back"};
 
     StatementDetails details{*this};
+    AccountsLink link{*this,
+                      {.save = [this] { Keep(); }, .line = [this] { return sno_; }, .reload = [this] { Reload(); }}};
 
   private:
     /// Amounts that one deed of the preparer changed, as they were.
@@ -128,7 +131,9 @@ class StatementScreen : public Screen {
     void Proceed();
     bool RefusesNoBooks();
     void WarnOfNegativeReceipts();
+    bool Keep();
     void Save();
+    void Reload();
     void TellLeftOut();
     void Store();
     std::vector<Field> NewLine() const;

@@ -196,7 +196,7 @@ TEST(Settings, NoteWhereTheAccountsProductIs)
     pgbp::Run& run = practice.Start();
     practice.folder.Write("Server.ini", "127.0.0.1\r\nsecond line\r\n");
     CheckOVServer(run); // nothing listens there
-    EXPECT_FALSE(run.OVServerAlive);
+    EXPECT_EQ(run.OVServerAlive, false);
     EXPECT_EQ(practice.folder.Read("OVServer.ini"), "[OV3]\nSERVER=127.0.0.1\nUSER=SA\nPASS=\n");
     EXPECT_TRUE(practice.boxes.shown.empty());
 }
