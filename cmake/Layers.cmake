@@ -18,6 +18,7 @@ set(PGBP_USES_module services store controls startup income computation annexure
 set(PGBP_USES_desktop services store controls startup module drive)
 set(PGBP_USES_drive services store controls startup module)
 set(PGBP_USES_audit_report services store controls startup desktop)
+set(PGBP_USES_books_link services store controls startup records entry statements)
 set(PGBP_USES_suite services store controls startup desktop)
 
 # pgbp_library(FOLDER SOURCES file... [USES folder...] [LINK library...])

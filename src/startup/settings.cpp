@@ -89,10 +89,12 @@ bool OpenServerConnections(Run& run, std::string& why)
     }
 }
 
+Connection OpenOVServer(const Run& run) { return Open(ReadOVLogins(run), "Qel_OV"); }
+
 void CheckOVServer(Run& run)
 {
     try {
-        Open(ReadOVLogins(run), "Qel_OV");
+        OpenOVServer(run);
         run.OVServerAlive = true;
     } catch (const StoreError&) {
         run.OVServerAlive = false;

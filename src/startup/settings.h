@@ -17,4 +17,7 @@ bool OpenServerConnections(Run& run, std::string& why);
 /// missing. No message is shown in any case.
 void CheckOVServer(Run& run);
 
+/// Opens that server's database as CheckOVServer tries it. Throws StoreError.
+Connection OpenOVServer(const Run& run);
+
 } // namespace pgbp

@@ -99,9 +99,8 @@ void WriteOVHandover(const Run& run, const std::string& report, double line, con
     record.GLrep = report;
     record.SpInc = line;
     record.Glstatus = status;
-    DataFile place = HandOverFile(run);
-    place.path.replace_filename("VornOV.mdb");
-    ReplaceHandOverFile(run, place, [&](const Connection& file) { WriteLinkHandOver(file, record); });
+    ReplaceHandOverFile(run, HandOverFile(run, kLinkHandOverFile),
+                        [&](const Connection& file) { WriteLinkHandOver(file, record); });
 }
 
 } // namespace pgbp

@@ -12,9 +12,8 @@ namespace {
 
 constexpr std::chrono::seconds kLongestWaitForCheck(5);
 
-void ReadHandOverRecord(Run& run)
+void ReadHandOverRecord(Run& run, const DataFile& file)
 {
-    const DataFile file = HandOverFile(run);
     if (!FileExists(file.path))
         return;
     const bool found = ReadHandOver(OpenFile(file), run);
@@ -32,10 +31,10 @@ void ReadReturnForm(Run& run)
 }
 
 /// The working file has a session of its own: what is written there must not wait for the files of the practice.
-void OpenDataFiles(Run& run)
+void OpenDataFiles(Run& run, const DataFile& handOver)
 {
     if (run.GlServer.empty())
-        throw StoreError("The hand-over file " + HandOverFile(run).path.string() +
+        throw StoreError("The hand-over file " + handOver.path.string() +
                          " is missing or holds no record. Start the module from the suite, which writes it.");
     std::vector<std::pair<std::string, Connection*>> wanted;
     if (!run.IsSqlStore)
@@ -104,7 +103,25 @@ void OpenRights(Run& run)
 
 } // namespace
 
-DataFile HandOverFile(const Run& run) { return {run.GlDrive / "VornTemp.mdb", run.host.programFolder / "Temp.dsn"}; }
+DataFile HandOverFile(const Run& run, std::string_view name)
+{
+    return {run.GlDrive / name, run.host.programFolder / "Temp.dsn"};
+}
+
+bool OpenPractice(Run& run, std::string_view handOverFile, std::string& why)
+{
+    ReadSettings(run);
+    const auto driveFile = run.host.programFolder / "Drive.txt";
+    if (FileExists(driveFile))
+        run.GlDrive = FirstLine(driveFile);
+    if (run.IsSqlStore && !OpenServerConnections(run, why))
+        return false;
+    const DataFile handOver = HandOverFile(run, handOverFile);
+    ReadHandOverRecord(run, handOver);
+    ReadReturnForm(run);
+    OpenDataFiles(run, handOver);
+    return true;
+}
 
 DataFile DataFileNamed(const Run& run, const std::string& name)
 {
@@ -116,15 +133,8 @@ DataFile DataFileNamed(const Run& run, const std::string& name)
 
 bool SubMain(Run& run, std::string& why)
 try {
-    ReadSettings(run);
-    const auto driveFile = run.host.programFolder / "Drive.txt";
-    if (FileExists(driveFile))
-        run.GlDrive = FirstLine(driveFile);
-    if (run.IsSqlStore && !OpenServerConnections(run, why))
+    if (!OpenPractice(run, kHandOverFile, why))
         return false;
-    ReadHandOverRecord(run);
-    ReadReturnForm(run);
-    OpenDataFiles(run);
     const std::string notice = LockWhatCanOnlyBeRead(run);
     CheckDataFiles(run);
     CheckDataFiles(run);

@@ -11,8 +11,14 @@ namespace pgbp {
 /// then. Where a data file of the practice can only be read the run goes on as a locked one, which the notice tells.
 bool SubMain(Run& run, std::string& why);
 
-/// The hand-over file.
-DataFile HandOverFile(const Run& run);
+/// The first half of a start, which is all that a sibling program needs: settings, the record of that hand-over file,
+/// connections. False as for SubMain.
+bool OpenPractice(Run& run, std::string_view handOverFile, std::string& why);
+
+/// The suite's hand-over file, and that of the link with the accounts product.
+inline constexpr std::string_view kHandOverFile = "VornTemp.mdb";
+inline constexpr std::string_view kLinkHandOverFile = "VornOV.mdb";
+DataFile HandOverFile(const Run& run, std::string_view name = kHandOverFile);
 
 /// A data file of the run by its name: "company", "balance", "tax", "qeltemp", "misc", "export1" or "export2".
 DataFile DataFileNamed(const Run& run, const std::string& name);

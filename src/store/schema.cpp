@@ -142,7 +142,7 @@ std::vector<Table> MakeTables()
         {"balancesheet", "comassets", Columns("code:50 f_depyear#"), {"code"}},
         {"balancesheet", "capital", Columns("code:50 p_name p_interest# p_remuneration# p_share#"), {"code"}},
         {"balancesheet", "clientasst", Columns("c_no# ass_yr:9 actual? code:50"), {"c_no, ass_yr"}},
-        {"balancesheet", "clientcomp", Columns("c_no# c_status:50"), {"c_no"}},
+        {"balancesheet", "clientcomp", Columns("c_no# c_status:50 c_pan:10"), {"c_no"}},
         {"balancesheet",
          "fassets",
          Columns(

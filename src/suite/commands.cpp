@@ -48,14 +48,14 @@ double NumberOf(const std::string& text, const char* what)
 void New(Suite& suite, Words words)
 {
     CreatePractice(words[0], suite.dataFolder);
-    LinkAuditReader(words[0], suite.auditReader);
+    LinkStandIns(words[0], suite.standIns);
     suite.out << "A practice with its demonstration clients stands in " << words[0] << ".\n";
 }
 
 void Ensure(Suite& suite, Words)
 {
     if (IsPractice(suite.programFolder))
-        return LinkAuditReader(suite.programFolder, suite.auditReader); // it may be older than the reader
+        return LinkStandIns(suite.programFolder, suite.standIns); // it may be older than they are
     try {
         New(suite, std::vector{suite.programFolder.string()});
     } catch (const std::exception&) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "services/processes.h"
+#include "suite/practice.h"
 
 #include <filesystem>
 #include <iosfwd>
@@ -14,7 +15,7 @@ struct Suite {
     std::filesystem::path programFolder; ///< the practice
     std::filesystem::path dataFolder;    ///< what a new practice starts with
     std::filesystem::path module;        ///< the program that is started
-    std::filesystem::path auditReader;   ///< the program that a practice gets as its reader of audit reports
+    StandIns standIns;                   ///< the programs that a practice gets as siblings of the module
     Processes& processes;
     std::ostream& out;
 };

@@ -29,7 +29,7 @@ try {
     pgbp::Suite suite{ChosenProgramFolder(),
                       BesideThisProgram("data"),
                       BesideThisProgram("pgbp"),
-                      BesideThisProgram("pgbp-audit-reader"),
+                      {BesideThisProgram("pgbp-audit-reader"), BesideThisProgram("pgbp-books-link")},
                       processes,
                       std::cout};
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))

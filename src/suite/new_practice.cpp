@@ -1,4 +1,5 @@
 #include "services/ini_file.h"
+#include "services/utf8.h"
 #include "store/files.h"
 #include "suite/assessee_years.h"
 #include "suite/client_settings.h"
@@ -74,6 +75,8 @@ void CreateDataFiles(const PracticeFolders& folders)
     CreateEmbeddedFile(folders.program / "qel.mmm", "qel");
     CreateEmbeddedFile(folders.program / "VornTemp.mdb", "VornTemp");
     fs::copy_file(folders.program / "VornTemp.mdb", folders.NewHandOver() / "VornTemp.mdb");
+    fs::create_directories(folders.NewBooks());
+    CreateEmbeddedFile(folders.NewBooks() / "balancesheet.mdb", "balancesheet");
 }
 
 void AddRows(const Connection& connection, std::string_view table, const TableText& text)
@@ -124,11 +127,28 @@ void AddClients(const Practice& practice, const fs::path& dataFolder)
     }
 }
 
-void FillDataFiles(const fs::path& programFolder, const fs::path& dataFolder)
+void FillBooks(const fs::path& folder, const fs::path& dataFolder)
+{
+    const Connection books = OpenFile({folder / "balancesheet.mdb", {}});
+    Transaction transaction({books});
+    AddTableFiles(books, "balancesheet", dataFolder);
+    transaction.Commit();
+}
+
+/// A folder whose path is longer than the setting's column stays without the link.
+void SetFolderOfBooks(const Connection& company, const std::string& folder)
+{
+    if (CharacterCount(folder) <= ColumnWidth("company", "misc_items", "linking"))
+        company.Insert("misc_items", {{"Type", "OVPATH"}, {"linking", folder}});
+}
+
+void FillDataFiles(const fs::path& programFolder, const fs::path& place, const fs::path& dataFolder)
 {
     const Practice practice(programFolder);
     const Connection reference = OpenFile({programFolder / "qel.mmm", {}});
+    FillBooks(practice.folders.NewBooks(), dataFolder);
     Transaction transaction({practice.company, practice.balance, practice.tax, reference});
+    SetFolderOfBooks(practice.company, PracticeFolders{place}.NewBooks().string());
     AddTableFiles(practice.company, "company", dataFolder);
     AddTableFiles(practice.tax, "tax", dataFolder);
     AddTemplates(practice.tax, "taxaudit", dataFolder);
@@ -149,18 +169,23 @@ void CreatePractice(const std::filesystem::path& programFolder, const std::files
     WriteTextFile(folders.program / "Settings.ini", "[DBTYPE]\nDB=MDB\n");
     WriteTextFile(folders.program / "Drive.txt", PracticeFolders{place}.NewHandOver().string() + '\n');
     fs::copy_file(dataFolder / "vorn.hlp", folders.program / "vorn.hlp");
-    FillDataFiles(folders.program, dataFolder);
+    FillDataFiles(folders.program, place, dataFolder);
     work.TakePlace();
 }
 
-void LinkAuditReader(const std::filesystem::path& programFolder, const std::filesystem::path& reader)
+void LinkStandIns(const std::filesystem::path& programFolder, const StandIns& standIns)
 {
-    const fs::path place = programFolder / "Audit3CDReader.exe";
-    std::error_code ignored;
-    if (fs::exists(place, ignored))
-        return;
-    fs::remove(place, ignored); // a link whose program has moved
-    fs::create_symlink(fs::absolute(reader), place, ignored);
+    const std::pair<const char*, const fs::path&> siblings[] = {{"Audit3CDReader.exe", standIns.auditReader},
+                                                                {"OVVORNLink.exe", standIns.booksLink},
+                                                                {"VORNLink.exe", standIns.booksLink}};
+    for (const auto& [name, program] : siblings) {
+        const fs::path place = programFolder / name;
+        std::error_code ignored;
+        if (fs::exists(place, ignored))
+            continue;
+        fs::remove(place, ignored); // a link whose program has moved
+        fs::create_symlink(fs::absolute(program), place, ignored);
+    }
 }
 
 } // namespace pgbp

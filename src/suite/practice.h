@@ -13,6 +13,8 @@ struct PracticeFolders {
     std::filesystem::path Client() const { return program / "client"; }
     /// Where a new practice keeps its hand-over file. An existing one tells it in its Drive.txt.
     std::filesystem::path NewHandOver() const { return program / "handover"; }
+    /// Where a new practice has the demonstration books of the accounts product.
+    std::filesystem::path NewBooks() const { return program / "accounts"; }
 };
 
 /// A practice that stands: its data files open in one session.
@@ -33,12 +35,18 @@ class Practice {
 /// True when a practice stands in the folder.
 bool IsPractice(const std::filesystem::path& programFolder);
 
-/// Makes a practice: the settings, all data files with the rows of `dataFolder`, and the demonstration clients. The
-/// folder must not exist or be empty; it appears whole or not at all. Throws std::runtime_error.
+/// Makes a practice: the settings, all data files with the rows of `dataFolder`, the demonstration clients, and books of
+/// the accounts product. The folder must not exist or be empty; it appears whole or not at all. Throws std::runtime_error.
 void CreatePractice(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder);
 
-/// Puts a link to the reader of audit reports into the practice, under the name by which the module starts it, where
-/// none stands that leads to a program. A folder that can only be read does without: the module tells it then.
-void LinkAuditReader(const std::filesystem::path& programFolder, const std::filesystem::path& reader);
+/// Programs that stand in for siblings of the module.
+struct StandIns {
+    std::filesystem::path auditReader; ///< reads audit reports
+    std::filesystem::path booksLink;   ///< brings statements out of the accounts product, by either link
+};
+
+/// Puts links to them into the practice, under the names by which the module starts its siblings, where none stands that
+/// leads to a program. A folder that can only be read does without: the module tells it then.
+void LinkStandIns(const std::filesystem::path& programFolder, const StandIns& standIns);
 
 } // namespace pgbp

@@ -85,7 +85,8 @@ class Case:
         except OSError:  # another file system
             shutil.copy(programs / "pgbp-suite", beside / "pgbp-suite")
         (beside / "data").symlink_to((programs / "data").resolve())
-        (beside / "pgbp-audit-reader").symlink_to(programs / "pgbp-audit-reader")
+        for program in ("pgbp-audit-reader", "pgbp-books-link"):
+            (beside / program).symlink_to(programs / program)
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
         (beside / "pgbp").chmod(0o755)
         self.suite = beside / "pgbp-suite"

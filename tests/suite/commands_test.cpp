@@ -36,7 +36,7 @@ class Commands : public testing::Test {
     std::string Run(std::vector<std::string> words)
     {
         std::ostringstream out;
-        Suite suite{made.folder(), PGBP_DATA, "pgbp", "pgbp-audit-reader", module, out};
+        Suite suite{made.folder(), PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link"}, module, out};
         RunCommand(suite, words);
         return out.str();
     }
@@ -204,7 +204,7 @@ TEST_F(Commands, EnsureMakesAPracticeOnceAndThenLeavesIt)
     EXPECT_TRUE(IsPractice(made.folder()));
 }
 
-TEST_F(Commands, PracticeHasTheReaderOfAuditReports)
+TEST_F(Commands, PracticeHasTheSiblingsOfTheModule)
 {
     const std::filesystem::path reader = made.folder() / "Audit3CDReader.exe";
     const auto leadsTo = [&] { return std::filesystem::read_symlink(reader).filename(); };
@@ -228,7 +228,7 @@ TEST(FirstStarts, ManyAtOnceMakeOnePracticeAndOneHandOverFile)
     FakeModule module;
     const auto ensure = [&] {
         std::ostringstream out;
-        Suite suite{folder, PGBP_DATA, "pgbp", "pgbp-audit-reader", module, out};
+        Suite suite{folder, PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link"}, module, out};
         RunCommand(suite, std::vector<std::string>{"ensure"});
     };
     EXPECT_EQ(FailuresAtOnce(4, ensure), std::vector<std::string>());
