@@ -135,14 +135,14 @@ std::vector<AdjustmentList> frmbusinesscal::MakeLists()
 void frmbusinesscal::LayOut()
 {
     fra2.LayOut({&Image3}, {&accounts.Command3});
-    framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount},
+    framain.Lay({.columns = {LayoutColumn::Button, LayoutColumn::Caption, LayoutColumn::Amount, LayoutColumn::Button},
                  .rows = {{{&header.lbldescr, &header.txtdescr1}},
                           {{nullptr, &header.txtdescr2}},
-                          {{&header.CmdPNL, &header.lblpnl, &header.txtpnl}},
+                          {{&header.CmdPNL, &header.lblpnl, &header.txtpnl, &import.cmdovpnl}},
                           {{&cmd511, &lbl511c, &lbl511}},
                           {{&cmd560, &lbl560c, &lbl560}},
-                          {{&CmdReDep, &lbladddep, &txtadddep}},
-                          {{&cmd23a, &lbl23ac, &lbl23a}},
+                          {{&CmdReDep, &lbladddep, &txtadddep, &import.cmdovdep}},
+                          {{&cmd23a, &lbl23ac, &lbl23a, &import.cmdovadd}},
                           {{nullptr, &lblOth, &TxtOth}},
                           {{&CmdPartner, &lblpart1, &lbladdintt}},
                           {{nullptr, &lblpart2, &lbladdremu}},
@@ -150,7 +150,7 @@ void frmbusinesscal::LayOut()
                           {{&cmd17, &lbl17c, &lbl17}},
                           {{&cmdless, &lbllessc, &lblless}},
                           {{&CmdDep, &lbllessdep, &txtlessdep}},
-                          {{&cmd23l, &lbl23lc, &lbl23l}},
+                          {{&cmd23l, &lbl23lc, &lbl23l, &import.cmdovless}},
                           {{&cmdpartner1, &lbllesspart1, &txtlesspart1}},
                           {{nullptr, &lbllesspart2, &txtlesspart2}},
                           {{nullptr, &lbltot2c, &lbltot2}, RowStyle::Total},
@@ -283,6 +283,7 @@ void frmbusinesscal::Activate()
         txtlessdep.enabled = !annexure;
     }
     run.GLwhere = 0;
+    import.Set_Import();
     CalBalance();
     header.Opened({&framain, &presumptive.fra44ad, &presumptive.vehicles.Fr44AE, &other.fra3, &partners.frapartner});
 }
@@ -366,7 +367,8 @@ bool frmbusinesscal::NothingEntered() const
 bool frmbusinesscal::Altered() const
 {
     return header.Altered() || annexure_.Altered() || fra1.Altered() || fra2.Altered() || fra4.Altered() ||
-           partners.Altered() || presumptive.Altered() || other.section35.Altered() || accounts.Altered();
+           partners.Altered() || presumptive.Altered() || other.section35.Altered() || accounts.Altered() ||
+           import.Altered();
 }
 
 void frmbusinesscal::Save()

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "computation/accounts_import.h"
 #include "computation/accounts_of_44bb.h"
 #include "computation/adjustment_frames.h"
 #include "computation/line_header.h"
@@ -89,6 +90,13 @@ class frmbusinesscal : public Screen {
     AllowanceList fra4{*this};
     AccountsOf44BB accounts{*this};
     Partners partners;
+
+    AccountsImport import{*this,
+                          {.netProfit = header.txtpnl,
+                           .addedDepreciation = txtadddep,
+                           .deductedDepreciation = txtlessdep,
+                           .annexure = annexure_,
+                           .listsChanged = [this] { RefreshTotals(); }}};
 
   private:
     void LayOut();

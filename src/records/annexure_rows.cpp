@@ -49,6 +49,21 @@ void WorkAnnexure::Take(const Recordset& working)
         depreciation_ = depreciation_.value_or(0) + row["f_dep"].Number();
 }
 
+void WorkAnnexure::Replace(const Recordset& assets)
+{
+    Transaction transaction({run_.balance});
+    run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
+    RowsInto rows(run_.balance, "fassets");
+    for (const Row asset : assets) {
+        std::vector<Field> fields = {{"code", run_.Code()}, {"Type", "P"}, {"SNO", kUnsavedLine}};
+        for (std::size_t i = 0; i < asset.Size(); ++i)
+            fields.push_back({asset.Name(i), asset.At(i)});
+        rows.Add(std::move(fields));
+    }
+    transaction.Commit();
+    TakeOver();
+}
+
 void WorkAnnexure::TakeOver() { Take(WorkingRows()); }
 
 bool WorkAnnexure::IsMine() const { return AsText(WorkingRows()) == mine_; }

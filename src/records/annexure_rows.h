@@ -23,6 +23,8 @@ class WorkAnnexure {
     /// Copies the annexure of a line to the working rows, in place of those that there were; without a line there are
     /// none then.
     void Open(std::optional<double> sno);
+    /// Puts assets of other books in place of the working rows, all or nothing: the columns that the rows have.
+    void Replace(const Recordset& assets);
     /// The annexure's screen was open: the working rows are what it left.
     void TakeOver();
     bool Altered() const { return mine_ != opened_; }

@@ -33,6 +33,20 @@ std::vector<Field> Carried(const Row& row, Change change, std::initializer_list<
     return fields;
 }
 
+std::vector<std::vector<Field>> RowsOf(const std::vector<WorkItem>& items)
+{
+    std::vector<std::vector<Field>> rows;
+    rows.reserve(items.size());
+    for (const WorkItem& item : items) {
+        auto& row = rows.emplace_back();
+        for (const auto& [column, member] : kTexts)
+            row.push_back({column, item.*member});
+        for (const auto& [column, member] : kAmounts)
+            row.push_back({column, item.*member ? Value(*(item.*member)) : Value()});
+    }
+    return rows;
+}
+
 } // namespace
 
 void EmptyWorkingCopies(const Run& run)
@@ -116,19 +130,18 @@ std::vector<WorkItem> ReadWorkList(const Run& run, std::string_view type)
     return items;
 }
 
-void WriteWorkList(const Run& run, const std::vector<WorkItem>& items)
+void AddToWork(const Run& run, std::string_view type, const std::vector<WorkItem>& items)
 {
-    std::vector<std::vector<Field>> rows;
-    rows.reserve(items.size());
-    for (const WorkItem& item : items) {
-        auto& row = rows.emplace_back();
-        for (const auto& [column, member] : kTexts)
-            row.push_back({column, item.*member});
-        for (const auto& [column, member] : kAmounts)
-            row.push_back({column, item.*member ? Value(*(item.*member)) : Value()});
+    Transaction transaction({run.qeltemp});
+    RowsInto work(run.qeltemp, "temp1");
+    for (std::vector<Field>& row : RowsOf(items)) {
+        row.insert(row.end(), {{"code", run.Code()}, {"Type", type}});
+        work.Add(std::move(row));
     }
-    WriteWorkRows(run, std::move(rows));
+    transaction.Commit();
 }
+
+void WriteWorkList(const Run& run, const std::vector<WorkItem>& items) { WriteWorkRows(run, RowsOf(items)); }
 
 void WriteWorkRows(const Run& run, std::vector<std::vector<Field>> rows)
 {

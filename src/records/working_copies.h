@@ -52,6 +52,9 @@ struct WorkItem {
 /// The rows of one list of `temp1`, in order of insertion.
 std::vector<WorkItem> ReadWorkList(const Run& run, std::string_view type);
 
+/// Adds items to one list of `temp1`, all or none.
+void AddToWork(const Run& run, std::string_view type, const std::vector<WorkItem>& items);
+
 /// Puts the items of the open list into `temp`, in place of what it held.
 void WriteWorkList(const Run& run, const std::vector<WorkItem>& items);
 
