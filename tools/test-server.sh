@@ -55,9 +55,11 @@ make_databases() {
     mariadb --no-defaults --socket="$data/socket" --user=root <<'SQL'
 create database Qel_VornCompany;
 create database Qel_VornBalance;
+create database Qel_OV;
 create user preparer identified by '"Pa;ss{wo}rd=1}"';
 grant all on Qel_VornCompany.* to preparer;
 grant all on Qel_VornBalance.* to preparer;
+grant all on Qel_OV.* to preparer;
 SQL
 }
 

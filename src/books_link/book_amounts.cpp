@@ -73,7 +73,8 @@ bool LiesIn(std::string_view relative, std::string_view group)
 
 int LineOf(std::string_view relative)
 {
-    const auto found = std::ranges::find_if(kGroupLines, [&](const GroupLine& each) { return LiesIn(relative, each.group); });
+    const auto found =
+        std::ranges::find_if(kGroupLines, [&](const GroupLine& each) { return LiesIn(relative, each.group); });
     return found == std::end(kGroupLines) ? kNoLine : found->slno;
 }
 

@@ -52,7 +52,8 @@ class LinkedStatement {
             if (!Trim(lines_.At(at).text()).empty() && !IsNoBooksLine(lines_.Slno(at)))
                 cells.push_back(CellOf(lines_, at, rows_[at - 1][kDescription], false));
         Transaction transaction({balance});
-        kept_.Replace(line_, {.lines = cells, .details = kept_.ReadDetails(line_), .intraday = std::nullopt}, transaction);
+        kept_.Replace(line_, {.lines = cells, .details = kept_.ReadDetails(line_), .intraday = std::nullopt},
+                      transaction);
         transaction.Commit();
     }
 

@@ -35,8 +35,9 @@ class Practice {
 /// True when a practice stands in the folder.
 bool IsPractice(const std::filesystem::path& programFolder);
 
-/// Makes a practice: the settings, all data files with the rows of `dataFolder`, the demonstration clients, and books of
-/// the accounts product. The folder must not exist or be empty; it appears whole or not at all. Throws std::runtime_error.
+/// Makes a practice: the settings, all data files with the rows of `dataFolder`, the demonstration clients, and books
+/// of the accounts product. The folder must not exist or be empty; it appears whole or not at all. Throws
+/// std::runtime_error.
 void CreatePractice(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder);
 
 /// Programs that stand in for siblings of the module.
@@ -45,8 +46,8 @@ struct StandIns {
     std::filesystem::path booksLink;   ///< brings statements out of the accounts product, by either link
 };
 
-/// Puts links to them into the practice, under the names by which the module starts its siblings, where none stands that
-/// leads to a program. A folder that can only be read does without: the module tells it then.
+/// Puts links to them into the practice, under the names by which the module starts its siblings, where none stands
+/// that leads to a program. A folder that can only be read does without: the module tells it then.
 void LinkStandIns(const std::filesystem::path& programFolder, const StandIns& standIns);
 
 } // namespace pgbp

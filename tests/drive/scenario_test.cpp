@@ -1,7 +1,8 @@
 // Each file of tests/scenarios is a run on a fresh practice with the demonstration clients. Its lines "#! handover CODE
-// COLUMN=VALUE ..." and "#! sql FILE STATEMENT" make the practice ready, "#! start" starts a run (a second one starts
-// the module again), "#! choose FILE" answers the next file dialog with a sample trial balance; the others are commands
-// of the driver.
+// COLUMN=VALUE ..." and "#! sql FILE STATEMENT" make the practice ready, "#! siblings" puts the programs there that
+// link with the accounts product, "#! server" puts that product's books on a database server; "#! start" starts a run
+// (a second one starts the module again), "#! choose FILE" answers the next file dialog with a sample trial balance. The
+// others are commands of the driver. Those of tests/scenarios/server need the database server of the tests.
 
 #include "audit_report/report.h"
 #include "audit_report/tables.h"
@@ -35,12 +36,25 @@ const std::filesystem::path& DemonstrationPractice()
     return practice;
 }
 
+/// The link with the accounts product runs as a process of its own; other siblings are only noted.
+class StageProcesses : public TestProcesses {
+  public:
+    int RunAndWait(const std::filesystem::path& program) override
+    {
+        if (program.filename().string().ends_with("VORNLink.exe"))
+            return SystemProcesses().RunAndWait(program);
+        return TestProcesses::RunAndWait(program);
+    }
+};
+
 class Stage {
   public:
     Stage()
     {
         std::filesystem::copy(DemonstrationPractice(), root_, std::filesystem::copy_options::recursive);
         temporary_.Write("practice/Drive.txt", (root_ / "handover").string());
+        Open("server/company.mdb")
+            .Execute("update {misc_items} set linking = ? where [Type] = 'OVPATH'", (root_ / "accounts").string());
     }
 
     /// Plays a scenario: what stands between two directives goes to the driver in one piece.
@@ -64,6 +78,8 @@ class Stage {
     }
 
   private:
+    Connection Open(const std::string& file) const { return OpenFile({root_ / file, {}}); }
+
     void Direct(const std::string& directive)
     {
         std::istringstream words(directive);
@@ -77,6 +93,10 @@ class Stage {
             ReadReportOf(words);
         else if (word == "choose")
             Choose(words);
+        else if (word == "siblings")
+            LinkStandIns(root_, {.auditReader = PGBP_BOOKS_LINK, .booksLink = PGBP_BOOKS_LINK});
+        else if (word == "server")
+            PutBooksOnServer();
         else if (word == "start")
             Start();
         else
@@ -100,7 +120,26 @@ class Stage {
         std::string statement;
         words >> file;
         std::getline(words, statement);
-        OpenFile({root_ / "server" / (file + ".mdb"), {}}).Execute(statement);
+        Open("server/" + file + ".mdb").Execute(statement);
+    }
+
+    void PutBooksOnServer() const
+    {
+        const auto login = TestServer();
+        if (!login)
+            throw DriveError(kNoServer);
+        const Connection server = OpenFreshDatabase(*login, "Qel_OV", "balancesheet");
+        const Connection books = Open("accounts/balancesheet.mdb");
+        for (const Table& table : Tables())
+            if (table.file == "balancesheet")
+                for (const Row row : books.Query("select * from {" + std::string(table.name) + '}')) {
+                    std::vector<Field> fields;
+                    for (std::size_t i = 0; i < row.Size(); ++i)
+                        fields.push_back({row.Name(i), row.At(i)});
+                    server.Insert(table.name, fields);
+                }
+        std::ofstream(root_ / "OVServer.ini")
+            << "[OV3]\nSERVER=" << login->server << "\nUSER=" << login->user << "\nPASS=" << login->password << '\n';
     }
 
     /// The audit report that the preparer chooses in the reader's own window; "none" for none.
@@ -152,16 +191,17 @@ class Stage {
     std::ostringstream transcript_;
     DrivenBoxes boxes_{transcript_};
     DrivenFiles files_;
-    TestProcesses processes_;
+    StageProcesses processes_;
     std::unique_ptr<Run> run_;
     std::unique_ptr<Interpreter> interpreter_;
 };
 
-std::vector<std::filesystem::path> ScenarioFiles()
+std::vector<std::filesystem::path> ScenarioFiles(const std::filesystem::path& folder)
 {
     std::vector<std::filesystem::path> files;
-    for (const auto& entry : std::filesystem::directory_iterator(PGBP_SCENARIOS))
-        files.push_back(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        if (entry.is_regular_file())
+            files.push_back(entry.path());
     std::sort(files.begin(), files.end());
     return files;
 }
@@ -172,6 +212,8 @@ class Scenario : public testing::TestWithParam<std::filesystem::path> {};
 
 TEST_P(Scenario, Plays)
 {
+    if (GetParam().parent_path().filename() == "server" && !TestServer())
+        GTEST_SKIP() << kNoServer;
     Stage stage;
     try {
         stage.Play(GetParam());
@@ -180,8 +222,11 @@ TEST_P(Scenario, Plays)
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(Scenarios, Scenario, testing::ValuesIn(ScenarioFiles()), [](const auto& scenario) {
+const auto kName = [](const auto& scenario) {
     std::string name = scenario.param.stem().string();
     std::replace(name.begin(), name.end(), '-', '_');
     return name;
-});
+};
+
+INSTANTIATE_TEST_SUITE_P(Scenarios, Scenario, testing::ValuesIn(ScenarioFiles(PGBP_SCENARIOS)), kName);
+INSTANTIATE_TEST_SUITE_P(ServerScenarios, Scenario, testing::ValuesIn(ScenarioFiles(PGBP_SCENARIOS "/server")), kName);

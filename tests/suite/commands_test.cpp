@@ -211,6 +211,8 @@ TEST_F(Commands, PracticeHasTheSiblingsOfTheModule)
     std::filesystem::remove_all(made.folder());
     Run({"new", made.folder().string()});
     EXPECT_EQ(leadsTo(), "pgbp-audit-reader");
+    for (const char* link : {"OVVORNLink.exe", "VORNLink.exe"})
+        EXPECT_EQ(std::filesystem::read_symlink(made.folder() / link).filename(), "pgbp-books-link");
     std::filesystem::remove(reader);
     std::filesystem::create_symlink("moved-away", reader);
     Run({"ensure"});
