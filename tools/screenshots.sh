@@ -242,6 +242,20 @@ set FrmQ47ii.Txt1 Mahesh Traders
 set FrmQ47ii.Txt2 12/4
 END
 
+# a firm whose books are in the accounts product
+shot computation-linked 1026r2023-24 <<END
+click frmbusiness.cmd1
+set frmbusinesscal.txtdescr1 Mehta Stationers
+click frmbusinesscal.cmdovpnl
+click frmbusinesscal.cmdovdep
+END
+shot linked-accounts 1026r2023-24 <<END
+click frmbusiness.cmd1
+click frmbusinesscal.cmdovadd
+enter frmbusinesscal.DbGrid31 6 2
+enter frmbusinesscal.DbGrid31 13 2
+END
+
 # what stands beside the lines
 shot firms 1001r2022-23 <<END
 click frmbusiness.cmd6

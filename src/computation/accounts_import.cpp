@@ -64,11 +64,11 @@ AccountsImport::AccountsImport(Screen& screen, const Use& use)
     cmdovadd.onClick = [this] { OpenAccounts("E", "23a"); };
     cmdovless.onClick = [this] { OpenAccounts("I", "23l"); };
     cmdovdep.onClick = [this] { TakeDepreciation(); };
-    DbGrid31.onClickCell = [this](int row, int column) {
-        if (column == kSelect)
-            return Mark(row);
-        DbGrid31.EnterCell(row, kSelect); // where the space bar marks
+    DbGrid31.onEnterCell = [this](int row, int column) {
+        if (column != kSelect) // where the space bar marks
+            DbGrid31.EnterCell(row, kSelect);
     };
+    DbGrid31.onClickCell = [this](int row, int) { Mark(row); };
     cmdcont.onClick = [this] { TakeMarked(); };
     cmdbackfra1.onClick = [this] { screen_.Lower(fra); };
     fra.onEscape = [this] {

@@ -56,8 +56,7 @@ void AccountsLink::FindBooks()
         OVStatus = client->Status();
         OVPathText = client->folder;
         OVCode = client->code;
-    } catch (const StoreError& error) { // as where the books can not be read at all
-        run_.Log(error);
+    } catch (const StoreError&) { // as where the books can not be read at all
     }
 }
 

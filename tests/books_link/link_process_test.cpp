@@ -18,6 +18,7 @@ namespace fs = std::filesystem;
 
 constexpr int kOpeningWork = 4; // lines of the form
 constexpr int kPurchases = 51;
+constexpr int kFreight = 89;
 
 /// The demonstration practice, and the statement of a new line of its linked firm.
 class LinkProcess : public testing::Test {
@@ -160,6 +161,20 @@ TEST_F(LinkProcess, WhateverBecomesOfTheSiblingWhatWasSavedStays)
     EXPECT_EQ(Stored(189), "6000");
     EXPECT_EQ(Company().Scalar("select count(*) from {business} where code = '1026r2023-24'").Number(), 1)
         << "all imports are of the one line";
+}
+
+TEST_F(LinkProcess, LinesThatBooksLeadToAreTheBooksAlone)
+{
+    RealSibling();
+    StatementScreen& screen = Open();
+    Key(screen, kOpeningWork, "300");
+    Key(screen, kFreight, "77");
+    screen.Click(screen.link.CmdOldOV);
+    EXPECT_EQ(Told(), kImported);
+    EXPECT_EQ(Stored(8002), "300") << "the books know of no factory";
+    EXPECT_EQ(Stored(199), "") << "their freight comes to nothing";
+    EXPECT_EQ(Stored(255), "404700"); // 405000 - 300
+    EXPECT_EQ(Stored(538) + ' ' + Stored(512), "27300 7000");
 }
 
 TEST_F(LinkProcess, SiblingThatCanNotReadOrWriteLeavesTheStatement)

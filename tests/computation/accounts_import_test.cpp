@@ -112,6 +112,7 @@ TEST_F(ImportFromBooks, MarkedAccountsGoToTheListsAndTheBooksDoNotLearnOfIt)
     screen.Do([&] { import.DbGrid31.ClickCell(1, 2); });
     screen.Do([&] { import.DbGrid31.ClickCell(2, 2); });
     screen.Do([&] { import.DbGrid31.ClickCell(1, 2); });
+    screen.Do([&] { import.DbGrid31.ClickCell(1, 0); }); // the name alone does not mark
     EXPECT_EQ(import.DbGrid31.Shows(), "Fine\t40.25\t\nPenalty\t500.00\t.");
     EXPECT_EQ(import.DbGrid31.footer().at(1), "500.00");
     screen.Click(import.cmdcont);

@@ -157,7 +157,9 @@ def is_head(row):
 
 
 def is_deduction(row):
-    return row[0] == "business1" and ("LESSREMU" in row or "LESSINTT" in row)
+    """Written by the summary when it shows what was saved; the mark that there is any business too."""
+    return (row[0] == "business1" and ("LESSREMU" in row or "LESSINTT" in row)
+            or row[0] == "misc_items" and "Fast2018" in row)
 
 
 def is_working_copy(row):
