@@ -1,8 +1,8 @@
 // Each file of tests/scenarios is a run on a fresh practice with the demonstration clients. Its lines "#! handover CODE
 // COLUMN=VALUE ..." and "#! sql FILE STATEMENT" make the practice ready, "#! siblings" puts the programs there that
 // link with the accounts product, "#! server" puts that product's books on a database server; "#! start" starts a run
-// (a second one starts the module again), "#! choose FILE" answers the next file dialog with a sample trial balance. The
-// others are commands of the driver. Those of tests/scenarios/server need the database server of the tests.
+// (a second one starts the module again), "#! choose FILE" answers the next file dialog with a sample trial balance.
+// The others are commands of the driver. Those of tests/scenarios/server need the database server of the tests.
 
 #include "audit_report/report.h"
 #include "audit_report/tables.h"
