@@ -93,8 +93,7 @@ void OpenAnnexureFloor(benchmark::State& state)
           "f_add1, f_add2, f_exps, U_Desc, Minor, ded382, netdep, f_block, f_date from balance.fassets where code = ? "
           "and "
           "[Type] = 'P' and SNO = 90000 order by rowid",
-          "select linking from main.misc_items where trim([Type]) = 'OVPATH'",
-          "select SNO from main.misc_items where code = ? and trim([Type]) = 'OVLINK'"})
+          kLinkOfBooks})
         bare.Prepare(sql);
     for (auto _ : state)
         benchmark::DoNotOptimize(bare.ReadAll());

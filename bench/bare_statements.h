@@ -8,6 +8,10 @@
 
 namespace pgbp {
 
+/// Whether the practice is linked with the accounts product.
+inline constexpr const char* kLinkOfBooks =
+    "select linking from main.misc_items where trim([Type]) collate nocase = 'OVPATH'";
+
 /// The floor of a screen's reads: the engine's own prepared statements, bound to one code, stepped to their end with
 /// every field fetched, and nothing else. The files are attached as the module attaches them; a plain "begin" has only
 /// those take part in the commit that were written to. Journal, flushing, indexes and locks are the module's.

@@ -124,6 +124,7 @@ BENCHMARK(SaveLine)->Apply(Sizes);
 /// The rows that an opened line shows.
 constexpr const char* kItemRows = "business1 where code = ? and sno = 10000000 order by rowid";
 constexpr const char* kOtherRows[] = {
+    kLinkOfBooks,
     "select * from business where code = ? and sno = 10000000",
     "select * from tax.system where Type = '44AD' and [from] = 2024",
     "select amt1 from main.misc_items where code = ? and Type = 'BusOth' and sno = 10000000",

@@ -212,6 +212,7 @@ void OpenDeemedFloor(benchmark::State& state)
              "select amt1 from main.misc_items where code = ? and Type = 'BusOth' and sno = 20000000",
              "select code from business1 where code = ? and Type = 'PARTCHANGE' and sno = 20000000",
              "select name8, amt1 from balance.qelgeneral where code = ? and Type = 'NEWPLA'",
+             kLinkOfBooks,
              "begin",
              "delete from [temp] where code = ?",
              "delete from temp1 where code = ?",

@@ -109,6 +109,8 @@ void OpenStatementFloor(benchmark::State& state)
              "select amt1, amt2 from main.misc_items where code = ? and Type = 'PLNew3_23' and sno = 10000000",
              "select amt1, name8 from balance.qelgeneral where code = 'BENCHr2022-23' and "
              "Type = 'NEWPL' order by rowid",
+             "select newov from main.setup where code = '*****'",
+             kLinkOfBooks,
          })
         bare.Prepare(sql);
     for (auto _ : state)
