@@ -276,9 +276,11 @@ void Partners::ShowTotals()
     }
 }
 
+double Partners::BookProfit() const { return use_.bookProfit(Val(lblin), Val(lblre)); }
+
 void Partners::ShowLimit()
 {
-    lblallowremu = Amount(RemunerationLimit(use_.bookProfit(Val(lblin), Val(lblre)), run_.Year(), run_.Glstatus));
+    lblallowremu = Amount(RemunerationLimit(BookProfit(), run_.Year(), run_.Glstatus));
 }
 
 /// A natural person has a DIN or an Aadhaar number.
