@@ -23,14 +23,6 @@ void ReadHandOverRecord(Run& run)
         run.GlClient = run.host.programFolder.string();
 }
 
-/// The return form that the suite noted for this assessee-year.
-void ReadReturnForm(Run& run)
-{
-    const clsIniFile file{run.host.programFolder / "QelCtrl.ini"};
-    if (FileExists(file.File))
-        run.GlITR = Val(file.GetValue("ITR", run.Glcode));
-}
-
 /// The working file has a session of its own: what is written there must not wait for the files of the practice.
 void OpenDataFiles(Run& run)
 {
@@ -114,8 +106,14 @@ DataFile DataFileNamed(const Run& run, const std::string& name)
     return {path, folder / (name + ".dsn"), !isWorkingFile, folder};
 }
 
-bool SubMain(Run& run, std::string& why)
-try {
+double ReturnFormOf(const std::filesystem::path& programFolder, const std::string& code)
+{
+    const clsIniFile file{programFolder / "QelCtrl.ini"};
+    return FileExists(file.File) ? Val(file.GetValue("ITR", code)) : 0;
+}
+
+bool OpenHandedOver(Run& run, std::string& why)
+{
     ReadSettings(run);
     const auto driveFile = run.host.programFolder / "Drive.txt";
     if (FileExists(driveFile))
@@ -123,8 +121,15 @@ try {
     if (run.IsSqlStore && !OpenServerConnections(run, why))
         return false;
     ReadHandOverRecord(run);
-    ReadReturnForm(run);
+    run.GlITR = ReturnFormOf(run.host.programFolder, run.Glcode);
     OpenDataFiles(run);
+    return true;
+}
+
+bool SubMain(Run& run, std::string& why)
+try {
+    if (!OpenHandedOver(run, why))
+        return false;
     const std::string notice = LockWhatCanOnlyBeRead(run);
     CheckDataFiles(run);
     CheckDataFiles(run);

@@ -11,6 +11,13 @@ namespace pgbp {
 /// then. Where a data file of the practice can only be read the run goes on as a locked one, which the notice tells.
 bool SubMain(Run& run, std::string& why);
 
+/// What a start begins with, and all that a program needs which reads alone: settings, hand-over record, connections.
+/// False and throws as SubMain does.
+bool OpenHandedOver(Run& run, std::string& why);
+
+/// The return form that the suite noted for this assessee-year; 0 when it noted none.
+double ReturnFormOf(const std::filesystem::path& programFolder, const std::string& code);
+
 /// The hand-over file.
 DataFile HandOverFile(const Run& run);
 
