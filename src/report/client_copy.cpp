@@ -4,6 +4,8 @@
 #include "services/fault.h"
 #include "services/text.h"
 #include "startup/shared_services.h"
+#include "statements/ind_as_totals.h"
+#include "statements/statement_form.h"
 #include "store/embedded_engine.h"
 #include "store/schema.h"
 
@@ -17,6 +19,8 @@ enum class Rows {
     OfBothYears, ///< by `code`
     OfClient,    ///< by `company`
     OfYears,     ///< the list of assessment years
+    OfTemplate,  ///< of the client's account
+    OfIndAS,     ///< the same of a company that reports under Ind AS
     All
 };
 
@@ -40,8 +44,8 @@ constexpr CopiedTable kCopied[] = {
     {"balance", "misc_items", Rows::OfBothYears},
     {"tax", "system", Rows::All},
     {"tax", "misc", Rows::All},
-    {"tax", "taxaudit", Rows::All},
-    {"tax", "taxauditjson", Rows::All},
+    {"tax", "taxaudit", Rows::OfTemplate},
+    {"tax", "taxauditjson", Rows::OfIndAS},
     {"tax", "air", Rows::All},
 };
 
@@ -58,8 +62,9 @@ std::string SelectOf(const CopiedTable& wanted, const Dialect& dialect)
     std::string columns;
     for (const pgbp::Column& column : TableNamed(wanted).columns)
         columns.append(columns.empty() ? "[" : ",[").append(column.name).append("]");
-    constexpr std::array<std::string_view, 4> kConditions = {" where code in (?, ?)", " where company = ?",
-                                                             " where [type] = ?", ""};
+    constexpr std::array<std::string_view, 6> kConditions = {" where code in (?, ?)", " where company = ?",
+                                                             " where [type] = ?",     " where d_type = ?",
+                                                             " where d_type = ?",     ""};
     return "select " + columns + " from {" + std::string(wanted.table) + '}' +
            std::string(kConditions[static_cast<std::size_t>(wanted.rows)]) + std::string(dialect.insertionOrder);
 }
@@ -117,8 +122,13 @@ void ClientCopy::CopyRows(const PracticeFiles& practice)
     const std::vector<Connection> copies = OpenInMemory(kFiles);
     run_.qeltemp = OpenInMemory(kWorkingFile).front();
     Transaction transaction({copies[0], copies[1], copies[2]});
-    const std::array<std::vector<Value>, 4> values = {
-        std::vector<Value>{code, run_.GlPrCode}, {client.First()["company"]}, {Value("YEAR")}, {}};
+    const auto form = OpenStatementForm(run_.Year(), static_cast<int>(run_.GlITR), StatementKind::ProfitAndLoss);
+    const std::array<std::vector<Value>, 6> values = {std::vector<Value>{code, run_.GlPrCode},
+                                                      {client.First()["company"]},
+                                                      {Value("YEAR")},
+                                                      {TemplateName(form)},
+                                                      {IndTemplateName(IndStatement::INDPNL)},
+                                                      {}};
     for (const CopiedTable& table : kCopied) {
         const auto at = static_cast<std::size_t>(std::ranges::find(kFiles, table.file) - kFiles.begin());
         const Connection& from = at == 0 ? practice.company : at == 1 ? practice.balance : practice.tax;

@@ -23,7 +23,7 @@ class NoFiles : public FileDialogs {
 /// Starts nothing.
 class NoProcesses : public Processes {
   public:
-    int RunAndWait(const std::filesystem::path&) override { return 0; }
+    int RunAndWait(const std::filesystem::path&, const std::vector<std::string>&) override { return 0; }
     void Start(const std::filesystem::path&) override {}
     bool Open(const std::filesystem::path&) override { return false; }
 };

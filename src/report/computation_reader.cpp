@@ -129,6 +129,28 @@ void DropIfEmpty(Table& table, std::size_t column)
     }
 }
 
+/// What of a block stands in the fields alone: halves of the depreciation, additional depreciation, sales by halves.
+std::string RestOf(const AnnexureRow& row, const AnnexureScreen& screen, std::span<const Entry> fields)
+{
+    std::string words;
+    for (const auto& column : screen.entry.columns()) {
+        const bool isWhole = column.field == &screen.TxtDep1 && row.depreciation1 == row.depreciation;
+        if (column.inGrid || isWhole || column.field == &screen.CBOGRP || (!column.field && !column.tick))
+            continue;
+        const std::string text = column.Text(row);
+        if (IsNothing(text))
+            continue;
+        std::string part = PlainCaption(column.tick ? screen.ChkEmpty.caption.get() : screen.Label22.text());
+        for (const Entry& entry : fields)
+            if (std::ranges::find(entry.shownBy, column.field) != entry.shownBy.end())
+                part = entry.caption;
+        if (!column.tick)
+            part += ' ' + (column.IsNumber() ? GroupedAmount(text) : text);
+        words += (words.empty() ? "" : "; ") + part;
+    }
+    return words;
+}
+
 /// What a button has opened.
 struct Opened {
     Screen* screen;
@@ -535,64 +557,36 @@ void Reader::AddLimit(Screen& screen, const Frame& card)
         Add(WorkingOfLimit(partners->BookProfit(), run_));
 }
 
-/// Under each block what the columns do not hold.
+/// The blocks under their groups, and under each what the columns do not hold.
 void Reader::ReadAnnexure(AnnexureScreen& screen)
 {
-    Table table = TableOf(screen.DBGrid1);
-    if (table.rows.empty())
+    const Table plain = TableOf(screen.DBGrid1);
+    if (plain.rows.empty())
         return;
     const std::vector<Entry> fields = ReadFrame(screen.framain).front().fields;
-    const auto captionOf = [&](const Control* control) {
-        for (const Entry& entry : fields)
-            if (std::ranges::find(entry.shownBy, control) != entry.shownBy.end())
-                return entry.caption;
-        return std::string();
+    Table table{.title = plain.title, .columns = plain.columns};
+    const auto add = [&](RowLook look, const std::string& text) {
+        table.rows.push_back({.look = look, .cells = {text}});
+        table.rows.back().cells.resize(table.columns.size());
     };
-    std::vector<Row> rows;
-    std::map<std::size_t, std::size_t> places; // of the rows of the table, notes counted
-    const auto& items = screen.entry.items();
+    std::vector<std::size_t> places; // of the plain rows
     std::string group;
-    for (std::size_t i = 0, row = 0; row < table.rows.size(); ++row) {
-        const bool isTotal = table.rows[row].look == RowLook::Total;
-        while (!isTotal && i < items.size() && Trim(items[i].name).empty() && items[i].depreciation == 0 &&
-               items[i].opening == 0)
-            ++i;
-        if (!isTotal && i < items.size() && items[i].group != group) {
-            group = items[i].group;
-            rows.push_back({.look = RowLook::Heading, .cells = {group}});
-            rows.back().cells.resize(table.columns.size());
-        }
-        places[row] = rows.size();
-        rows.push_back(table.rows[row]);
-        if (isTotal || i >= items.size())
+    std::size_t item = 0;
+    for (const Row& row : plain.rows) {
+        const bool isOfItem = row.look == RowLook::Plain && item < screen.entry.items().size();
+        if (isOfItem && screen.entry.items()[item].group != group)
+            add(RowLook::Heading, group = screen.entry.items()[item].group);
+        places.push_back(table.rows.size());
+        table.rows.push_back(row);
+        if (!isOfItem)
             continue;
-        std::string note;
-        for (const auto& column : screen.entry.columns()) {
-            if (column.inGrid || (!column.field && !column.tick) || column.field == &screen.CBOGRP)
-                continue;
-            const std::string text = column.Text(items[i]);
-            if (IsNothing(text))
-                continue;
-            const Control* shown = column.tick ? static_cast<const Control*>(column.tick) : column.field;
-            const std::string caption = column.tick                ? PlainCaption(screen.ChkEmpty.caption)
-                                        : captionOf(shown).empty() ? PlainCaption(screen.Label22.text())
-                                                                   : captionOf(shown);
-            note += (note.empty() ? "" : "; ") + caption +
-                    (column.IsNumber() ? ' ' + GroupedAmount(text)
-                     : column.tick     ? std::string()
-                                       : ' ' + text);
-        }
-        if (!note.empty()) {
-            rows.push_back({.look = RowLook::Note, .cells = {note}});
-            rows.back().cells.resize(table.columns.size());
-        }
-        ++i;
+        if (const std::string words = RestOf(screen.entry.items()[item++], screen, fields); !words.empty())
+            add(RowLook::Note, words);
     }
-    for (Row& row : rows)
+    for (Row& row : table.rows)
         for (auto& [column, summands] : row.sums)
             for (Summand& summand : summands)
                 summand.row = places[summand.row];
-    table.rows = std::move(rows);
     at_ = document_.sections.size();
     Begin(InSmallLetters(PlainCaption(screen.caption)) + ": " + name_, 2);
     Add(std::move(table));
@@ -619,10 +613,11 @@ void Reader::ReadStatement(Screen& screen)
         while (!isOwn && !headings.empty() && headings.back().first >= indent)
             headings.pop_back();
         const bool isClosed = lines.Look(line, kAmount) == CellLook::Computed;
-        if (isClosed && Trim(amount).empty())
-            headings.emplace_back(indent, caption);
-        if (IsNothing(amount))
+        if (IsNothing(amount)) {
+            if (isClosed && Trim(amount).empty())
+                headings.emplace_back(indent, caption);
             continue;
+        }
         int depth = 0;
         for (auto& [its, heading] : headings) {
             if (!heading.empty())
@@ -632,6 +627,8 @@ void Reader::ReadStatement(Screen& screen)
         }
         table.rows.push_back(
             {.look = isClosed ? RowLook::Strong : RowLook::Plain, .depth = depth, .cells = {caption, "", amount}});
+        if (isClosed) // a sum above its parts heads them
+            headings.emplace_back(indent, "");
         if (lines.Cell(line, kDetail) == kDetailsFilled)
             AddDetails(screen, lines, line, table);
     }

@@ -116,8 +116,8 @@ Table WorkingOfLimit(double bookProfit, const Run& run)
 {
     const RemunerationWorking working = WorkRemunerationLimit(bookProfit, run.Year(), run.Glstatus);
     Table table{.title = "Maximum remuneration of the partners, section 40(b)(v)",
-                .columns = {{"Book profit"},
-                            {"of", GridColumnKind::Amount},
+                .columns = {{"Part of the book profit"},
+                            {"Rupees", GridColumnKind::Amount},
                             {"Percent", GridColumnKind::Rate},
                             {"Remuneration", GridColumnKind::Amount}}};
     for (const RemunerationSlab& slab : working.slabs)

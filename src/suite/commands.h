@@ -15,6 +15,7 @@ struct Suite {
     std::filesystem::path dataFolder;    ///< what a new practice starts with
     std::filesystem::path module;        ///< the program that is started
     std::filesystem::path auditReader;   ///< the program that a practice gets as its reader of audit reports
+    std::filesystem::path reporter;      ///< and the one that it gets as its program of reports
     Processes& processes;
     std::ostream& out;
 };

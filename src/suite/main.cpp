@@ -30,6 +30,7 @@ try {
                       BesideThisProgram("data"),
                       BesideThisProgram("pgbp"),
                       BesideThisProgram("pgbp-audit-reader"),
+                      BesideThisProgram("pgbp-report"),
                       processes,
                       std::cout};
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))

@@ -153,14 +153,15 @@ void CreatePractice(const std::filesystem::path& programFolder, const std::files
     work.TakePlace();
 }
 
-void LinkAuditReader(const std::filesystem::path& programFolder, const std::filesystem::path& reader)
+void LinkSibling(const std::filesystem::path& programFolder, std::string_view name,
+                 const std::filesystem::path& program)
 {
-    const fs::path place = programFolder / "Audit3CDReader.exe";
+    const fs::path place = programFolder / name;
     std::error_code ignored;
     if (fs::exists(place, ignored))
         return;
     fs::remove(place, ignored); // a link whose program has moved
-    fs::create_symlink(fs::absolute(reader), place, ignored);
+    fs::create_symlink(fs::absolute(program), place, ignored);
 }
 
 } // namespace pgbp

@@ -3,6 +3,7 @@
 #include "store/connection.h"
 
 #include <filesystem>
+#include <string_view>
 
 namespace pgbp {
 
@@ -37,8 +38,9 @@ bool IsPractice(const std::filesystem::path& programFolder);
 /// folder must not exist or be empty; it appears whole or not at all. Throws std::runtime_error.
 void CreatePractice(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder);
 
-/// Puts a link to the reader of audit reports into the practice, under the name by which the module starts it, where
-/// none stands that leads to a program. A folder that can only be read does without: the module tells it then.
-void LinkAuditReader(const std::filesystem::path& programFolder, const std::filesystem::path& reader);
+/// Puts a link to a sibling program into the practice, under the name by which the module starts it, where none stands
+/// that leads to a program. A folder that can only be read does without: the module tells it then.
+void LinkSibling(const std::filesystem::path& programFolder, std::string_view name,
+                 const std::filesystem::path& program);
 
 } // namespace pgbp
