@@ -278,10 +278,7 @@ void Partners::ShowTotals()
 
 double Partners::BookProfit() const { return use_.bookProfit(Val(lblin), Val(lblre)); }
 
-void Partners::ShowLimit()
-{
-    lblallowremu = Amount(RemunerationLimit(BookProfit(), run_.Year(), run_.Glstatus));
-}
+void Partners::ShowLimit() { lblallowremu = Amount(RemunerationLimit(BookProfit(), run_.Year(), run_.Glstatus)); }
 
 /// A natural person has a DIN or an Aadhaar number.
 void Partners::ShowIdentity() { TXTDin.visible = Label6.visible = IsNaturalPerson(CboStatus.text()); }

@@ -637,6 +637,7 @@ void Reader::ReadStatement(Screen& screen)
     at_ = document_.sections.size();
     Begin(InSmallLetters(PlainCaption(screen.caption)) + ": " + name_, 2);
     DropIfEmpty(table, 1);
+    FindSumsOfGroups(table, table.columns.size() - 1);
     Add(std::move(table));
 }
 

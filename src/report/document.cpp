@@ -37,6 +37,49 @@ void FindSums(Table& table, std::size_t column, const std::vector<int>& signs)
     }
 }
 
+namespace {
+
+/// The amounts of the rows from one to another that stand just so deep.
+std::vector<Summand> AmountsAt(const Table& table, std::size_t column, int depth, std::size_t from, std::size_t to)
+{
+    std::vector<Summand> amounts;
+    for (std::size_t i = from; i < to; ++i)
+        if (table.rows[i].depth == depth && table.rows[i].look != RowLook::Item && !table.rows[i].cells[column].empty())
+            amounts.push_back({i, column});
+    return amounts;
+}
+
+bool AddUpTo(const Table& table, const std::vector<Summand>& summands, const std::string& text)
+{
+    double sum = 0;
+    for (const Summand& summand : summands)
+        sum += ParseAmount(table.rows[summand.row].cells[summand.column]);
+    return !summands.empty() && Amount(sum) == Amount(ParseAmount(text));
+}
+
+} // namespace
+
+void FindSumsOfGroups(Table& table, std::size_t column)
+{
+    for (std::size_t i = 0; i < table.rows.size(); ++i) {
+        Row& row = table.rows[i];
+        if (row.look != RowLook::Strong)
+            continue;
+        std::size_t end = i + 1;
+        while (end < table.rows.size() && table.rows[end].depth > row.depth)
+            ++end;
+        std::size_t begin = i;
+        while (begin > 0 && table.rows[begin - 1].depth >= row.depth)
+            --begin;
+        for (auto parts :
+             {AmountsAt(table, column, row.depth + 1, i + 1, end), AmountsAt(table, column, row.depth, begin, i)})
+            if (AddUpTo(table, parts, row.cells[column])) {
+                row.sums[column] = std::move(parts);
+                break;
+            }
+    }
+}
+
 std::string PlainCaption(const std::string& caption)
 {
     std::string plain;

@@ -72,6 +72,10 @@ std::string Drawn(const Column& column, const std::string& text);
 /// a plain figure. `signs` has one sign a row: 1, -1, or 0 for a row that does not enter the totals of its column.
 void FindSums(Table& table, std::size_t column, const std::vector<int>& signs);
 
+/// The same for rows that are set in: a sum has its parts below it, one step further in, or before it under the same
+/// heading.
+void FindSumsOfGroups(Table& table, std::size_t column);
+
 /// "Profit & loss" from "&Profit && loss :": a caption without mnemonic and colon.
 std::string PlainCaption(const std::string& caption);
 

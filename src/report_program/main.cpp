@@ -20,12 +20,13 @@ using namespace pgbp;
 
 constexpr const char* kUsage = R"(pgbp-report: the computation of a client on paper
 
-  pgbp-report [--program-folder FOLDER] [--text | --pdf FOLDER | --xls FOLDER] [CODE ...]
+  pgbp-report [--program-folder FOLDER] [--text | --pdf FOLDER | --xls FOLDER | --window] [CODE ...]
 
 Without CODE the client is that of the hand-over record: the module starts the program so, under the name VornRep.exe.
-A window shows the pages, prints them and saves them as a PDF or a workbook; without a display the report is printed as
-text. With --pdf or --xls a file for each client, named by PAN and year, is written into FOLDER; what fails is told
-behind its code, the others are written, and the exit status is 1.
+A window shows the pages, prints them and saves them as a PDF or a workbook; without a display, or for several clients,
+the report is printed as text. With --pdf or --xls a file for each client, named by PAN and year, is written into
+FOLDER; what fails is told behind its code, the others are written, and the exit status is 1. The codes may come one a
+line on the standard input, for which "-" stands.
 
 The folder of the practice is the one told, else that from which the program is started as VornRep.exe, else that of
 PGBP_PROGRAM_FOLDER. Nothing is ever written into the practice.
@@ -36,6 +37,7 @@ struct Options {
     std::optional<std::string> pdf;
     std::optional<std::string> xls;
     bool text = false;
+    bool window = false;
     bool help = false;
     std::vector<std::string> codes;
 };
@@ -56,6 +58,10 @@ Options ReadOptions(const char* started, std::vector<std::string> words)
     options.pdf = TakeOption(words, "--pdf");
     options.xls = TakeOption(words, "--xls");
     options.text = std::erase(words, "--text") > 0;
+    options.window = std::erase(words, "--window") > 0;
+    if (std::erase(words, "-") > 0)
+        for (std::string code; std::getline(std::cin, code);)
+            words.push_back(code);
     options.help = std::ranges::any_of(words, [](const std::string& word) { return word.starts_with('-'); });
     options.codes = std::move(words);
     return options;
@@ -95,7 +101,9 @@ int ShowWindow(int argc, char** argv, const Options& options)
     QApplication::setApplicationName("pgbp-report");
     ApplyTheme(application);
     try {
-        report::ReportWindow window(report::HandedOver(options.programFolder));
+        report::ReportWindow window(options.codes.empty()
+                                        ? report::HandedOver(options.programFolder)
+                                        : report::ReportOn(options.programFolder, options.codes.front()));
         window.resize(QSize(1100, 760).boundedTo(window.screen()->availableSize()));
         window.show();
         return QApplication::exec();
@@ -114,9 +122,8 @@ int Report(int argc, char** argv)
     }
     if (options.pdf || options.xls)
         return WriteFiles(argc, argv, options);
-    if (options.text || !options.codes.empty() || !HasDisplay())
-        return Print(options);
-    return ShowWindow(argc, argv, options);
+    const bool isForWindow = options.window || (!options.text && options.codes.empty());
+    return isForWindow && HasDisplay() ? ShowWindow(argc, argv, options) : Print(options);
 }
 
 } // namespace

@@ -369,7 +369,7 @@ PageLayout::PageLayout(const Document& document) { PageMaker(*this, document).Ma
 
 void PageLayout::Draw(QPainter& painter, int page) const
 {
-    for (const Mark& mark : pages_[static_cast<std::size_t>(page)]) {
+    for (const Mark& mark : Marks(page)) {
         if (mark.kind == Mark::Kind::Line) {
             painter.setPen(QPen(mark.color, mark.width));
             painter.drawLine(mark.place.topLeft(), mark.place.topRight());

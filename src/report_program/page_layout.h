@@ -29,16 +29,7 @@ class PageLayout {
   public:
     explicit PageLayout(const Document& document);
 
-    int Pages() const { return static_cast<int>(pages_.size()); }
-    const std::vector<Bookmark>& bookmarks() const { return bookmarks_; }
-    const QString& title() const { return title_; }
-
-    /// `painter` counts in the units of the page.
-    void Draw(QPainter& painter, int page) const;
-
-  private:
-    friend class PageMaker;
-
+    /// A text or a line on a page.
     struct Mark {
         enum class Kind { Text, Line } kind;
         QRectF place;
@@ -48,6 +39,17 @@ class PageLayout {
         int flags = 0;
         double width = 0; ///< of a line
     };
+
+    int Pages() const { return static_cast<int>(pages_.size()); }
+    const std::vector<Mark>& Marks(int page) const { return pages_[static_cast<std::size_t>(page)]; }
+    const std::vector<Bookmark>& bookmarks() const { return bookmarks_; }
+    const QString& title() const { return title_; }
+
+    /// `painter` counts in the units of the page.
+    void Draw(QPainter& painter, int page) const;
+
+  private:
+    friend class PageMaker;
 
     std::vector<std::vector<Mark>> pages_;
     std::vector<Bookmark> bookmarks_;

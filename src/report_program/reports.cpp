@@ -38,6 +38,11 @@ Document HandedOver(const std::filesystem::path& programFolder)
     return ReadComputation(copy);
 }
 
+Document ReportOn(const std::filesystem::path& programFolder, const std::string& code)
+{
+    return DocumentOf(Practice(programFolder), code);
+}
+
 std::string WriteAsPdf(const Document& document, const std::filesystem::path& folder)
 {
     const std::string name = FileName(document) + ".pdf";

@@ -14,6 +14,9 @@ namespace pgbp::report {
 /// names nobody.
 Document HandedOver(const std::filesystem::path& programFolder);
 
+/// The report on an assessee-year of the practice. Throws std::runtime_error where it has none of this code.
+Document ReportOn(const std::filesystem::path& programFolder, const std::string& code);
+
 /// Writes a document into the folder and gives the name of its file.
 using Writer = std::function<std::string(const Document& document, const std::filesystem::path& folder)>;
 std::string WriteAsPdf(const Document& document, const std::filesystem::path& folder);

@@ -37,7 +37,7 @@ try {
         suite.programFolder = *told;
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
     if (words.empty())
-        return pgbp::ShowChooser(argc, argv, suite.programFolder, suite.module, picture);
+        return pgbp::ShowChooser(argc, argv, {suite.programFolder, suite.module, suite.reporter}, picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {

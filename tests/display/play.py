@@ -84,7 +84,8 @@ class Case:
         except OSError:  # another file system
             shutil.copy(programs / "pgbp-suite", beside / "pgbp-suite")
         (beside / "data").symlink_to((programs / "data").resolve())
-        (beside / "pgbp-audit-reader").symlink_to(programs / "pgbp-audit-reader")
+        for sibling in ("pgbp-audit-reader", "pgbp-report"):
+            (beside / sibling).symlink_to(programs / sibling)
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
         (beside / "pgbp").chmod(0o755)
         self.suite = beside / "pgbp-suite"
