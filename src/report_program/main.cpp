@@ -32,6 +32,8 @@ The folder of the practice is the one told, else that from which the program is 
 PGBP_PROGRAM_FOLDER. Nothing is ever written into the practice.
 )";
 
+constexpr QSize kTitleBar(0, 10 * kUnit);
+
 struct Options {
     fs::path programFolder;
     std::optional<std::string> pdf;
@@ -104,7 +106,7 @@ int ShowWindow(int argc, char** argv, const Options& options)
         report::ReportWindow window(options.codes.empty()
                                         ? report::HandedOver(options.programFolder)
                                         : report::ReportOn(options.programFolder, options.codes.front()));
-        window.resize(QSize(1100, 760).boundedTo(window.screen()->availableSize()));
+        window.resize(QSize(1100, 900).boundedTo(window.screen()->availableSize() - kTitleBar));
         window.show();
         return QApplication::exec();
     } catch (const std::exception& error) { // who pressed the button sees no standard error

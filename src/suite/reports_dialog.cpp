@@ -39,7 +39,6 @@ ReportsDialog::ReportsDialog(QWidget* parent, std::filesystem::path programFolde
     setMinimumWidth(150 * kUnit);
     Build(choices);
     ShowRunning(false);
-    process_.setProcessChannelMode(QProcess::MergedChannels);
     connect(&process_, &QProcess::readyReadStandardOutput, this, [this] { ReadLines(); });
     connect(&process_, &QProcess::finished, this,
             [this](int status, QProcess::ExitStatus how) { Ended(status, how == QProcess::CrashExit); });
@@ -122,6 +121,7 @@ void ReportsDialog::Start()
     failures_->clear();
     failures_->hide();
     cancelled_ = false;
+    written_ = 0;
     Tell("");
     QStringList arguments{"--program-folder", Text(programFolder_.string()), kind_->currentData().toString(),
                           folder_->text().trimmed(), "-"};
@@ -141,32 +141,34 @@ void ReportsDialog::ReadLines()
 /// "3/12 CODE FILE", or "3/12 CODE failed: ...".
 void ReportsDialog::TakeLine(const QString& line)
 {
-    bool isNumber = false;
-    const int done = line.section('/', 0, 0).toInt(&isNumber);
-    if (!isNumber)
-        return failures_->addItem(line);
-    progress_->setValue(done);
+    progress_->setValue(line.section('/', 0, 0).toInt());
     const QString code = line.section(' ', 1, 1);
     const QString rest = line.section(' ', 2);
     if (rest.startsWith(kFailed))
-        failures_->addItem(code + ": " + rest.mid(static_cast<int>(qstrlen(kFailed))));
-    else
-        Tell(rest);
-    failures_->setVisible(failures_->count() > 0);
+        return ListFailure(code + ": " + rest.mid(static_cast<int>(qstrlen(kFailed))));
+    ++written_;
+    Tell(rest);
+}
+
+void ReportsDialog::ListFailure(const QString& words)
+{
+    failures_->addItem(words);
+    failures_->show();
 }
 
 void ReportsDialog::Ended(int status, bool crashed)
 {
     ReadLines();
     ShowRunning(false);
-    failures_->setVisible(failures_->count() > 0);
-    const int written = std::max(0, progress_->value() - failures_->count());
+    const bool failed = (crashed || status != 0) && !cancelled_;
+    if (failed && failures_->count() == 0) // it could not even begin: its own words say why
+        ListFailure(QString::fromUtf8(process_.readAllStandardError()).trimmed());
     const QString count =
-        QString("%1 of %2 reports stand in %3.").arg(written).arg(progress_->maximum()).arg(folder_->text().trimmed());
+        QString("%1 of %2 reports stand in %3.").arg(written_).arg(progress_->maximum()).arg(folder_->text().trimmed());
     if (cancelled_)
         Tell("Cancelled: " + count);
     else
-        Tell(count, crashed || status != 0);
+        Tell(count, failed);
 }
 
 void ReportsDialog::ShowRunning(bool runs)

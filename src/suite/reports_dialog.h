@@ -33,6 +33,7 @@ class ReportsDialog : public QDialog {
     void Start();
     void ReadLines();
     void TakeLine(const QString& line);
+    void ListFailure(const QString& words);
     void Ended(int status, bool crashed);
     void Tell(const QString& text, bool isFailure = false);
     void ShowRunning(bool runs);
@@ -43,6 +44,7 @@ class ReportsDialog : public QDialog {
     std::vector<std::vector<std::string>> codes_;
     QProcess process_;
     bool cancelled_ = false;
+    int written_ = 0;
 
     QComboBox* clients_ = nullptr;
     QComboBox* kind_ = nullptr;

@@ -223,7 +223,7 @@ TEST_F(Chooser, WritesTheReportsOfAllListedAndTellsWhatFailed)
 {
     window.Search("2023-24 hosiery");
     window.Search("1003r");
-    WriteReporter("n=0; while read code; do n=$((n+1)); case $code in "
+    WriteReporter("echo noise of a library >&2; n=0; while read code; do n=$((n+1)); case $code in "
                   "*2022*) echo \"$n/3 $code failed: no space\";; *) echo \"$n/3 $code file.pdf\";; esac; done; "
                   "echo \"$@\" > \"$(dirname \"$0\")/arguments\"; exit 1");
     InDialog("&Reports ...", [&](QDialog& dialog) {
@@ -254,6 +254,15 @@ TEST_F(Chooser, ReportsAreCancelledByEscape)
         QTest::keyClick(&dialog, Qt::Key_Escape);
         EXPECT_TRUE(reports.Tells("Cancelled: "));
         EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    WriteReporter("echo The practice is locked. >&2; exit 1");
+    InDialog("&Reports ...", [&](QDialog& dialog) {
+        Reports reports(dialog);
+        QTest::mouseClick(&reports.Button("&Write"), Qt::LeftButton);
+        EXPECT_TRUE(reports.Tells("0 of 1 reports"));
+        ASSERT_EQ(reports.Failures().count(), 1);
+        EXPECT_EQ(reports.Failures().item(0)->text(), "The practice is locked.");
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
     std::filesystem::remove(Reporter());
