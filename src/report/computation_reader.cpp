@@ -448,7 +448,7 @@ Table Reader::LedgerOf(Screen& screen, const FrameContent& content)
     FindSums(table, table.columns.size() - 1, signs);
     for (std::size_t column = table.columns.size() - 1; column > 1; --column)
         DropIfEmpty(table, column - 1);
-    if (table.rows.size() == 1)
+    if (table.rows.size() == 1 && table.columns.size() == 2)
         for (Column& column : table.columns)
             column.heading.clear();
     return table;

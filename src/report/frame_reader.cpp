@@ -56,7 +56,7 @@ class RowReader {
     void TakeCaption(const std::string& caption)
     {
         Flush();
-        current_.caption = PlainCaption(caption);
+        current_.caption += (current_.caption.empty() ? "" : ", ") + PlainCaption(caption);
     }
 
     void AddValue(const Control& control, std::string text)

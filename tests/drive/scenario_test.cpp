@@ -6,6 +6,8 @@
 #include "audit_report/tables.h"
 #include "drive/interpreter.h"
 #include "module/module.h"
+#include "report/computation_reader.h"
+#include "report/plain_text.h"
 #include "startup/sub_main.h"
 #include "suite/assessee_years.h"
 #include "suite/hand_over_row.h"
@@ -40,6 +42,7 @@ class Stage {
     {
         std::filesystem::copy(DemonstrationPractice(), root_, std::filesystem::copy_options::recursive);
         temporary_.Write("practice/Drive.txt", (root_ / "handover").string());
+        processes_.whileRunning = [this] { PrintComputation(); };
     }
 
     /// Plays a scenario: what stands between two directives goes to the driver in one piece.
@@ -98,6 +101,21 @@ class Stage {
         words >> file;
         std::getline(words, statement);
         OpenFile({root_ / "server" / (file + ".mdb"), {}}).Execute(statement);
+    }
+
+    /// What the program of reports prints for the record that was handed to it, without blank lines.
+    void PrintComputation()
+    {
+        if (processes_.started.back() != "VornRep.exe")
+            return;
+        HandOver record;
+        ReadHandOver(OpenFile({root_ / "handover/VornTemp.mdb", {}}), record);
+        report::ClientCopy copy({root_, run_->company, run_->balance, run_->tax}, record,
+                                ReturnFormOf(root_, record.Glcode));
+        std::istringstream text(PlainText(report::ReadComputation(copy)));
+        for (std::string line; std::getline(text, line);)
+            if (!line.empty())
+                transcript_ << line << '\n';
     }
 
     /// The audit report that the preparer chooses in the reader's own window; "none" for none.

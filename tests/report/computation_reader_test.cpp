@@ -277,6 +277,50 @@ TEST(ComputationReader, TellsWhatDecidedAFigure)
     }
 }
 
+// 8000 + 300 less (4000 - 0) + (2500 - 1000), less 500, less 250 is 2050.
+TEST(ComputationReader, HoldsTheItemsOfEveryList)
+{
+    struct Item {
+        const char* type;
+        std::vector<Field> fields;
+    };
+    const Item items[] = {
+        {"511", {{"name1", "Closing stock by cost"}, {"amt1", 1200}}},
+        {"560", {{"name1", "28(iv)"}, {"name2", "Benefit"}, {"amt1", 5000}}},
+        {"564", {{"name1", "41(1)"}, {"name2", "Liability that ceased"}, {"amt1", 8000}}},
+        {"570", {{"name1", "44BB"}, {"name2", "Oil field"}, {"amt1", 300}}},
+        {"568", {{"name1", "35D"}, {"name2", "Preliminary"}, {"amt1", 2}, {"amt2", 0}, {"amt3", 4000}}},
+        {"568", {{"name1", "35E"}, {"name2", "Prospecting"}, {"amt1", 1}, {"amt2", 1000}, {"amt3", 2500}}},
+        {"35", {{"name1", "35(1)(i)"}, {"amt1", 1000}, {"amt2", 1500}, {"amt3", 500}, {"amt4", 0}}},
+        {"10ABC", {{"name3", "10A"}, {"name2", "Unit in the zone"}, {"amt2", 250}, {"amt4", 0}}},
+    };
+    const Demonstration practice;
+    const Practice files(practice.root);
+    const Value sno = files.company.Scalar("select min(SNO) from {business} where code = '1001r2023-24'");
+    for (const auto& [type, fields] : items) {
+        std::vector<Field> row = fields;
+        row.insert(row.end(), {{"code", "1001r2023-24"}, {"SNO", sno}, {"Type", type}});
+        files.company.Insert("business1", row);
+    }
+    files.company.Execute("update {business} set q10abc1 = 1 where SNO = ?", sno);
+
+    const report::Document document = practice.Read("1001r2023-24");
+    const report::Section& line = *FindSection(document, "Normal Business: Asha Sarees");
+    using Cells = std::vector<std::string>;
+    const Cells expected[] = {
+        {"Closing stock by cost", "1200.00", ""},
+        {"28(iv), Benefit", "5000.00", ""},
+        {"Other Specific Adjustments", "", "2050.00"},
+        {"41(1), Liability that ceased", "8000.00", ""},
+        {"44BB, Oil field", "300.00", ""},
+        {"35E", "Prospecting", "1", "1000.00", "2500.00"},
+        {"35(1)(i)", "1000.00", "1500.00", "500.00"},
+    };
+    for (const Cells& cells : expected)
+        EXPECT_EQ(CellsOf(line, cells.front()), cells) << cells.front();
+    EXPECT_EQ(line.tables.back().rows.front().cells.back(), "250.00");
+}
+
 TEST(ComputationReader, LimitsTheRemunerationToTheMaximumInAWord)
 {
     Demonstration practice;
