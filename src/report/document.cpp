@@ -80,6 +80,24 @@ void FindSumsOfGroups(Table& table, std::size_t column)
     }
 }
 
+void DropIfEmpty(Table& table, std::size_t column)
+{
+    if (std::ranges::any_of(table.rows, [&](const Row& row) { return !row.cells[column].empty(); }))
+        return;
+    table.columns.erase(table.columns.begin() + static_cast<std::ptrdiff_t>(column));
+    const auto moved = [&](std::size_t its) { return its > column ? its - 1 : its; };
+    for (Row& row : table.rows) {
+        row.cells.erase(row.cells.begin() + static_cast<std::ptrdiff_t>(column));
+        std::map<std::size_t, std::vector<Summand>> sums;
+        for (auto& [its, summands] : row.sums) {
+            for (Summand& summand : summands)
+                summand.column = moved(summand.column);
+            sums.emplace(moved(its), std::move(summands));
+        }
+        row.sums = std::move(sums);
+    }
+}
+
 std::string PlainCaption(const std::string& caption)
 {
     std::string plain;

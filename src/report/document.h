@@ -76,6 +76,9 @@ void FindSums(Table& table, std::size_t column, const std::vector<int>& signs);
 /// heading.
 void FindSumsOfGroups(Table& table, std::size_t column);
 
+/// Takes out a column in which nothing stands.
+void DropIfEmpty(Table& table, std::size_t column);
+
 /// "Profit & loss" from "&Profit && loss :": a caption without mnemonic and colon.
 std::string PlainCaption(const std::string& caption);
 

@@ -1,4 +1,5 @@
 #include "report/demonstration.h"
+#include "report/plain_text.h"
 #include "services/format.h"
 #include "support/empty_practice.h"
 
@@ -251,6 +252,18 @@ TEST(ComputationReader, WorksTheLimitOfTheRemunerationSlabBySlab)
     EXPECT_EQ(CellsOf(summary, "Maximum"), (Cells{"Maximum", "2285431.00", "", "1461259.00"}));
     EXPECT_EQ(CellsOf(summary, "Less : Remuneration"), (Cells{"Less : Remuneration", "960000.00", "840000.00"}));
     EXPECT_EQ(RemarkOf(summary, "Less : Remuneration"), "as paid, Max 14,61,259");
+    const auto after = std::ranges::find(summary.tables.front().rows, "Income after Interest & Remuneration",
+                                         [](const report::Row& row) { return row.cells.front(); });
+    EXPECT_EQ(after->sums.at(1).size(), 3U) << "a live sum of the total and what comes off it";
+}
+
+TEST(ComputationReader, ReadsALockedYearAsAnyOther)
+{
+    const Demonstration practice;
+    HandOver record = practice.RecordOf("1003r2023-24");
+    const std::string open = report::PlainText(practice.Read(record));
+    record.GLlock = 1;
+    EXPECT_EQ(report::PlainText(practice.Read(record)), open);
 }
 
 TEST(ComputationReader, TellsWhatDecidedAFigure)
@@ -263,6 +276,7 @@ TEST(ComputationReader, TellsWhatDecidedAFigure)
     } rows[] = {
         {"1007r2023-24", "Commission", "Ad hoc Deduction", "none above a commission of 60,000"},
         {"1021r2025-26", "44AD", "Deemed Profit", "floor 8 % in cash, 6 % through a bank: 2,76,000"},
+        {"1023r2024-25", "44AD", "Deemed Profit", "above the floor 8 % in cash, 6 % through a bank: 9,20,000"},
         {"1022r2026-27", "44ADA", "Deemed Profit", "floor 50 %: 27,00,000"},
         {"1008r2010-11", "44AF", "Deemed Profit", "floor 5 %: 1,62,000"},
         {"1024r2018-19", "44AE", "Deemed Profit", "a month: heavy vehicle 7,500, light vehicle 7,500"},
@@ -319,6 +333,31 @@ TEST(ComputationReader, HoldsTheItemsOfEveryList)
     for (const Cells& cells : expected)
         EXPECT_EQ(CellsOf(line, cells.front()), cells) << cells.front();
     EXPECT_EQ(line.tables.back().rows.front().cells.back(), "250.00");
+}
+
+TEST(ComputationReader, ReadsAStatementUnderIndASWithItsDetails)
+{
+    const Demonstration practice;
+    const Practice files(practice.root);
+    const char* code = "1004r2023-24";
+    const Value sno = files.company.Scalar("select min(SNO) from {business} where code = ? and [Type] = '1'", code);
+    files.company.Insert("misc_items", {{"code", code}, {"Type", "FRMCHK"}, {"add1", "Yes"}});
+    const auto cell = [&](const char* type, int slno, const char* name, const char* amount) {
+        files.balance.Insert(
+            "qelgeneral",
+            {{"code", code}, {"Type", type}, {"amt1", slno}, {"amt2", sno}, {"name9", name}, {"name8", amount}});
+    };
+    cell("NEWINDPL", 7003, "Sale of products/goods", "9000000");
+    cell("NEWINDPL", 7004, "Sale of services", "300000");
+    cell("INDNEWPL", 7004, "Job work", "300000");
+    const report::Document document = practice.Read(code);
+    const report::Section* statement = FindSection(document, "Profit and loss account");
+    ASSERT_TRUE(statement);
+    using Cells = std::vector<std::string>;
+    EXPECT_EQ(CellsOf(*statement, "1  Revenue from operations"), (Cells{"1  Revenue from operations", "", ""}));
+    EXPECT_EQ(CellsOf(*statement, "i  Sale of products/goods"), (Cells{"i  Sale of products/goods", "", "90,00,000"}));
+    EXPECT_EQ(CellsOf(*statement, "Job work"), (Cells{"Job work", "300000", ""}));
+    EXPECT_EQ(CellsOf(*statement, "vi  Total (i + ii + iiic + iv + v)").back(), "93,00,000");
 }
 
 TEST(ComputationReader, LimitsTheRemunerationToTheMaximumInAWord)
