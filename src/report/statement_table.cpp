@@ -3,8 +3,10 @@
 #include "controls/grid.h"
 #include "report/doors.h"
 #include "report/frame_reader.h"
+#include "services/format.h"
 #include "services/text.h"
 #include "statements/template_row.h"
+#include "statements/template_store.h"
 
 #include <utility>
 
@@ -24,9 +26,9 @@ void AddDetails(Screen& screen, Grid& lines, const Detailed& detailed, Table& ta
     const auto opened = Press(screen, "CmdMulEntry");
     if (!opened)
         return;
-    const FrameContent content = ReadFrame(*opened->card).front();
+    const Frame* frame = opened->card ? opened->card : MainFrameOf(*opened->screen);
     std::vector<Row> rows;
-    for (const auto& [text, amount] : ItemsOf(*content.grids.front()))
+    for (const auto& [text, amount] : ItemsOf(*ReadFrame(*frame).front().grids.front()))
         rows.push_back({.look = RowLook::Item, .depth = table.rows[detailed.row].depth, .cells = {text, amount, ""}});
     table.rows.insert(table.rows.begin() + static_cast<std::ptrdiff_t>(detailed.row) + 1, rows.begin(), rows.end());
     Leave(*opened);
@@ -71,7 +73,7 @@ Table StatementTable(Screen& screen)
             {.look = isClosed ? RowLook::Strong : RowLook::Plain, .depth = depth, .cells = {caption, "", amount}});
         if (isClosed) // a sum above its parts heads them
             headings.emplace_back(indent, "");
-        if (lines.Cell(line, kDetail) == kDetailsFilled)
+        if (lines.Cell(line, kDetail) == kDetailsFilled || Val(lines.Cell(line, kSlno)) == kBadDebtsWithoutPan)
             detailed.push_back({line, table.rows.size() - 1});
     }
     if (table.rows.empty())

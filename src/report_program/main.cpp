@@ -29,7 +29,7 @@ FOLDER; what fails is told behind its code, the others are written, and the exit
 line on the standard input, for which "-" stands.
 
 The folder of the practice is the one told, else that from which the program is started as VornRep.exe, else that of
-PGBP_PROGRAM_FOLDER. Nothing is ever written into the practice.
+PGBP_PROGRAM_FOLDER. The practice is only read.
 )";
 
 constexpr QSize kTitleBar(0, 10 * kUnit);

@@ -7,8 +7,8 @@
 #include "report_program/pdf.h"
 #include "services/fault.h"
 
+#include <QAction>
 #include <QHBoxLayout>
-#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
 #include <QPrintDialog>
@@ -78,16 +78,12 @@ void ReportWindow::BuildButtons()
 {
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * kUnit);
-    const auto add = [&](const QString& caption, const QKeySequence& key, auto work) {
+    const auto add = [&](const QString& caption, const QKeySequence& key, const std::function<void()>& work) {
         QPushButton* button = Button(caption);
         button->setToolTip(key.toString());
         connect(button, &QPushButton::clicked, this, work);
-        auto* action = new QAction(this);
-        action->setShortcut(key);
-        connect(action, &QAction::triggered, this, work);
-        addAction(action);
+        AddKey(key, work);
         row->addWidget(button);
-        return button;
     };
     add("&Print ...", QKeySequence::Print, [this] { Print(); });
     add("Save as P&DF ...", QKeySequence::Save, [this] { SavePdf(); });
@@ -95,8 +91,19 @@ void ReportWindow::BuildButtons()
     message_ = new QLabel;
     message_->setWordWrap(true);
     row->addWidget(message_, 1);
-    add("&Close", QKeySequence("Ctrl+W"), [this] { close(); });
+    add("&Close", Qt::Key_Escape, [this] { close(); });
+    AddKey(Qt::Key_PageDown, [this] { Turn(1); });
+    AddKey(Qt::Key_PageUp, [this] { Turn(-1); });
     static_cast<QVBoxLayout*>(layout())->addLayout(row);
+}
+
+/// Works wherever the focus stands: the list would take Page Down for itself.
+void ReportWindow::AddKey(const QKeySequence& key, const std::function<void()>& work)
+{
+    auto* action = new QAction(this);
+    action->setShortcut(key);
+    connect(action, &QAction::triggered, this, work);
+    addAction(action);
 }
 
 void ReportWindow::Draw(QPrinter& printer) const
@@ -153,16 +160,6 @@ void ReportWindow::Save(const QString& extension, const QString& kind,
 void ReportWindow::Turn(int pages)
 {
     preview_->setCurrentPage(std::clamp(preview_->currentPage() + pages, 1, layout_.Pages()));
-}
-
-void ReportWindow::keyPressEvent(QKeyEvent* event)
-{
-    if (event->key() == Qt::Key_Escape)
-        close();
-    else if (event->key() == Qt::Key_PageDown || event->key() == Qt::Key_PageUp)
-        Turn(event->key() == Qt::Key_PageDown ? 1 : -1);
-    else
-        QWidget::keyPressEvent(event);
 }
 
 } // namespace pgbp::report

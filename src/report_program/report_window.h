@@ -23,13 +23,13 @@ class ReportWindow : public QWidget {
     void Build();
     void BuildSections();
     void BuildButtons();
+    void AddKey(const QKeySequence& key, const std::function<void()>& work);
     void Draw(QPrinter& printer) const;
     void Print();
     void SavePdf();
     void SaveWorkbook();
     void Save(const QString& extension, const QString& kind, const std::function<void(const std::string& path)>& save);
     void Turn(int pages);
-    void keyPressEvent(QKeyEvent* event) override;
 
     const Document document_;
     const PageLayout layout_;

@@ -360,6 +360,26 @@ TEST(ComputationReader, ReadsAStatementUnderIndASWithItsDetails)
     EXPECT_EQ(CellsOf(*statement, "vi  Total (i + ii + iiic + iv + v)").back(), "93,00,000");
 }
 
+TEST(ComputationReader, NamesTheDebtorsBehindTheirLineOfTheStatement)
+{
+    const Demonstration practice;
+    const Practice files(practice.root);
+    const char* code = "1001r2023-24";
+    const Value sno = files.company.Scalar("select min(SNO) from {business} where code = ?", code);
+    files.balance.Insert("qelgeneral", {{"code", code},
+                                        {"Type", "NEWPL"},
+                                        {"amt1", 540},
+                                        {"amt2", sno},
+                                        {"name9", "Other (More than 1 lakh) where PAN is not available"},
+                                        {"name8", "150000"}});
+    files.company.Insert(
+        "misc_items",
+        {{"code", code}, {"Type", "ITR6PLQ47"}, {"name1", "Mehta's Stores"}, {"Na3", "RAJASTHAN"}, {"amt1", 150000}});
+    const report::Document document = practice.Read(code);
+    EXPECT_EQ(CellsOf(*FindSection(document, "Profit and loss account"), "Mehta's Stores, RAJASTHAN"),
+              (std::vector<std::string>{"Mehta's Stores, RAJASTHAN", "150000.00", ""}));
+}
+
 TEST(ComputationReader, LimitsTheRemunerationToTheMaximumInAWord)
 {
     Demonstration practice;
