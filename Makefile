@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
 
-.PHONY: run test bench format check lint lint-all asan faults mutants fuzz screenshots setup build
+.PHONY: run test bench format check lint lint-all asan faults mutants fuzz screenshots reports setup build
 
 run: build
 	@tools/run.sh build/dev/bin practice
@@ -54,3 +54,6 @@ lint-all: check build
 
 screenshots: build
 	@tools/screenshots.sh build/dev/bin docs/screens
+
+reports: build
+	@tools/report-pictures.sh build/dev/bin docs/reports

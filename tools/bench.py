@@ -68,14 +68,42 @@ def start(programs):
         print(f"{what:<34} {ours:>12,.2f} {unit}   floor {floor:>12,.2f} {unit}   ratio {ours / floor:6.2f}")
 
 
+def run_once(environment, *command):
+    began = time.monotonic()
+    subprocess.run(command, check=True, capture_output=True, env=environment)
+    return (time.monotonic() - began) * 1000
+
+
+def report(programs):
+    """One PDF from the start of the process to its end, and each of all clients of the practice in one process."""
+    with tempfile.TemporaryDirectory() as folder:
+        practice, pages = pathlib.Path(folder) / "practice", pathlib.Path(folder) / "pages"
+        suite = [programs / "pgbp-suite", "--program-folder", practice]
+        subprocess.run([programs / "pgbp-suite", "new", practice], check=True, capture_output=True)
+        listed = subprocess.run([*suite, "list"], check=True, capture_output=True, text=True).stdout.splitlines()
+        codes = [line.split()[0] for line in listed]
+        firm = next(line.split()[0] for line in listed if " Firm " in line and "2023-24" in line)
+        environment = {**os.environ, "QT_QPA_PLATFORM": "offscreen"}
+        reporter = [programs / "pgbp-report", "--program-folder", practice, "--pdf", pages]
+        rounds = [(run_once(environment, *reporter, firm), start_once(programs / "bench_start", practice, "minimal")[0])
+                  for _ in range(STARTS)]
+        ours, floor = (statistics.median(each[side] for each in rounds) for side in (0, 1))
+        print(f"{'Report':<34} {ours:>12,.2f} ms   floor {floor:>12,.2f} ms   ratio {ours / floor:6.2f}")
+        many = statistics.median(run_once(environment, *reporter, *codes) for _ in range(5)) / len(codes)
+        print(f"{'Report of many':<34} {many:>12,.2f} ms   no floor")
+
+
 def main():
     programs = pathlib.Path(sys.argv[1])
     wanted = sys.argv[2:] or ["services", "statements", "annexure", "annexure_screen", "workbook", "summary", "computation", "presumptive", "firms", "side_entries",
-                                "statement_screen", "statement_window", "start"]
+                                "statement_screen", "statement_window", "start", "report"]
     for name in wanted:
         print(f"-- {name}", flush=True)
         if name == "start":
             start(programs)
+            continue
+        if name == "report":
+            report(programs)
             continue
         times = run_google_benchmark(programs / f"bench_{name}")
         print_ratios(times)

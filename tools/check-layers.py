@@ -7,7 +7,8 @@ import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 LIBRARIES = {  # headers beginning so: the folders that may include them
-    r"Q[A-Z]": {"desktop", "suite", "audit_report"},
+    r"Q[A-Z]": {"desktop", "suite", "audit_report", "report_program"},
+    r"qpdf/": {"report_program"},
     r"pugixml|nlohmann/": {"audit_report"},
     r"csv\.h": {"trial_balance"},
     r"SQLiteCpp/|sqlite3\.h": {"store"},

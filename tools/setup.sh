@@ -5,7 +5,7 @@ set -eu
 
 packages="
     g++ cmake make ninja-build ccache python3
-    qt6-base-dev fonts-dejavu-core
+    qt6-base-dev fonts-dejavu-core fonts-liberation libqpdf-dev poppler-utils
     libsqlitecpp-dev libsqlite3-dev
     libpugixml-dev nlohmann-json3-dev libcsv-dev
     unixodbc-dev odbc-mariadb mariadb-server

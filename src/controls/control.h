@@ -31,7 +31,8 @@ enum class Key {
     F1,
     ControlDown, ///< to the grid of the frame
     Undo,        ///< Ctrl+Z
-    Find         ///< Ctrl+F
+    Find,        ///< Ctrl+F
+    Print        ///< Ctrl+P
 };
 
 /// What a form consists of: a named thing that can be shown, enabled and reached by the keyboard. Knows no toolkit;

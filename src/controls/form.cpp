@@ -290,6 +290,8 @@ void Form::DefaultKey(Key key)
         FocusGrid();
     if (key == Key::Undo && front && front->onUndo)
         front->onUndo();
+    if (key == Key::Print && front && front->onPrint)
+        front->onPrint();
 }
 
 void Form::Type(char32_t character)

@@ -50,6 +50,8 @@ class Frame : public Control {
     std::function<void()> onEscape;  ///< the Escape key while the frame is up
     std::function<void()> onUndo;    ///< Ctrl+Z while the frame is up and the field with the focus has nothing to undo
 
+    std::function<void()> onPrint; ///< Ctrl+P while the frame is up
+
     /// Lays the controls out and makes the frame their container.
     void Lay(Layout layout);
     const Layout& layout() const { return layout_; }

@@ -77,6 +77,7 @@ bool ControlView::Wants(Key key) const
     case Key::ControlDown:
     case Key::Undo:
     case Key::Find:
+    case Key::Print:
         return true;
     default:
         return false;

@@ -167,6 +167,8 @@ std::optional<Key> FormView::KeyOf(const QKeyEvent& event)
         return Key::Undo;
     if (event.matches(QKeySequence::Find))
         return Key::Find;
+    if (event.matches(QKeySequence::Print))
+        return Key::Print;
     if (event.modifiers() == Qt::ControlModifier && event.key() == Qt::Key_Down)
         return Key::ControlDown;
     if (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier))

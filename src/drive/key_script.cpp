@@ -29,6 +29,7 @@ constexpr std::pair<std::string_view, Key> kKeys[] = {
     {"CTRL+DOWN", Key::ControlDown},
     {"CTRL+Z", Key::Undo},
     {"CTRL+F", Key::Find},
+    {"CTRL+P", Key::Print},
 };
 
 KeyStroke Named(const std::string& name)

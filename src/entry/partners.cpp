@@ -276,10 +276,9 @@ void Partners::ShowTotals()
     }
 }
 
-void Partners::ShowLimit()
-{
-    lblallowremu = Amount(RemunerationLimit(use_.bookProfit(Val(lblin), Val(lblre)), run_.Year(), run_.Glstatus));
-}
+double Partners::BookProfit() const { return use_.bookProfit(Val(lblin), Val(lblre)); }
+
+void Partners::ShowLimit() { lblallowremu = Amount(RemunerationLimit(BookProfit(), run_.Year(), run_.Glstatus)); }
 
 /// A natural person has a DIN or an Aadhaar number.
 void Partners::ShowIdentity() { TXTDin.visible = Label6.visible = IsNaturalPerson(CboStatus.text()); }

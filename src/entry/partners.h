@@ -75,6 +75,8 @@ class Partners : public PartnerFields {
     void Open();
     /// Neither interest nor remuneration is entered.
     bool DrawNothing() const { return Val(lblin) == 0 && Val(lblre) == 0; }
+    /// On which the remuneration is limited, rupees.
+    double BookProfit() const;
     /// The frame is up and differs from what was opened.
     bool Altered() const { return frapartner.visible && entry.Altered(); }
 

@@ -83,6 +83,7 @@ void frmbusiness::LayOut()
                              LayoutColumn::Button},
                  .rows = std::move(rows),
                  .buttonsLeft = {&CmdGST, &cmdReport}});
+    cmdReport.toolTip = "The computation of the preceding year on paper; Ctrl+P: of this year";
     CmdBack.isDefault = true;
     if (run.GLminor != 0)
         CmdBack.toolTip = run.IncomeOf() + ": the head of income is written with the child's figures alone";
@@ -115,6 +116,8 @@ void frmbusiness::Wire()
     cmdlic.onClick = [this] { OpenCommission(); };
     CmdGST.onClick = [this] { run.screens.Show(screens::FrmGST); };
     cmdReport.onClick = [this] { ReportOnPreviousYear(); };
+    imgPrint.onClick = [this] { ReportOn(run.Glcode, run.Glyear); };
+    framain.onPrint = [this] { Click(imgPrint); };
     CmdBack.onClick = [this] { Back(); };
     cmdr.onClick = [this] { run.screens.ShowModal(screens::frmReminder, {}, [this] { Activate(); }); };
     partners.cmdmax.onClick = [this] { CalculateMaximum(); };
@@ -292,10 +295,15 @@ void frmbusiness::StoreHeadOfIncome() const
 void frmbusiness::ReportOnPreviousYear()
 {
     const auto letter = run.GlPrCode.find('r'); // the year stands behind it
+    ReportOn(run.GlPrCode, letter == std::string::npos ? "" : run.GlPrCode.substr(letter + 1));
+}
+
+void frmbusiness::ReportOn(const std::string& code, const std::string& year)
+{
     run.GLrep = "PGBP";
     HandOver record = run;
-    record.Glcode = run.GlPrCode;
-    record.Glyear = letter == std::string::npos ? "" : run.GlPrCode.substr(letter + 1);
+    record.Glcode = code;
+    record.Glyear = year;
     HandOverTo(run, record, "VornRep.exe");
 }
 

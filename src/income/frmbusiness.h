@@ -113,6 +113,8 @@ class frmbusiness : public Screen {
     cmd cmdReport{*this, "cmdReport", "&Details"};
     cmd CmdBack{*this, "CmdBack", "&Back"};
     cmd cmdr{*this, "cmdr", "&R"}; ///< laid out nowhere: only its hot key Alt+R reaches it
+    /// Laid out nowhere: only Ctrl+P reaches it, in a locked year too.
+    Image imgPrint{*this, "imgPrint", "The computation of this year on paper"};
 
     /// The list of lines, `fra1`.
     LineList lines{*this,
@@ -175,6 +177,7 @@ class frmbusiness : public Screen {
     void StoreIncomeUnderSection11();
     void Back();
     void ReportOnPreviousYear();
+    void ReportOn(const std::string& code, const std::string& year);
 };
 
 } // namespace pgbp

@@ -79,8 +79,7 @@ bool PartnerDeductions::IsKeptByHand() const
     return setup.Empty() || setup.First().At(0).Flag();
 }
 
-/// Section 40(b)(v): the limit on the book profit, but not more than the partners were paid.
-double PartnerDeductions::MaximumRemuneration() const
+double PartnerDeductions::BookProfit() const
 {
     double exempt = 0;
     if (SummaryRules{run_.Year(), run_.Glstatus}.AddsExemptToProfit())
@@ -89,12 +88,21 @@ double PartnerDeductions::MaximumRemuneration() const
                              "([Type] = '544' or [Type] = 'less')",
                              run_.Glcode)
                      .Number();
-    const double bookProfit = total_() + exempt - Val(txtlesspart1);
-    const double limit = RoundOff(RemunerationLimit(bookProfit, run_.Year(), run_.Glstatus), 0);
-    const double paid =
-        run_.company
-            .Scalar("select sum(amt1) as [tot] from {business1} where code = ? and [Type] = 'PARTREMU'", run_.Glcode)
-            .Number();
+    return total_() + exempt - Val(txtlesspart1);
+}
+
+double PartnerDeductions::PaidRemuneration() const
+{
+    return run_.company
+        .Scalar("select sum(amt1) as [tot] from {business1} where code = ? and [Type] = 'PARTREMU'", run_.Glcode)
+        .Number();
+}
+
+/// Section 40(b)(v): the limit on the book profit, but not more than the partners were paid.
+double PartnerDeductions::MaximumRemuneration() const
+{
+    const double limit = RoundOff(RemunerationLimit(BookProfit(), run_.Year(), run_.Glstatus), 0);
+    const double paid = PaidRemuneration();
     return limit > paid ? RoundOff(paid, 0) : limit;
 }
 

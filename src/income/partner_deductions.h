@@ -19,6 +19,11 @@ class PartnerDeductions {
     void TakeInterestFromPartners();
     /// Calculates the remuneration once after a line of business was open, unless the firm keeps it by hand.
     void RefreshRemuneration();
+    /// On which the remuneration is limited, rupees: the total with what was taken out of it as exempt or as income of
+    /// another head, less the interest.
+    double BookProfit() const;
+    /// To all partners, rupees.
+    double PaidRemuneration() const;
     /// Deducts the most that the law allows. True when another amount was stored than before.
     bool CalculateMaximum();
 

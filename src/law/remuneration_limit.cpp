@@ -37,27 +37,40 @@ constexpr Scale kScales[] = {
     {"06", kNoEnd, {{600000, 0.9, 300000}, {kAbove, 0.6, 0}}},
 };
 
-double OnScale(const Scale& scale, double bookProfit)
+RemunerationWorking OnScale(const Scale& scale, double bookProfit)
 {
+    RemunerationWorking working;
     double limit = 0;
     double from = 0;
     for (const auto& [upTo, rate, atLeast] : scale.slabs) {
-        if (bookProfit <= upTo)
-            return std::max(limit + (bookProfit - from) * rate, atLeast);
-        limit += (upTo - from) * rate;
-        from = upTo;
+        const double profit = std::min(bookProfit, upTo) - from;
+        working.slabs.push_back({profit, rate * 100, profit * rate});
+        limit += profit * rate;
+        if (bookProfit > upTo) {
+            from = upTo;
+            continue;
+        }
+        if (limit < atLeast)
+            limit = working.atLeast = atLeast;
+        break;
     }
-    return limit;
+    working.limit = RoundOff(limit, 0);
+    return working;
 }
 
 } // namespace
 
-double RemunerationLimit(double bookProfit, int year, std::string_view status)
+RemunerationWorking WorkRemunerationLimit(double bookProfit, int year, std::string_view status)
 {
     for (const auto& scale : kScales)
         if (scale.status == status && year <= scale.lastYear)
-            return RoundOff(OnScale(scale, bookProfit), 0);
-    return 0;
+            return OnScale(scale, bookProfit);
+    return {};
+}
+
+double RemunerationLimit(double bookProfit, int year, std::string_view status)
+{
+    return WorkRemunerationLimit(bookProfit, year, status).limit;
 }
 
 } // namespace pgbp

@@ -11,12 +11,15 @@ namespace pgbp {
 namespace {
 
 /// Starts the program as a child of its own process; the child sees the same environment.
-pid_t Spawn(const std::filesystem::path& program)
+pid_t Spawn(const std::filesystem::path& program, std::vector<std::string> arguments)
 {
     std::string path = program.string();
-    char* const arguments[] = {path.data(), nullptr};
+    std::vector<char*> words{path.data()};
+    for (std::string& argument : arguments)
+        words.push_back(argument.data());
+    words.push_back(nullptr);
     pid_t child = 0;
-    const int error = posix_spawn(&child, path.c_str(), nullptr, nullptr, arguments, environ);
+    const int error = posix_spawn(&child, path.c_str(), nullptr, nullptr, words.data(), environ);
     if (error != 0)
         throw std::runtime_error("The program " + path +
                                  " could not be started: " + std::generic_category().message(error) + ".");
@@ -25,9 +28,9 @@ pid_t Spawn(const std::filesystem::path& program)
 
 } // namespace
 
-int SystemProcesses::RunAndWait(const std::filesystem::path& program)
+int SystemProcesses::RunAndWait(const std::filesystem::path& program, const std::vector<std::string>& arguments)
 {
-    const pid_t child = Spawn(program);
+    const pid_t child = Spawn(program, arguments);
     int status = 0;
     while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
     }
@@ -43,6 +46,6 @@ bool SystemProcesses::Open(const std::filesystem::path& file)
     return posix_spawnp(&child, opener.c_str(), nullptr, nullptr, arguments, environ) == 0;
 }
 
-void SystemProcesses::Start(const std::filesystem::path& program) { Spawn(program); }
+void SystemProcesses::Start(const std::filesystem::path& program) { Spawn(program, {}); }
 
 } // namespace pgbp

@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <vector>
 
 namespace pgbp {
 
@@ -11,7 +12,8 @@ class Processes {
   public:
     virtual ~Processes() = default;
     /// Starts the program and comes back when it has ended, however long that takes. Gives its exit code.
-    virtual int RunAndWait(const std::filesystem::path& program) = 0;
+    virtual int RunAndWait(const std::filesystem::path& program, const std::vector<std::string>& arguments) = 0;
+    int RunAndWait(const std::filesystem::path& program) { return RunAndWait(program, {}); }
     /// Starts the program and comes back at once.
     virtual void Start(const std::filesystem::path& program) = 0;
     /// Asks the platform to show a file in the program of its kind, and comes back at once. False when there is nobody
@@ -22,7 +24,8 @@ class Processes {
 /// Processes of this computer.
 class SystemProcesses : public Processes {
   public:
-    int RunAndWait(const std::filesystem::path& program) override;
+    using Processes::RunAndWait;
+    int RunAndWait(const std::filesystem::path& program, const std::vector<std::string>& arguments) override;
     void Start(const std::filesystem::path& program) override;
     bool Open(const std::filesystem::path& file) override;
 };

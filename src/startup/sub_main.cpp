@@ -22,14 +22,6 @@ void ReadHandOverRecord(Run& run, const DataFile& file)
         run.GlClient = run.host.programFolder.string();
 }
 
-/// The return form that the suite noted for this assessee-year.
-void ReadReturnForm(Run& run)
-{
-    const clsIniFile file{run.host.programFolder / "QelCtrl.ini"};
-    if (FileExists(file.File))
-        run.GlITR = Val(file.GetValue("ITR", run.Glcode));
-}
-
 /// The working file has a session of its own: what is written there must not wait for the files of the practice.
 void OpenDataFiles(Run& run, const DataFile& handOver)
 {
@@ -118,7 +110,7 @@ bool OpenPractice(Run& run, std::string_view handOverFile, std::string& why)
         return false;
     const DataFile handOver = HandOverFile(run, handOverFile);
     ReadHandOverRecord(run, handOver);
-    ReadReturnForm(run);
+    run.GlITR = ReturnFormOf(run.host.programFolder, run.Glcode);
     OpenDataFiles(run, handOver);
     return true;
 }
@@ -131,12 +123,17 @@ DataFile DataFileNamed(const Run& run, const std::string& name)
     return {path, folder / (name + ".dsn"), !isWorkingFile, folder};
 }
 
+double ReturnFormOf(const std::filesystem::path& programFolder, const std::string& code)
+{
+    const clsIniFile file{programFolder / "QelCtrl.ini"};
+    return FileExists(file.File) ? Val(file.GetValue("ITR", code)) : 0;
+}
+
 bool SubMain(Run& run, std::string& why)
 try {
     if (!OpenPractice(run, kHandOverFile, why))
         return false;
     const std::string notice = LockWhatCanOnlyBeRead(run);
-    CheckDataFiles(run);
     CheckDataFiles(run);
     OpenRights(run);
     run.GLrep.clear(); // from here on the summary's marker: its first display refreshes the remuneration

@@ -12,8 +12,11 @@ namespace pgbp {
 bool SubMain(Run& run, std::string& why);
 
 /// The first half of a start, which is all that a sibling program needs: settings, the record of that hand-over file,
-/// connections. False as for SubMain.
+/// connections. False and throws as SubMain does.
 bool OpenPractice(Run& run, std::string_view handOverFile, std::string& why);
+
+/// The return form that the suite noted for this assessee-year; 0 when it noted none.
+double ReturnFormOf(const std::filesystem::path& programFolder, const std::string& code);
 
 /// The suite's hand-over file, and that of the link with the accounts product.
 inline constexpr std::string_view kHandOverFile = "VornTemp.mdb";

@@ -3,6 +3,7 @@
 #include "services/text.h"
 #include "store/causes.h"
 #include "store/joint_journals.h"
+#include "store/schema.h"
 #include "store/statement.h"
 
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -347,6 +348,25 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
     }
     if (!JointJournals(files).empty())
         TidyUp(*engine, files);
+    return connections;
+}
+
+std::vector<Connection> OpenInMemory(std::span<const std::string_view> files)
+{
+    const std::filesystem::path memory = ":memory:";
+    const auto engine = std::make_shared<EmbeddedEngine>(memory);
+    std::vector<Connection> connections;
+    for (const std::string_view file : files) {
+        const std::string schema = connections.empty() ? "" : '[' + std::string(file) + ']';
+        if (!connections.empty())
+            engine->Attach(memory, schema);
+        const std::string prefix = schema.empty() ? "" : schema + '.';
+        for (const Table& table : Tables())
+            if (table.file == file)
+                engine->Execute(
+                    Replace(CreateTableText(table, kEmbeddedDialect), "create table ", "create table " + prefix), {});
+        connections.emplace_back(engine, prefix, FaultPlace{std::string(file) + " in memory"});
+    }
     return connections;
 }
 

@@ -5,6 +5,7 @@
 #include <filesystem>
 #include <span>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace pgbp {
@@ -18,5 +19,9 @@ std::vector<Connection> OpenEmbeddedFiles(std::span<const std::filesystem::path>
 
 /// A session that reads one embedded file and can write nothing to it. It waits for nobody. Throws StoreError.
 Connection OpenEmbeddedFileToRead(const std::filesystem::path& file);
+
+/// One session over data files of its own in memory, named as in the inventory ("company", "qeltemp" ...): their tables
+/// without rows and without indexes, gone with the session. One connection a file.
+std::vector<Connection> OpenInMemory(std::span<const std::string_view> files);
 
 } // namespace pgbp

@@ -16,10 +16,9 @@ namespace {
 
 constexpr QSize kTitleBar(0, 10 * kUnit);
 
-int ShowWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
-               const std::string& picture)
+int ShowWindow(const ChooserPrograms& programs, const std::string& picture)
 {
-    ChooserWindow window(programFolder, module);
+    ChooserWindow window(programs.folder, programs.module, programs.reporter);
     const QSize usual(1100, 640);
     if (!picture.empty())
         window.resize(usual);
@@ -36,8 +35,7 @@ int ShowWindow(const std::filesystem::path& programFolder, const std::filesystem
 
 } // namespace
 
-int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolder, const std::filesystem::path& module,
-                const std::string& picture)
+int ShowChooser(int argc, char** argv, const ChooserPrograms& programs, const std::string& picture)
 {
     const auto isSet = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
     if (!picture.empty())
@@ -49,7 +47,7 @@ int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolde
     QApplication::setApplicationName("pgbp-suite");
     ApplyTheme(application);
     try {
-        return ShowWindow(programFolder, module, picture);
+        return ShowWindow(programs, picture);
     } catch (const std::exception& error) { // who starts it from an icon sees no standard error
         if (picture.empty())
             WindowMessageBoxes("Vorn").Show({PreparersWords(error), "", Icon::Critical});

@@ -5,10 +5,16 @@
 
 namespace pgbp {
 
+/// The practice, and the programs that the chooser starts.
+struct ChooserPrograms {
+    std::filesystem::path folder;
+    std::filesystem::path module;
+    std::filesystem::path reporter;
+};
+
 /// Opens the chooser window and waits until it is closed; gives the exit code of the program. With a `picture` the
 /// window is drawn into that file instead, without a display. Throws std::runtime_error when there is no practice, no
 /// display, or the picture cannot be written.
-int ShowChooser(int argc, char** argv, const std::filesystem::path& programFolder, const std::filesystem::path& module,
-                const std::string& picture);
+int ShowChooser(int argc, char** argv, const ChooserPrograms& programs, const std::string& picture);
 
 } // namespace pgbp

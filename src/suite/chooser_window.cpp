@@ -9,6 +9,7 @@
 #include "services/fault.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
+#include "suite/reports_dialog.h"
 #include "suite/text_color.h"
 
 #include <QApplication>
@@ -58,8 +59,10 @@ bool IsText(const QKeyEvent& key)
 
 } // namespace
 
-ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module)
-    : practice_(programFolder), module_(module), look_{practice_.folders.Client() / "chooser.ini"},
+ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
+                             std::filesystem::path reporter)
+    : practice_(programFolder), module_(module),
+      reporter_(std::move(reporter)), look_{practice_.folders.Client() / "chooser.ini"},
       list_([this](AssesseeYear& year) {
           try {
               ReadHead(practice_, year);
@@ -166,6 +169,8 @@ void ChooserWindow::BuildBottom()
     newClient_ = Button("&New Client ...");
     addYear_ = Button("Add &Year ...");
     changeSettings_ = Button("Client Se&ttings ...");
+    reports_ = Button("&Reports ...");
+    reports_->setToolTip("Computations on paper; Ctrl+P shows that of the marked client");
     open_ = Button("&Open");
     open_->setProperty("main", true);
     close_ = Button("&Close");
@@ -175,7 +180,7 @@ void ChooserWindow::BuildBottom()
 
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * kUnit);
-    for (QPushButton* button : {newClient_, addYear_, changeSettings_})
+    for (QPushButton* button : {newClient_, addYear_, changeSettings_, reports_})
         row->addWidget(button);
     row->addStretch();
     row->addWidget(open_);
@@ -209,6 +214,7 @@ void ChooserWindow::Connect()
     connect(newClient_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddClient));
     connect(addYear_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddYear));
     connect(changeSettings_, &QPushButton::clicked, this, guarded(&ChooserWindow::ChangeSettings));
+    connect(reports_, &QPushButton::clicked, this, guarded(&ChooserWindow::ReportOnMany));
     connect(close_, &QPushButton::clicked, this, [this] { close(); });
 }
 
@@ -252,6 +258,8 @@ bool ChooserWindow::TakesKey(QObject* watched, const QKeyEvent& key)
     const int column = key.key() - Qt::Key_1;
     if (key.modifiers() == Qt::ControlModifier && column >= 0 && column < YearList::ColumnCount) {
         SortBy(static_cast<YearList::Column>(column));
+    } else if (key.matches(QKeySequence::Print)) {
+        Guarded([&] { ReportOnChosen(); });
     } else if (key.key() == Qt::Key_Escape) {
         SearchAnew("");
     } else if (key.key() == Qt::Key_F5) {
@@ -337,6 +345,7 @@ void ChooserWindow::ShowOptions()
     open_->setEnabled(chosen && !module_.IsRunning());
     addYear_->setEnabled(chosen);
     changeSettings_->setEnabled(chosen);
+    reports_->setEnabled(chosen);
     whose_->clear();
     whose_->addItem("the assessee, with his minors", 0);
     if (chosen) {
@@ -445,6 +454,35 @@ void ChooserWindow::ChangeSettings()
     if (dialog.exec() == QDialog::Accepted)
         ShowOptions();
     table_->setFocus();
+}
+
+void ChooserWindow::ReportOnMany()
+{
+    const AssesseeYear* chosen = Chosen();
+    if (!chosen)
+        return;
+    std::vector<std::string> all;
+    for (std::size_t row = 0; row < list_.Size(); ++row)
+        all.push_back(list_.At(row).code);
+    std::vector<ReportsDialog::Choice> choices{{Text(chosen->name + ", " + chosen->year), {chosen->code}}};
+    if (all.size() > 1)
+        choices.push_back({QString("All %1 assessee-years in the list").arg(all.size()), std::move(all)});
+    ReportsDialog(this, practice_.folders.program, reporter_, choices).exec();
+    table_->setFocus();
+}
+
+/// In a window of its own, beside which the work goes on.
+void ChooserWindow::ReportOnChosen()
+{
+    const AssesseeYear* chosen = Chosen();
+    if (!chosen)
+        return;
+    const QStringList arguments{"--program-folder", Text(practice_.folders.program.string()), "--window",
+                                Text(chosen->code)};
+    if (QProcess::startDetached(Text(reporter_.string()), arguments))
+        Tell(Text("The computation of " + chosen->name + ", " + chosen->year + " is shown in a window of its own."));
+    else
+        Tell("The program " + Text(reporter_.string()) + " could not be started.", true);
 }
 
 void ChooserWindow::Tell(const QString& text, bool isFailure)

@@ -27,7 +27,8 @@ class ElidedLabel;
 class ChooserWindow : public QWidget {
   public:
     /// Throws std::runtime_error when no practice stands in the folder.
-    ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module);
+    ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
+                  std::filesystem::path reporter);
 
     /// Shows only what holds each of the words, as typing them does.
     void Search(const QString& text);
@@ -55,6 +56,8 @@ class ChooserWindow : public QWidget {
     void AddClient();
     void AddYear();
     void ChangeSettings();
+    void ReportOnMany();
+    void ReportOnChosen();
     void Added(const std::string& code);
     void ModuleEnded(const QString& failure, const QString& said);
     QString WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const;
@@ -72,9 +75,10 @@ class ChooserWindow : public QWidget {
 
     Practice practice_;
     ModuleProcess module_;
-    std::string openCode_;    ///< of the assessee-year that the module has open, or had last
-    ClientSettings settings_; ///< of the chosen assessee-year
-    clsIniFile look_;         ///< order of the list, size of the window: of this workstation
+    const std::filesystem::path reporter_; ///< the program of reports
+    std::string openCode_;                 ///< of the assessee-year that the module has open, or had last
+    ClientSettings settings_;              ///< of the chosen assessee-year
+    clsIniFile look_;                      ///< order of the list, size of the window: of this workstation
     YearList list_;
     AssesseeYearModel rows_{list_};
 
@@ -87,6 +91,7 @@ class ChooserWindow : public QWidget {
     QPushButton* newClient_ = nullptr;
     QPushButton* addYear_ = nullptr;
     QPushButton* changeSettings_ = nullptr;
+    QPushButton* reports_ = nullptr;
     QPushButton* close_ = nullptr;
     QLabel* message_ = nullptr;
 };

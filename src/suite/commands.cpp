@@ -161,6 +161,16 @@ void RunAndShow(Suite& suite, Words words)
     Show(suite, words.first(1));
 }
 
+/// The program of reports tells what it makes and what fails.
+void Report(Suite& suite, Words words)
+{
+    std::vector<std::string> arguments{"--program-folder", suite.programFolder.string()};
+    arguments.insert(arguments.end(), words.begin(), words.end());
+    suite.out.flush();
+    if (suite.processes.RunAndWait(suite.standIns.reporter, arguments) != 0)
+        throw std::runtime_error("Not all reports were made.");
+}
+
 void Fill(Suite& suite, Words words)
 {
     const double count = NumberOf(words[0], "number of assessee-years");
@@ -188,6 +198,9 @@ constexpr Command kCommands[] = {
     {"run", "CODE [COLUMN=VALUE ...]", "hands over, starts the module, shows the head of income that came back", 1,
      kAnyNumber, RunAndShow},
     {"show", "CODE", "the head of income as it was written last", 1, 1, Show},
+    {"report", "CODE ... [--pdf FOLDER | --xls FOLDER | --text]",
+     "the computation of each client on paper: a file in FOLDER named by PAN and year, or as text", 1, kAnyNumber,
+     Report},
     {"fill", "COUNT", "adds that many assessee-years made up from the demonstration clients", 1, 1, Fill},
     {"--help", "", "this text", 0, 0, Help},
 };

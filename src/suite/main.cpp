@@ -29,14 +29,15 @@ try {
     pgbp::Suite suite{ChosenProgramFolder(),
                       BesideThisProgram("data"),
                       BesideThisProgram("pgbp"),
-                      {BesideThisProgram("pgbp-audit-reader"), BesideThisProgram("pgbp-books-link")},
+                      {BesideThisProgram("pgbp-audit-reader"), BesideThisProgram("pgbp-books-link"),
+                       BesideThisProgram("pgbp-report")},
                       processes,
                       std::cout};
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))
         suite.programFolder = *told;
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
     if (words.empty())
-        return pgbp::ShowChooser(argc, argv, suite.programFolder, suite.module, picture);
+        return pgbp::ShowChooser(argc, argv, {suite.programFolder, suite.module, suite.standIns.reporter}, picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {

@@ -177,7 +177,8 @@ void LinkStandIns(const std::filesystem::path& programFolder, const StandIns& st
 {
     const std::pair<const char*, const fs::path&> siblings[] = {{"Audit3CDReader.exe", standIns.auditReader},
                                                                 {"OVVORNLink.exe", standIns.booksLink},
-                                                                {"VORNLink.exe", standIns.booksLink}};
+                                                                {"VORNLink.exe", standIns.booksLink},
+                                                                {"VornRep.exe", standIns.reporter}};
     for (const auto& [name, program] : siblings) {
         const fs::path place = programFolder / name;
         std::error_code ignored;

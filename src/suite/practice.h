@@ -3,6 +3,7 @@
 #include "store/connection.h"
 
 #include <filesystem>
+#include <string_view>
 
 namespace pgbp {
 
@@ -44,6 +45,7 @@ void CreatePractice(const std::filesystem::path& programFolder, const std::files
 struct StandIns {
     std::filesystem::path auditReader; ///< reads audit reports
     std::filesystem::path booksLink;   ///< brings statements out of the accounts product, by either link
+    std::filesystem::path reporter;    ///< prints the computation
 };
 
 /// Puts links to them into the practice, under the names by which the module starts its siblings, where none stands

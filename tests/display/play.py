@@ -85,7 +85,7 @@ class Case:
         except OSError:  # another file system
             shutil.copy(programs / "pgbp-suite", beside / "pgbp-suite")
         (beside / "data").symlink_to((programs / "data").resolve())
-        for program in ("pgbp-audit-reader", "pgbp-books-link"):
+        for program in ("pgbp-audit-reader", "pgbp-books-link", "pgbp-report"):
             (beside / program).symlink_to(programs / program)
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
         (beside / "pgbp").chmod(0o755)

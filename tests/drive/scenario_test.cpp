@@ -8,6 +8,8 @@
 #include "audit_report/tables.h"
 #include "drive/interpreter.h"
 #include "module/module.h"
+#include "report/computation_reader.h"
+#include "report/plain_text.h"
 #include "startup/sub_main.h"
 #include "suite/assessee_years.h"
 #include "suite/hand_over_row.h"
@@ -39,11 +41,11 @@ const std::filesystem::path& DemonstrationPractice()
 /// The link with the accounts product runs as a process of its own; other siblings are only noted.
 class StageProcesses : public TestProcesses {
   public:
-    int RunAndWait(const std::filesystem::path& program) override
+    int RunAndWait(const std::filesystem::path& program, const std::vector<std::string>& arguments) override
     {
         if (program.filename().string().ends_with("VORNLink.exe"))
-            return SystemProcesses().RunAndWait(program);
-        return TestProcesses::RunAndWait(program);
+            return SystemProcesses().RunAndWait(program, arguments);
+        return TestProcesses::RunAndWait(program, arguments);
     }
 };
 
@@ -55,6 +57,7 @@ class Stage {
         temporary_.Write("practice/Drive.txt", (root_ / "handover").string());
         Open("server/company.mdb")
             .Execute("update {misc_items} set linking = ? where [Type] = 'OVPATH'", (root_ / "accounts").string());
+        processes_.whileRunning = [this] { PrintComputation(); };
     }
 
     /// Plays a scenario: what stands between two directives goes to the driver in one piece.
@@ -94,7 +97,7 @@ class Stage {
         else if (word == "choose")
             Choose(words);
         else if (word == "siblings")
-            LinkStandIns(root_, {.auditReader = PGBP_BOOKS_LINK, .booksLink = PGBP_BOOKS_LINK});
+            LinkStandIns(root_, {PGBP_BOOKS_LINK, PGBP_BOOKS_LINK, PGBP_BOOKS_LINK}); // the links alone are used
         else if (word == "server")
             PutBooksOnServer();
         else if (word == "start")
@@ -140,6 +143,21 @@ class Stage {
                 }
         std::ofstream(root_ / "OVServer.ini")
             << "[OV3]\nSERVER=" << login->server << "\nUSER=" << login->user << "\nPASS=" << login->password << '\n';
+    }
+
+    /// What the program of reports prints for the record that was handed to it, without blank lines.
+    void PrintComputation()
+    {
+        if (processes_.started.back() != "VornRep.exe")
+            return;
+        HandOver record;
+        ReadHandOver(OpenFile({root_ / "handover/VornTemp.mdb", {}}), record);
+        report::ClientCopy copy({root_, run_->company, run_->balance, run_->tax}, record,
+                                ReturnFormOf(root_, record.Glcode));
+        std::istringstream text(PlainText(report::ReadComputation(copy)));
+        for (std::string line; std::getline(text, line);)
+            if (!line.empty())
+                transcript_ << line << '\n';
     }
 
     /// The audit report that the preparer chooses in the reader's own window; "none" for none.

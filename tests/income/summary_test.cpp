@@ -258,3 +258,21 @@ TEST(Summary, ReportsOnThePrecedingYear)
     EXPECT_EQ(practice.run->Glyear, "2023-24");
     EXPECT_EQ(practice.run->GLrep, "PGBP") << "the next recompute refreshes the remuneration";
 }
+
+TEST(Summary, ReportsOnTheYearAtHandByControlPInALockedYearToo)
+{
+    for (const int lock : {0, 1}) {
+        EmptyPractice practice;
+        practice.handOver.GLlock = lock;
+        auto& form = practice.Begin(2023, "06");
+        practice.processes.whileRunning = [&] {
+            HandOver seen;
+            ReadHandOver(practice.File("handover/VornTemp.mdb"), seen);
+            EXPECT_EQ(seen.Glcode, "A0001r2023-24");
+            EXPECT_EQ(seen.Glyear, "2023-24");
+            EXPECT_EQ(seen.GLrep, "PGBP");
+        };
+        form.Press(Key::Print);
+        EXPECT_EQ(practice.processes.started, std::vector<std::string>{"VornRep.exe"}) << lock;
+    }
+}

@@ -54,3 +54,16 @@ TEST(RemunerationLimit, FollowsTheSlabsOfEachYear)
     for (const auto& row : rows)
         EXPECT_EQ(RemunerationLimit(row.bookProfit, row.year, row.status), row.limit) << row.what;
 }
+
+TEST(RemunerationLimit, TellsEachSlab)
+{
+    const RemunerationWorking ten = WorkRemunerationLimit(1000000, 2009, "05");
+    EXPECT_EQ(ten.slabs, (std::vector<RemunerationSlab>{{75000, 90, 67500}, {75000, 60, 45000}, {850000, 40, 340000}}));
+    EXPECT_EQ(ten.atLeast, 0);
+    const RemunerationWorking atTheEnd = WorkRemunerationLimit(300000, 2023, "06");
+    EXPECT_EQ(atTheEnd.slabs, (std::vector<RemunerationSlab>{{300000, 90, 270000}}));
+    const RemunerationWorking loss = WorkRemunerationLimit(-10000, 2023, "05");
+    EXPECT_EQ(loss.slabs, (std::vector<RemunerationSlab>{{-10000, 90, -9000}}));
+    EXPECT_EQ(loss.atLeast, 150000);
+    EXPECT_EQ(loss.limit, 150000);
+}

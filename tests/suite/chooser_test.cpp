@@ -12,6 +12,8 @@
 #include <QHeaderView>
 #include <QLabel>
 #include <QLineEdit>
+#include <QListWidget>
+#include <QProgressBar>
 #include <QPushButton>
 #include <QTableView>
 #include <QTest>
@@ -41,6 +43,12 @@ class Chooser : public testing::Test {
         std::filesystem::permissions(Module(), std::filesystem::perms::owner_all);
     }
     std::filesystem::path Module() const { return scripts.path() / "module"; }
+    std::filesystem::path Reporter() const { return scripts.path() / "reporter"; }
+    void WriteReporter(const std::string& script)
+    {
+        scripts.Write("reporter", "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(Reporter(), std::filesystem::perms::owner_all);
+    }
     QTableView& Table() { return *window.findChild<QTableView*>(); }
     QString Cell(int row, int column) { return Table().model()->index(row, column).data().toString(); }
     /// The message below the list.
@@ -88,7 +96,7 @@ class Chooser : public testing::Test {
 
     NewPractice folder;
     TemporaryFolder scripts;
-    ChooserWindow window{folder.folder(), Module()};
+    ChooserWindow window{folder.folder(), Module(), Reporter()};
 };
 
 TEST_F(Chooser, FindsByTypingAndWalksWithTheArrows)
@@ -182,6 +190,102 @@ TEST_F(Chooser, TellsWhyTheModuleEnded)
     std::filesystem::remove(Module());
     window.Open();
     WaitFor("could not be started");
+}
+
+/// The dialog of reports with what it tells.
+struct Reports {
+    explicit Reports(QDialog& itsDialog) : dialog(itsDialog) {}
+    QPushButton& Button(const QString& caption)
+    {
+        for (auto* button : dialog.findChildren<QPushButton*>())
+            if (button->text() == caption)
+                return *button;
+        throw std::out_of_range(caption.toStdString());
+    }
+    bool Tells(const QString& words)
+    {
+        return QTest::qWaitFor(
+            [&] {
+                for (auto* label : dialog.findChildren<QLabel*>())
+                    if (label->text().contains(words))
+                        return true;
+                return false;
+            },
+            5000);
+    }
+    QListWidget& Failures() { return *dialog.findChild<QListWidget*>(); }
+    QProgressBar& Progress() { return *dialog.findChild<QProgressBar*>(); }
+
+    QDialog& dialog;
+};
+
+TEST_F(Chooser, WritesTheReportsOfAllListedAndTellsWhatFailed)
+{
+    window.Search("2023-24 hosiery");
+    window.Search("1003r");
+    WriteReporter("echo noise of a library >&2; n=0; while read code; do n=$((n+1)); case $code in "
+                  "*2022*) echo \"$n/3 $code failed: no space\";; *) echo \"$n/3 $code file.pdf\";; esac; done; "
+                  "echo \"$@\" > \"$(dirname \"$0\")/arguments\"; exit 1");
+    InDialog("&Reports ...", [&](QDialog& dialog) {
+        Reports reports(dialog);
+        dialog.findChildren<QComboBox*>()[0]->setCurrentIndex(1);
+        dialog.findChild<QLineEdit*>()->setText("/some/folder");
+        QTest::mouseClick(&reports.Button("&Write"), Qt::LeftButton);
+        EXPECT_TRUE(reports.Tells("2 of 3 reports stand in /some/folder"));
+        EXPECT_EQ(reports.Progress().value(), 3);
+        ASSERT_EQ(reports.Failures().count(), 1);
+        EXPECT_EQ(reports.Failures().item(0)->text(), "1003r2022-23: no space");
+        QTest::mouseClick(&reports.Button("&Close"), Qt::LeftButton);
+    });
+    std::ifstream arguments(scripts.path() / "arguments");
+    std::string told;
+    std::getline(arguments, told);
+    EXPECT_EQ(told, "--program-folder " + folder.folder().string() + " --pdf /some/folder -");
+}
+
+TEST_F(Chooser, ReportsAreCancelledByEscape)
+{
+    window.Search("1003r2023-24");
+    WriteReporter("echo '1/1 1003r2023-24 '; exec sleep 60");
+    InDialog("&Reports ...", [&](QDialog& dialog) {
+        Reports reports(dialog);
+        QTest::mouseClick(&reports.Button("&Write"), Qt::LeftButton);
+        EXPECT_TRUE(QTest::qWaitFor([&] { return reports.Progress().value() == 1; }, 5000));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+        EXPECT_TRUE(reports.Tells("Cancelled: "));
+        EXPECT_TRUE(dialog.isVisible());
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    WriteReporter("echo The practice is locked. >&2; exit 1");
+    InDialog("&Reports ...", [&](QDialog& dialog) {
+        Reports reports(dialog);
+        QTest::mouseClick(&reports.Button("&Write"), Qt::LeftButton);
+        EXPECT_TRUE(reports.Tells("0 of 1 reports"));
+        ASSERT_EQ(reports.Failures().count(), 1);
+        EXPECT_EQ(reports.Failures().item(0)->text(), "The practice is locked.");
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+    std::filesystem::remove(Reporter());
+    InDialog("&Reports ...", [&](QDialog& dialog) {
+        Reports reports(dialog);
+        QTest::mouseClick(&reports.Button("&Write"), Qt::LeftButton);
+        EXPECT_TRUE(reports.Tells("could not be started"));
+        QTest::keyClick(&dialog, Qt::Key_Escape);
+    });
+}
+
+TEST_F(Chooser, ControlPShowsTheComputationOfTheMarkedClient)
+{
+    WriteReporter("echo \"$@\" > \"$(dirname \"$0\")/arguments.new\"; cd \"$(dirname \"$0\")\"; "
+                  "mv arguments.new arguments");
+    window.Search("1003r2022-23");
+    QTest::keyClick(&Search(), Qt::Key_P, Qt::ControlModifier);
+    const auto noted = scripts.path() / "arguments";
+    ASSERT_TRUE(QTest::qWaitFor([&] { return std::filesystem::exists(noted); }, 5000));
+    std::ifstream arguments(noted);
+    std::string told;
+    std::getline(arguments, told);
+    EXPECT_EQ(told, "--program-folder " + folder.folder().string() + " --window 1003r2022-23");
 }
 
 } // namespace

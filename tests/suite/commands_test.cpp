@@ -19,7 +19,7 @@ namespace {
 /// A module that does what the test says.
 class FakeModule : public Processes {
   public:
-    int RunAndWait(const std::filesystem::path&) override
+    int RunAndWait(const std::filesystem::path&, const std::vector<std::string>&) override
     {
         programFolder = std::getenv("PGBP_PROGRAM_FOLDER");
         return work();
@@ -36,7 +36,8 @@ class Commands : public testing::Test {
     std::string Run(std::vector<std::string> words)
     {
         std::ostringstream out;
-        Suite suite{made.folder(), PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link"}, module, out};
+        Suite suite{made.folder(), PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link", "pgbp-report"},
+                    module,        out};
         RunCommand(suite, words);
         return out.str();
     }
@@ -230,7 +231,7 @@ TEST(FirstStarts, ManyAtOnceMakeOnePracticeAndOneHandOverFile)
     FakeModule module;
     const auto ensure = [&] {
         std::ostringstream out;
-        Suite suite{folder, PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link"}, module, out};
+        Suite suite{folder, PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link", "pgbp-report"}, module, out};
         RunCommand(suite, std::vector<std::string>{"ensure"});
     };
     EXPECT_EQ(FailuresAtOnce(4, ensure), std::vector<std::string>());

@@ -19,7 +19,7 @@ namespace pgbp {
 /// Sibling programs that only note what was started.
 class TestProcesses : public Processes {
   public:
-    int RunAndWait(const std::filesystem::path& program) override
+    int RunAndWait(const std::filesystem::path& program, const std::vector<std::string>&) override
     {
         started.push_back(program.filename().string());
         if (whileRunning)
