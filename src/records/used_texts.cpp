@@ -7,12 +7,14 @@
 namespace pgbp {
 namespace {
 
-/// Texts in the order in which they came, each in its first writing.
+/// Texts in the order in which they came, each in its first writing. The rows that they stand in outlive it.
 class TextsOnce {
   public:
-    void Add(const Value& field)
+    void Add(std::string_view field)
     {
-        std::string text = Trim(field.Text());
+        if (!seenAsItIs_.insert(field).second) // most are written alike
+            return;
+        std::string text = Trim(field);
         if (!text.empty() && seen_.insert(Upper(text)).second)
             texts.push_back(std::move(text));
     }
@@ -20,27 +22,28 @@ class TextsOnce {
     std::vector<std::string> texts;
 
   private:
+    std::unordered_set<std::string_view> seenAsItIs_;
     std::unordered_set<std::string> seen_;
 };
 
 /// `type` is that of the rows; empty for all.
 UsedTexts Read(const Run& run, const std::string& table, std::string_view type)
 {
+    const std::string columns =
+        std::string("select name1, name2") + (type.empty() ? "" : ", [Type]") + " from {" + table;
+    std::vector<Recordset> found;
+    for (const std::string& code : {run.Glcode, run.GlPrCode})
+        found.push_back(run.company.Query(columns + "} where code = ?", code));
+    if (const std::string_view latest = run.company.dialect().latestRows; !latest.empty())
+        found.push_back(run.company.Query(columns + '}' + std::string(latest)));
     TextsOnce name1;
     TextsOnce name2;
-    const auto add = [&](const Recordset& rows) {
-        for (const Row row : rows) {
-            if (!type.empty() && !EqualsIgnoringCase(row.At(0).Text(), type))
-                continue;
-            name1.Add(row.At(1));
-            name2.Add(row.At(2));
-        }
-    };
-    const std::string columns = "select [Type], name1, name2 from {" + table + "}";
-    for (const std::string& code : {run.Glcode, run.GlPrCode})
-        add(run.company.Query(columns + " where code = ?", code));
-    if (const std::string_view latest = run.company.dialect().latestRows; !latest.empty())
-        add(run.company.Query(columns + std::string(latest)));
+    for (const Recordset& rows : found)
+        for (const Row row : rows)
+            if (type.empty() || EqualsIgnoringCase(row.At(2).HeldText(), type)) {
+                name1.Add(row.At(0).HeldText());
+                name2.Add(row.At(1).HeldText());
+            }
     return {std::move(name1.texts), std::move(name2.texts)};
 }
 
