@@ -11,6 +11,7 @@ LIBRARIES = {  # headers beginning so: the folders that may include them
     r"qpdf/": {"report_program"},
     r"pugixml|nlohmann/": {"audit_report"},
     r"csv\.h": {"trial_balance"},
+    r"zlib\.h": {"suite"},
     r"SQLiteCpp/|sqlite3\.h": {"store"},
     r"sql(ext|types|ucode)?\.h": {"store"},
 }

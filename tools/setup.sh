@@ -7,7 +7,7 @@ packages="
     g++ cmake make ninja-build ccache python3
     qt6-base-dev fonts-dejavu-core fonts-liberation libqpdf-dev poppler-utils
     libsqlitecpp-dev libsqlite3-dev
-    libpugixml-dev nlohmann-json3-dev libcsv-dev
+    libpugixml-dev nlohmann-json3-dev libcsv-dev zlib1g-dev
     unixodbc-dev odbc-mariadb mariadb-server
     libgtest-dev libgmock-dev libbenchmark-dev
     gnumeric

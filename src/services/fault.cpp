@@ -60,7 +60,8 @@ constexpr std::string_view kOwnMistake =
     "again. If it comes back, show the file {log} in the client folder to who looks after the program.";
 
 constexpr std::string_view kAttempts[] = {"The data could not be opened", "The data could not be read",
-                                          "The changes could not be saved"};
+                                          "The changes could not be saved", "The backup could not be made",
+                                          "The backup could not be restored"};
 
 std::string InWords(const FaultPlace& place)
 {
@@ -74,6 +75,8 @@ std::string_view WhatIsLeft(Cause cause, Attempt attempt)
 {
     if (cause == Cause::Uncertain)
         return "";
+    if (attempt == Attempt::Backup)
+        return "The earlier backups stay as they are. ";
     return attempt == Attempt::Save && cause != Cause::Damaged ? "Nothing is lost. " : "Nothing was changed. ";
 }
 
@@ -91,7 +94,7 @@ std::string Told(Cause cause, Attempt attempt, const FaultPlace& place)
 } // namespace
 
 Fault::Fault(Cause cause, Attempt attempt, const FaultPlace& place, std::string technical)
-    : std::runtime_error(Told(cause, attempt, place)), cause_(cause), technical_(std::move(technical))
+    : std::runtime_error(Told(cause, attempt, place)), cause_(cause), place_(place), technical_(std::move(technical))
 {
 }
 

@@ -25,7 +25,7 @@ enum class Cause {
 };
 
 /// What was to be done with it.
-enum class Attempt { Open, Read, Save };
+enum class Attempt { Open, Read, Save, Backup, Restore };
 
 /// The file or the server.
 struct FaultPlace {
@@ -42,10 +42,12 @@ class Fault : public std::runtime_error {
     explicit Fault(const std::string& words, std::string technical = {});
 
     Cause cause() const { return cause_; }
+    const FaultPlace& place() const { return place_; }
     const std::string& technical() const { return technical_; }
 
   private:
     Cause cause_ = Cause::Unknown;
+    FaultPlace place_;
     std::string technical_;
 };
 

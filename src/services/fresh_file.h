@@ -23,6 +23,9 @@ class FreshFile {
 
     void TakeRightsOf(const std::filesystem::path& other);
     void Write(std::string_view content);
+    /// The content of another file, which this process must not hold open as a data file: closing it lets go of the
+    /// process's locks on it.
+    void WriteCopyOf(const std::filesystem::path& other);
 
     /// Replaces what stands in the place, in one step that outlives a loss of power: the content is on the disk before.
     void TakePlace();
@@ -31,11 +34,36 @@ class FreshFile {
 
   private:
     bool MoveToFreePlace() const;
-    void Flush() const;
-    void FlushFolder() const;
 
     std::filesystem::path place_;
     std::filesystem::path path_;
 };
+
+/// A folder in the making, beside the place it is to take; gone with its owner if it took none. Nobody else can look
+/// into it until then. The folders above it are made where they are missing. Each call throws Fault.
+class FreshFolder {
+  public:
+    explicit FreshFolder(std::filesystem::path place);
+    ~FreshFolder();
+    FreshFolder(const FreshFolder&) = delete;
+
+    const std::filesystem::path& path() const { return path_; }
+    const std::filesystem::path& place() const { return place_; }
+
+    /// Replaces nothing but an empty folder, in one step that outlives a loss of power: all that is in it is on the
+    /// disk before.
+    void TakePlace();
+
+  private:
+    std::filesystem::path place_;
+    std::filesystem::path path_;
+    mode_t rights_ = 0; ///< in its place
+};
+
+/// A free name for what is on its way to that place, or from it to its end.
+std::filesystem::path NameInTheMaking(const std::filesystem::path& place);
+
+/// The name is one that a file or a folder in the making has, or that a process which was killed left behind.
+bool IsNameInTheMaking(const std::filesystem::path& path);
 
 } // namespace pgbp

@@ -48,18 +48,33 @@ bool IsDamage(const SQLite::Exception& error)
     return error.getErrorCode() == SQLITE_CORRUPT || error.getErrorCode() == SQLITE_NOTADB;
 }
 
-} // namespace
-
-std::optional<std::string> DamageOf(const std::filesystem::path& file, const std::stop_token& stop)
+/// What the engine finds in the database that `open` gives.
+template <typename Open>
+std::optional<std::string> DamageFound(const std::filesystem::path& file, Open open)
 try {
-    SQLite::Database copy = CopyOf(file, stop);
-    EndWhenStopped(copy, stop);
-    const std::string found = copy.execAndGet("pragma integrity_check(1)").getString();
+    SQLite::Database database = open();
+    const std::string found = database.execAndGet("pragma integrity_check(1)").getString();
     return found == "ok" ? std::nullopt : std::optional(found);
 } catch (const SQLite::Exception& error) {
     if (IsDamage(error))
         return error.what();
     throw StoreError(EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Read, {file.string()}, error.what());
+}
+
+} // namespace
+
+std::optional<std::string> DamageOf(const std::filesystem::path& file, const std::stop_token& stop)
+{
+    return DamageFound(file, [&] {
+        SQLite::Database copy = CopyOf(file, stop);
+        EndWhenStopped(copy, stop);
+        return copy;
+    });
+}
+
+std::optional<std::string> DamageOfQuiet(const std::filesystem::path& file)
+{
+    return DamageFound(file, [&] { return SQLite::Database(file.string(), SQLite::OPEN_READONLY); });
 }
 
 } // namespace pgbp

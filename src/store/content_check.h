@@ -12,4 +12,7 @@ namespace pgbp {
 /// StoreError when the file can not be read, or when `stop` is asked for.
 std::optional<std::string> DamageOf(const std::filesystem::path& file, const std::stop_token& stop);
 
+/// The same of a file that nobody writes to, without a copy.
+std::optional<std::string> DamageOfQuiet(const std::filesystem::path& file);
+
 } // namespace pgbp

@@ -7,6 +7,7 @@
 #include "desktop/theme.h"
 #include "services/error_log.h"
 #include "services/fault.h"
+#include "suite/backup.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
 #include "suite/reports_dialog.h"
@@ -62,6 +63,7 @@ bool IsText(const QKeyEvent& key)
 ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
                              std::filesystem::path reporter)
     : practice_(programFolder), module_(module),
+      backup_(module.parent_path() / "pgbp-suite", practice_.folders.program),
       reporter_(std::move(reporter)), look_{practice_.folders.Client() / "chooser.ini"},
       list_([this](AssesseeYear& year) {
           try {
@@ -85,6 +87,10 @@ ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const s
     Connect();
     TakeUp();
     Reload("");
+    Guarded([&] {
+        if (const std::string warning = BackupWarning(practice_.folders.program, Now()); !warning.empty())
+            Tell(Text(warning), true);
+    });
     search_->setFocus();
 }
 
@@ -171,6 +177,8 @@ void ChooserWindow::BuildBottom()
     changeSettings_ = Button("Client Se&ttings ...");
     reports_ = Button("&Reports ...");
     reports_->setToolTip("Computations on paper; Ctrl+P shows that of the marked client");
+    backUp_ = Button("&Back Up");
+    backUp_->setToolTip("Copies all data of the practice, checked, while you go on working");
     open_ = Button("&Open");
     open_->setProperty("main", true);
     close_ = Button("&Close");
@@ -180,7 +188,7 @@ void ChooserWindow::BuildBottom()
 
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * kUnit);
-    for (QPushButton* button : {newClient_, addYear_, changeSettings_, reports_})
+    for (QPushButton* button : {newClient_, addYear_, changeSettings_, reports_, backUp_})
         row->addWidget(button);
     row->addStretch();
     row->addWidget(open_);
@@ -215,6 +223,11 @@ void ChooserWindow::Connect()
     connect(addYear_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddYear));
     connect(changeSettings_, &QPushButton::clicked, this, guarded(&ChooserWindow::ChangeSettings));
     connect(reports_, &QPushButton::clicked, this, guarded(&ChooserWindow::ReportOnMany));
+    connect(backUp_, &QPushButton::clicked, this, [this] { BackUp(); });
+    backup_.ended = [this](const QString& told, bool isFailure) {
+        backUp_->setEnabled(true);
+        Tell(told, isFailure);
+    };
     connect(close_, &QPushButton::clicked, this, [this] { close(); });
 }
 
@@ -244,6 +257,7 @@ void ChooserWindow::KeepLook()
 void ChooserWindow::closeEvent(QCloseEvent* event)
 {
     Guarded([&] { KeepLook(); });
+    backup_.LeaveBehind();
     QWidget::closeEvent(event);
 }
 
@@ -483,6 +497,14 @@ void ChooserWindow::ReportOnChosen()
         Tell(Text("The computation of " + chosen->name + ", " + chosen->year + " is shown in a window of its own."));
     else
         Tell("The program " + Text(reporter_.string()) + " could not be started.", true);
+}
+
+void ChooserWindow::BackUp()
+{
+    search_->setFocus();
+    backUp_->setEnabled(false);
+    Tell("A backup is being made. You can go on working.");
+    backup_.Start();
 }
 
 void ChooserWindow::Tell(const QString& text, bool isFailure)

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "services/ini_file.h"
+#include "suite/backup_process.h"
 #include "suite/chooser_model.h"
 #include "suite/client_settings.h"
 #include "suite/hand_over_row.h"
@@ -58,6 +59,7 @@ class ChooserWindow : public QWidget {
     void ChangeSettings();
     void ReportOnMany();
     void ReportOnChosen();
+    void BackUp();
     void Added(const std::string& code);
     void ModuleEnded(const QString& failure, const QString& said);
     QString WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const;
@@ -75,7 +77,11 @@ class ChooserWindow : public QWidget {
 
     Practice practice_;
     ModuleProcess module_;
+    BackupProcess backup_;
     const std::filesystem::path reporter_; ///< the program of reports
+    std::string openCode_;                 ///< of the assessee-year that the module has open, or had last
+    ClientSettings settings_;              ///< of the chosen assessee-year
+    clsIniFile look_;                      ///< order of the list, size of the window: of this workstation
     std::string openCode_;                 ///< of the assessee-year that the module has open, or had last
     ClientSettings settings_;              ///< of the chosen assessee-year
     clsIniFile look_;                      ///< order of the list, size of the window: of this workstation
@@ -92,6 +98,7 @@ class ChooserWindow : public QWidget {
     QPushButton* addYear_ = nullptr;
     QPushButton* changeSettings_ = nullptr;
     QPushButton* reports_ = nullptr;
+    QPushButton* backUp_ = nullptr;
     QPushButton* close_ = nullptr;
     QLabel* message_ = nullptr;
 };

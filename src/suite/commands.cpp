@@ -3,6 +3,7 @@
 #include "services/format.h"
 #include "services/utf8.h"
 #include "suite/assessee_kinds.h"
+#include "suite/backup_commands.h"
 #include "suite/client_settings.h"
 #include "suite/fill.h"
 #include "suite/hand_over_row.h"
@@ -202,6 +203,12 @@ constexpr Command kCommands[] = {
      "the computation of each client on paper: a file in FOLDER named by PAN and year, or as text", 1, kAnyNumber,
      Report},
     {"fill", "COUNT", "adds that many assessee-years made up from the demonstration clients", 1, 1, Fill},
+    {"backup", "[if-due]",
+     "copies all files while others work; with if-due only where today has none and work was stored", 0, 1,
+     BackupCommand},
+    {"backups", "", "the backups that count, the newest first", 0, 0, BackupsCommand},
+    {"restore", "BACKUP NEWFOLDER", "makes the practice of a backup anew in a new or empty folder", 2, 2,
+     RestoreCommand},
     {"--help", "", "this text", 0, 0, Help},
 };
 

@@ -1,3 +1,4 @@
+#include "services/fresh_file.h"
 #include "services/ini_file.h"
 #include "services/utf8.h"
 #include "store/files.h"
@@ -9,42 +10,12 @@
 #include <algorithm>
 #include <fstream>
 #include <map>
-#include <random>
 #include <stdexcept>
 
 namespace pgbp {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// A folder beside the place of the new practice, where it is made; gone unless it took its place.
-class FolderInWork {
-  public:
-    explicit FolderInWork(const fs::path& place) : place_(place), path_(place)
-    {
-        path_ += ".new-" + std::to_string(std::random_device{}());
-        if (fs::exists(place_) && (!fs::is_directory(place_) || !fs::is_empty(place_)))
-            throw std::runtime_error(
-                "The folder " + place_.string() +
-                " is not empty. A new practice wants an empty folder, or one that does not exist.");
-        fs::create_directories(place_.parent_path());
-        if (!fs::create_directory(path_)) // never one that somebody put there
-            throw std::runtime_error("The folder " + path_.string() + " is in the way. Please try again.");
-    }
-    ~FolderInWork()
-    {
-        std::error_code ignored;
-        fs::remove_all(path_, ignored);
-    }
-    FolderInWork(const FolderInWork&) = delete;
-
-    const fs::path& path() const { return path_; }
-    void TakePlace() const { fs::rename(path_, place_); }
-
-  private:
-    fs::path place_;
-    fs::path path_;
-};
 
 std::vector<fs::path> FilesIn(const fs::path& folder, std::string_view extension)
 {
@@ -160,10 +131,18 @@ void FillDataFiles(const fs::path& programFolder, const fs::path& place, const f
 
 } // namespace
 
+void RefuseUnlessFree(const std::filesystem::path& folder)
+{
+    if (fs::exists(folder) && (!fs::is_directory(folder) || !fs::is_empty(folder)))
+        throw std::runtime_error("The folder " + folder.string() +
+                                 " is not empty. A new practice wants an empty folder, or one that does not exist.");
+}
+
 void CreatePractice(const std::filesystem::path& programFolder, const std::filesystem::path& dataFolder)
 {
     const fs::path place = fs::absolute(programFolder).lexically_normal();
-    const FolderInWork work(place);
+    RefuseUnlessFree(place);
+    FreshFolder work(place);
     const PracticeFolders folders{work.path()};
     CreateDataFiles(folders);
     WriteTextFile(folders.program / "Settings.ini", "[DBTYPE]\nDB=MDB\n");

@@ -12,15 +12,25 @@ namespace {
 void CheckIsPractice(const std::filesystem::path& folder)
 {
     if (!IsPractice(folder))
-        throw std::runtime_error("There is no practice in " + folder.string() +
-                                 ". \"pgbp-suite new FOLDER\" makes one; \"--program-folder FOLDER\" names another.");
-    if (EqualsIgnoringCase(clsIniFile{folder / "Settings.ini"}.GetValue("DBTYPE", "DB"), "SQL"))
+        throw NoPractice(folder);
+    if (IsOnServer(folder))
         throw std::runtime_error("The practice in " + folder.string() +
                                  " keeps its data on a database server (Settings.ini, DB=SQL). "
                                  "pgbp-suite works on data files only.");
 }
 
 } // namespace
+
+std::runtime_error NoPractice(const std::filesystem::path& folder)
+{
+    return std::runtime_error("There is no practice in " + folder.string() +
+                              ". \"pgbp-suite new FOLDER\" makes one; \"--program-folder FOLDER\" names another.");
+}
+
+bool IsOnServer(const std::filesystem::path& programFolder)
+{
+    return EqualsIgnoringCase(clsIniFile{programFolder / "Settings.ini"}.GetValue("DBTYPE", "DB"), "SQL");
+}
 
 bool IsPractice(const std::filesystem::path& programFolder)
 {

@@ -3,6 +3,7 @@
 #include "store/connection.h"
 
 #include <filesystem>
+#include <stdexcept>
 #include <string_view>
 
 namespace pgbp {
@@ -35,6 +36,15 @@ class Practice {
 
 /// True when a practice stands in the folder.
 bool IsPractice(const std::filesystem::path& programFolder);
+
+/// The practice keeps `company` and `balance` on a database server.
+bool IsOnServer(const std::filesystem::path& programFolder);
+
+/// What is told where neither holds.
+std::runtime_error NoPractice(const std::filesystem::path& folder);
+
+/// Throws std::runtime_error where something stands in the place of a new practice.
+void RefuseUnlessFree(const std::filesystem::path& folder);
 
 /// Makes a practice: the settings, all data files with the rows of `dataFolder`, the demonstration clients, and books
 /// of the accounts product. The folder must not exist or be empty; it appears whole or not at all. Throws
