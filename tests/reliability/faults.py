@@ -1,11 +1,14 @@
 #!/usr/bin/env python3
-"""Attacks the files of a practice while the module works on them. Usage: faults.py [--short] PROGRAMS LIBRARY [SAVE...]
+"""Attacks the files of a practice while the module works on them. Usage: faults.py [--short] PROGRAMS LIBRARY [SAVE... | backup]
 
 Each file of saves/ is a way to change the data: who is handed over ("#! handover CODE ..."), and commands of
 pgbp-drive, behind "#! save" those that write; $samples is the folder of the sample trial balances. A message on the way
 there makes the person leave, as one behind it does. The practice is what it was before them (old) or what it is after
 them (new). Whatever happens on the way, its rows must be those of the one or the other, the head of income must be the
 old one or agree with the rows, and the next start must work and end in old or new to the last row.
+
+A backup is attacked in the same ways, and made while a writer saves: the one that stood before still counts and gives
+its rows, and whatever counts besides gives, restored, the old rows or the new ones.
 
 Tried: each call that changes a file fails in turn, for a while or for good, or is the last one of the process; the
 process is killed at random moments; several processes write at once; bytes of a file are changed. The figures are
@@ -33,6 +36,7 @@ PATIENCE = 120  # seconds until a process counts as hanging
 WORD = "said and done"
 KEPT_FILES = ("company", "balance")
 BY_PRODUCTS = {"client/pgbp-errors.log", "client/checked.ini", "server/pgbp.lock"}
+BACKUPS = "backups"  # folder in the practice
 MADE_UP = re.compile(r"(?<=-mj)[0-9A-F]+|(?<=\.)[0-9a-z]{16}(?=\.new)")  # in the names of passing files
 
 
@@ -147,6 +151,30 @@ class Practice:
 
     def state(self):
         return State({file: self.rows(file) for file in KEPT_FILES})
+
+    def run_suite(self, *words, environment=None):
+        """The exit status and what was said."""
+        try:
+            ended = subprocess.run([self.suite, "--program-folder", self.folder, *words], text=True, timeout=PATIENCE,
+                                   stdout=subprocess.PIPE, stderr=subprocess.STDOUT, env=environment)
+        except subprocess.TimeoutExpired:
+            raise Loss("pgbp-suite hangs: " + " ".join(map(str, words)))
+        return ended.returncode, ended.stdout
+
+    def backups(self):
+        """Names of those that count."""
+        status, said = self.run_suite("backups")
+        if status != 0:
+            raise Loss(f"the backups can not be listed: {said}")
+        return {pathlib.Path(line.split()[0]).name for line in said.splitlines() if "   made " in line}
+
+    def restored(self, backup, folder):
+        status, said = self.run_suite("restore", backup, folder)
+        if status != 0:
+            raise Loss(f"{backup} counts and can not be restored: {said}")
+        state = Practice(folder, self.suite).state()
+        shutil.rmtree(folder)
+        return state
 
     def files(self):
         return {str(path.relative_to(self.folder)) for path in self.folder.rglob("*") if path.is_file()}
@@ -352,6 +380,111 @@ class Attack:
         for kind, found in table.items():
             print(f"  {kind:<18}" + "   ".join(f"{count} {outcome}" for outcome, count in sorted(found.items())))
 
+    # a backup
+
+    def judge_backups(self, practice, first, states, status, said):
+        """What became of the backup that was made behind the first one; whether the next one lives with what is left."""
+        counting = practice.backups()
+        if first not in counting:
+            raise Loss(f"the earlier backup is gone: {said}")
+        made = counting - {first}
+        if status == 0 and not made:
+            raise Loss(f"it was told that one was made, and none counts: {said}")
+        for backup in sorted(counting):
+            whole = practice.restored(backup, practice.folder.with_suffix(".restored")).whole()
+            if not any(whole == state.whole() for state in (states if backup in made else states[:1])):
+                raise Loss(f"{backup} has other rows: " + str(whole - states[0].whole()) + str(states[0].whole() - whole))
+        status, said = practice.run_suite("backup")
+        if status != 0:
+            raise Loss(f"the next backup fails: {said}")
+        left = [path.name for path in (practice.folder / BACKUPS).iterdir() if path.name.endswith(".new")]
+        if left or len(practice.backups()) != len(counting) + 1:
+            raise Loss(f"the next backup left {left} and {practice.backups()}")
+        return "made" if made else "none"
+
+    def attack_backup(self, save, pool):
+        """Faults of its own calls, kills, and a writer that saves meanwhile."""
+        before, old, new = self.prepare(save)
+        before.run_suite("backup")
+        (first,) = before.backups()
+        began = time.monotonic()
+        before.copy(self.folder()).run_suite("backup")
+        longest = 1.2 * (time.monotonic() - began)
+
+        def on_copy(disturb):
+            practice = before.copy(self.folder(), save)
+            shutil.rmtree(practice.folder / BACKUPS)  # those of another practice do not count
+            practice.run_suite("backup")
+            try:
+                outcome = disturb(practice)
+            except (Loss, sqlite3.Error) as loss:
+                self.losses.append(f"{practice.folder}: {loss}")
+                return "LOST"
+            shutil.rmtree(practice.folder)
+            return outcome
+
+        def fail(kind, at):
+            def disturb(practice):
+                struck = practice.folder.with_suffix(".struck")
+                status, said = practice.run_suite("backup", environment={
+                    **self.environment, "LD_PRELOAD": str(self.failing_calls), "FAULT_FOLDER": str(practice.folder),
+                    "FAULT_AT": str(at), "FAULT_KIND": kind, "FAULT_STRUCK": str(struck)})
+                if status not in (0, 1, -9):
+                    raise Loss(f"the backup crashed with {status}: {said}")
+                if status == 1 and not said.startswith("pgbp-suite: "):
+                    raise Loss(f"a backup fails without a word: {said}")
+                if not struck.exists():
+                    return "not reached"
+                struck.unlink()
+                return self.judge_backups(practice, first, [old], status, said)
+
+            return disturb
+
+        def kill(delay):
+            def disturb(practice):
+                process = subprocess.Popen([practice.suite, "--program-folder", practice.folder, "backup"],
+                                           stdout=subprocess.DEVNULL)
+                time.sleep(delay)
+                process.kill()
+                return self.judge_backups(practice, first, [old], process.wait(), "")
+
+            return disturb
+
+        def write_meanwhile(practice):
+            session = self.start(practice)
+            session.do_all(save.opening)
+            backup = subprocess.Popen([practice.suite, "--program-folder", practice.folder, "backup"], text=True,
+                                      stdout=subprocess.PIPE, stderr=subprocess.STDOUT)
+            time.sleep(self.random.random() * longest)
+            session.send([*save.saving, "cross\n"])
+            said, _ = backup.communicate()
+            status = backup.returncode
+            session.end()
+            if status != 0:
+                raise Loss(f"a backup fails beside a writer: {said}")
+            outcome = "old"
+            for backup in practice.backups() - {first}:
+                outcome = hold_against(practice.restored(backup, practice.folder.with_suffix(".restored")), old, new)
+            hold_against(practice.state(), new, new)
+            return outcome
+
+        calls = 1
+        while on_copy(fail("enospc", calls)) not in ("not reached", "LOST"):
+            calls += 8
+        places = range(1, calls)
+        if self.is_short:
+            places = sorted(self.random.sample(places, 6))
+        rounds = [(kind, fail(kind, at)) for kind, every, from_ in KINDS
+                  for at in (places if self.is_short else places[from_::every])]
+        rounds += [("killed at random", kill(self.random.random() * longest)) for _ in range(15 if self.is_short else 200)]
+        rounds += [("while one saves", write_meanwhile) for _ in range(5 if self.is_short else 50)]
+        table = collections.defaultdict(collections.Counter)
+        for kind, outcome in pool.map(lambda each: (each[0], on_copy(each[1])), rounds):
+            table[kind][outcome] += 1
+        print(f"a backup: about {calls} calls that change a file")
+        for kind, found in table.items():
+            print(f"  {kind:<18}" + "   ".join(f"{count} {outcome}" for outcome, count in sorted(found.items())))
+
     # several at once
 
     def write_at_once(self, saves, count):
@@ -418,6 +551,9 @@ def main(words):
     with concurrent.futures.ThreadPoolExecutor(os.cpu_count()) as pool:
         for save in saves:
             attack.attack(save, pool)
+        saves = saves or [Save(HERE / "saves" / "new-line.txt")]
+        if not names or "backup" in names:
+            attack.attack_backup(saves[0], pool)
         for count in (2, 4):
             if count <= len(saves):
                 found = collections.Counter(attack.write_at_once(saves, count) for _ in range(1 if is_short else 20))

@@ -37,10 +37,10 @@ class Chooser : public testing::Test {
         window.show();
         QApplication::processEvents();
     }
-    void Write(const std::string& script)
+    void Write(const std::string& script, const std::string& name = "module")
     {
-        scripts.Write("module", "#!/bin/sh\n" + script + "\n");
-        std::filesystem::permissions(Module(), std::filesystem::perms::owner_all);
+        scripts.Write(name, "#!/bin/sh\n" + script + "\n");
+        std::filesystem::permissions(scripts.path() / name, std::filesystem::perms::owner_all);
     }
     std::filesystem::path Module() const { return scripts.path() / "module"; }
     std::filesystem::path Reporter() const { return scripts.path() / "reporter"; }
@@ -286,6 +286,29 @@ TEST_F(Chooser, ControlPShowsTheComputationOfTheMarkedClient)
     std::string told;
     std::getline(arguments, told);
     EXPECT_EQ(told, "--program-folder " + folder.folder().string() + " --window 1003r2022-23");
+}
+
+TEST_F(Chooser, BacksUpByAKeyAndTellsHowItEnded)
+{
+    Write("sleep 0.2; echo The backup is made and checked: $*", "pgbp-suite");
+    QTest::keyClick(&Search(), Qt::Key_B, Qt::AltModifier);
+    WaitFor("is being made");
+    EXPECT_FALSE(Button("&Back Up").isEnabled());
+    WaitFor(Text("made and checked: --program-folder " + folder.folder().string() + " backup"));
+    EXPECT_TRUE(Button("&Back Up").isEnabled());
+    Write("echo pgbp-suite: The disk is full. >&2; exit 1", "pgbp-suite");
+    QTest::mouseClick(&Button("&Back Up"), Qt::LeftButton);
+    WaitFor("The disk is full.");
+    EXPECT_TRUE(Message().startsWith("The disk"));
+}
+
+/// Nobody waits for it: it goes on when the window has gone.
+TEST_F(Chooser, LeavesADueBackupBehind)
+{
+    Write("echo $* > \"$0.said\"", "pgbp-suite");
+    window.close();
+    EXPECT_TRUE(QTest::qWaitFor([&] { return scripts.Read("pgbp-suite.said").ends_with(" backup if-due\n"); }, 5000))
+        << scripts.Read("pgbp-suite.said");
 }
 
 } // namespace
