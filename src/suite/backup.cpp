@@ -53,7 +53,7 @@ void RemoveLeftovers(const fs::path& folder)
 /// Out of the way in one step first: half a backup never stands where a whole one does. What can not be removed now is
 /// no reason to take back the new one.
 void RemoveOlderThanKept(const fs::path& programFolder, const Backup& newest)
-{
+try {
     std::error_code ignored;
     std::size_t kept = 1; // the new one, also where the clock was set back
     for (const Backup& each : Backups(programFolder)) {
@@ -63,6 +63,7 @@ void RemoveOlderThanKept(const fs::path& programFolder, const Backup& newest)
         fs::rename(each.folder, aside, ignored);
         fs::remove_all(aside, ignored);
     }
+} catch (const std::runtime_error&) { // the next one removes them
 }
 
 std::int64_t ChangedAt(const fs::path& file)
@@ -143,7 +144,8 @@ class BackupInWork {
     {
         if (const auto damage = DamageOfQuiet(file.to))
             throw StoreError(Cause::Damaged, Attempt::Backup, {file.from.string()}, *damage);
-        fs::permissions(file.to, fs::status(file.from).permissions());
+        std::error_code ignored; // a disk of another kind knows no such rights
+        fs::permissions(file.to, fs::status(file.from).permissions(), ignored);
     }
 
     const fs::path practice_;

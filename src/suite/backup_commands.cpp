@@ -59,7 +59,7 @@ void RestoreCommand(Suite& suite, std::span<const std::string> words)
     const std::filesystem::path told = words[0];
     const auto backup = std::filesystem::exists(told) ? told : BackupFolder(suite.programFolder) / told;
     RestoreBackup(backup, words[1]);
-    LinkAuditReader(words[1], suite.auditReader);
+    LinkStandIns(words[1], suite.standIns);
     suite.out << "The practice of the backup " << backup.filename().string() << " stands in " << words[1]
               << ". \"pgbp-suite --program-folder " << words[1] << "\" opens it.\n";
 }

@@ -14,7 +14,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view kFolders[] = {"", "server", "client"};
+constexpr std::string_view kFolders[] = {"", "server", "client", "accounts"};
 
 /// A practice does not work without these, so something else in their place is not copied as if it were one.
 constexpr std::string_view kDataFiles[] = {

@@ -2,8 +2,10 @@
 
 #include "services/fault.h"
 #include "services/fresh_file.h"
+#include "services/utf8.h"
 #include "store/content_check.h"
 #include "store/files.h"
+#include "store/schema.h"
 #include "suite/practice.h"
 
 namespace pgbp {
@@ -73,6 +75,19 @@ void AddPassingFiles(const PracticeFolders& made, const fs::path& place)
     drive.TakePlace();
 }
 
+/// Books that lay in the practice lie in the new one; others stay where they are.
+void LinkBooks(const PracticeFolders& made, const PracticeFolders& before, const fs::path& place)
+{
+    const std::string books = PracticeFolders{place}.NewBooks().string();
+    const fs::path company = made.Server() / "company.mdb";
+    if (!fs::is_directory(made.NewBooks()) || !IsEmbedded(company) ||
+        CharacterCount(books) > ColumnWidth("company", "misc_items", "linking"))
+        return;
+    OpenFile({company, {}})
+        .Execute("update {misc_items} set linking = ? where [Type] = 'OVPATH' and linking = ?", books,
+                 before.NewBooks().string());
+}
+
 } // namespace
 
 void RestoreBackup(const fs::path& backup, const fs::path& newFolder)
@@ -85,6 +100,7 @@ void RestoreBackup(const fs::path& backup, const fs::path& newFolder)
         for (const BackupFile& file : record.files)
             CopyFile(backup, file, work.path() / file.name);
         AddPassingFiles({work.path()}, work.place());
+        LinkBooks({work.path()}, {record.practice}, work.place());
         work.TakePlace();
     } catch (const Fault& refused) {
         if (refused.place().name.empty())

@@ -12,7 +12,8 @@ A story is a text file of commands, one a line, played once for each of its case
   stored FILE SELECT = TEXT   waits until the practice's file holds it; columns of a row are parted by a blank
   copies KEYS = TEXT          presses the keys and copies, until this text is copied
   ended STATUS                waits until the module has ended, with this exit status
-  closed                      waits until the chooser has ended with 0 and nothing that it started is left
+  closed                      waits until the chooser has ended with 0, no window that it opened is left,
+                              and the day has its backup
 
 What went wrong leaves a picture of the screen and the programs' words in WORK, with the practice."""
 
@@ -166,6 +167,7 @@ class Case:
         assert status == 0, f"it ended with {status}"
         left = [name for _, name, _ in processes_of(self.chooser_process.pid)]
         assert not left, f"left behind: {left}"
+        wait_for(lambda: "the backup of the day", lambda: list((self.practice / "backups").glob("*-1")) or None)
 
     def end(self):
         if self.chooser_process:

@@ -84,6 +84,9 @@ TEST_F(PracticeBackup, RestoreGivesThePracticeAsItWas)
     EXPECT_EQ(clsIniFile{restored / "QelCtrl.ini"}.GetValue("ITR", "1001r2023-24"), "3");
     EXPECT_EQ(Practice(restored).HandOverFile(), restored / "handover" / "VornTemp.mdb");
     EXPECT_TRUE(FileExists(restored / "client" / "data" / "qeltemp.mdb"));
+    EXPECT_EQ(Practice(restored).company.Scalar("select linking from {misc_items} where [Type] = 'OVPATH'").Text(),
+              (restored / "accounts").string());
+    EXPECT_TRUE(FileExists(restored / "accounts" / "balancesheet.mdb"));
     EXPECT_TRUE(Backups(restored).empty());
     EXPECT_NE(Refusal([&] { RestoreBackup(backup.folder, restored); }).find("is not empty"), std::string::npos);
     EXPECT_NE(Refusal([&] { RestoreBackup(folder, elsewhere.path() / "other"); }).find("no whole backup"),
