@@ -55,6 +55,8 @@ class OpenedFile {
 
 void WriteAll(int file, std::string_view content, const std::filesystem::path& place)
 {
+    if (file < 0) // it could not be opened
+        Refuse(place);
     while (!content.empty()) {
         const auto written = write(file, content.data(), content.size());
         if (written < 0 && errno != EINTR)

@@ -2,6 +2,7 @@
 
 #include "store/causes.h"
 #include "store/connection.h"
+#include "store/embedded_code.h"
 #include "store/embedded_engine.h"
 
 #include <SQLiteCpp/Backup.h>
@@ -58,7 +59,7 @@ try {
 } catch (const SQLite::Exception& error) {
     if (IsDamage(error))
         return error.what();
-    throw StoreError(EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Read, {file.string()}, error.what());
+    throw StoreError(EmbeddedCause(CodeOf(error), errno), Attempt::Read, {file.string()}, error.what());
 }
 
 } // namespace

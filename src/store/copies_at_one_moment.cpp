@@ -2,6 +2,7 @@
 
 #include "store/causes.h"
 #include "store/connection.h"
+#include "store/embedded_code.h"
 
 #include <SQLiteCpp/Backup.h>
 #include <SQLiteCpp/SQLiteCpp.h>
@@ -108,7 +109,7 @@ class Held {
 /// Called at once: the system's error number is that of the engine's last file call. Only the copy can fill a disk.
 StoreError Refused(const SQLite::Exception& error, const FileToCopy& file)
 {
-    const Cause cause = EmbeddedCause(error.getExtendedErrorCode(), errno);
+    const Cause cause = EmbeddedCause(CodeOf(error), errno);
     const auto& place = cause == Cause::DiskFull ? file.to : file.from;
     return {cause, Attempt::Backup, {place.string()}, error.what()};
 }

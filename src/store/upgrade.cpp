@@ -3,6 +3,7 @@
 #include "services/fresh_file.h"
 #include "services/text.h"
 #include "store/causes.h"
+#include "store/embedded_code.h"
 #include "store/embedded_engine.h"
 #include "store/files.h"
 #include "store/schema.h"
@@ -141,7 +142,7 @@ void UpgradeOneStep(SQLite::Database& database, const std::filesystem::path& fil
 /// Called at once: the system's error number is that of the engine's last file call.
 StoreError Refused(const SQLite::Exception& error, const std::filesystem::path& file)
 {
-    return {EmbeddedCause(error.getExtendedErrorCode(), errno), Attempt::Open, {file.string()}, error.what()};
+    return {EmbeddedCause(CodeOf(error), errno), Attempt::Open, {file.string()}, error.what()};
 }
 
 /// True when the inventory knows no table of such a file, or the file holds one of them.

@@ -433,6 +433,8 @@ class Attack:
                     raise Loss(f"the backup crashed with {status}: {said}")
                 if status == 1 and not said.startswith("pgbp-suite: "):
                     raise Loss(f"a backup fails without a word: {said}")
+                if status == 1 and kind in ("enospc", "full") and "does not know" in said:
+                    raise Loss(f"a full disk is not told as one: {said}")
                 if not struck.exists():
                     return "not reached"
                 struck.unlink()
