@@ -82,9 +82,6 @@ class ChooserWindow : public QWidget {
     std::string openCode_;                 ///< of the assessee-year that the module has open, or had last
     ClientSettings settings_;              ///< of the chosen assessee-year
     clsIniFile look_;                      ///< order of the list, size of the window: of this workstation
-    std::string openCode_;                 ///< of the assessee-year that the module has open, or had last
-    ClientSettings settings_;              ///< of the chosen assessee-year
-    clsIniFile look_;                      ///< order of the list, size of the window: of this workstation
     YearList list_;
     AssesseeYearModel rows_{list_};
 
