@@ -20,6 +20,8 @@ std::vector<std::string> FieldTexts::Of(const Frame& shown)
     std::vector<std::string> texts;
     for (const LayoutRow& row : shown.layout().rows)
         for (const Control* cell : row.cells) {
+            if (!cell || dynamic_cast<const Label*>(cell)) // half of the cells: nothing else has to be asked of them
+                continue;
             if (const auto* group = dynamic_cast<const Frame*>(cell))
                 for (std::string& text : Of(*group))
                     texts.push_back(std::move(text));

@@ -32,8 +32,7 @@ UsedTexts Read(const Run& run, const std::string& table, std::string_view type)
     const std::string columns =
         std::string("select name1, name2") + (type.empty() ? "" : ", [Type]") + " from {" + table;
     std::vector<Recordset> found;
-    for (const std::string& code : {run.Glcode, run.GlPrCode})
-        found.push_back(run.company.Query(columns + "} where code = ?", code));
+    found.push_back(run.company.Query(columns + "} where code in (?, ?)", run.Glcode, run.GlPrCode));
     if (const std::string_view latest = run.company.dialect().latestRows; !latest.empty())
         found.push_back(run.company.Query(columns + '}' + std::string(latest)));
     TextsOnce name1;
