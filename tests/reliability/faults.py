@@ -476,8 +476,9 @@ class Attack:
         places = range(1, calls)
         if self.is_short:
             places = sorted(self.random.sample(places, 6))
+        # the calls of a copy are much alike, page by page
         rounds = [(kind, fail(kind, at)) for kind, every, from_ in KINDS
-                  for at in (places if self.is_short else places[from_::every])]
+                  for at in (places if self.is_short else places[from_::8 * every])]
         rounds += [("killed at random", kill(self.random.random() * longest)) for _ in range(15 if self.is_short else 200)]
         rounds += [("while one saves", write_meanwhile) for _ in range(5 if self.is_short else 50)]
         table = collections.defaultdict(collections.Counter)
