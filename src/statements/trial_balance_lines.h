@@ -16,7 +16,8 @@ struct AccountLine {
 
 /// The lines for which `takes` holds. A line's side is that of the accounts that belong there: in an account of profit
 /// and loss a line that raises the profit takes credits and one that lowers it debits, as the rules of its totals say;
-/// in a balance sheet the headings say it. A line that nothing tells it of has none.
+/// in a balance sheet the headings say it. A line that neither moves the profit nor stands under such a heading has
+/// none: accounts of both sides may belong there.
 std::vector<AccountLine> AccountLines(std::span<const StatementRow> rows, const StatementLines& lines,
                                       StatementKind kind, const std::function<bool(std::size_t line)>& takes);
 

@@ -434,7 +434,7 @@ class Attack:
                 if status == 1 and not said.startswith("pgbp-suite: "):
                     raise Loss(f"a backup fails without a word: {said}")
                 if status == 1 and kind in ("enospc", "full") and "does not know" in said:
-                    raise Loss(f"a full disk is not told as one: {said}")
+                    raise Loss(f"the message for a full disk does not name the disk: {said}")
                 if not struck.exists():
                     return "not reached"
                 struck.unlink()

@@ -62,7 +62,7 @@ TEST(TrialBalanceAccounts, SumsOfGroupsAreNoAccounts)
                             Account{.name = "Cash", .group = "Current Assets", .balance = 200},
                             Account{.name = "Sales", .group = "Income", .balance = -900}, Account{.name = "Suspense"}));
     EXPECT_EQ(read.doubt, "");
-    // without blanks in front nothing tells the group from an account, but the list's own total does
+    // without blanks in front a group looks like an account and counts twice: the list's own total shows it
     EXPECT_THAT(
         Read("Particulars,Debit,Credit\nDebtors,700,\nMahesh,300,\nSuresh,400,\nSales,,700\nTotal,700,700\n").doubt,
         HasSubstr("700.00 Dr and 700.00 Cr, its accounts come to 1,400.00 Dr"));

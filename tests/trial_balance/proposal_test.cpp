@@ -35,7 +35,7 @@ TEST(TrialBalanceSigns, AreTurnedWhereTheWordsSaySo)
     EXPECT_FALSE(MinusIsDebit(list));
     EXPECT_EQ(list.accounts[0].balance, -500);
     EXPECT_FALSE(MinusIsDebit({.accounts = {{.name = "Mahesh", .balance = -5}}}))
-        << "a plus is a debit where nothing tells";
+        << "no word gives a side: a plus is a debit, as most programs write it";
 }
 
 } // namespace
