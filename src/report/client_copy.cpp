@@ -85,13 +85,6 @@ void Copy(const Connection& from, const Connection& to, const CopiedTable& wante
 
 } // namespace
 
-Answer SilentBoxes::Show(const Message& message)
-{
-    if (message.icon == Icon::Critical)
-        throw Fault(message.text);
-    return message.buttons == Buttons::YesNo ? Answer::Yes : Answer::Ok;
-}
-
 ClientCopy::ClientCopy(const PracticeFiles& practice, const HandOver& record, double returnForm)
     : run_({.boxes = boxes_, .files = files_, .processes = processes_, .programFolder = practice.programFolder})
 {

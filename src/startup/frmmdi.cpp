@@ -5,6 +5,17 @@
 
 namespace pgbp {
 
+/// Companies chose on another screen of the suite, which left its answer here.
+bool ReportsUnderIndAS(const Run& run)
+{
+    constexpr int kFirstYear = 2023;
+    if (run.Year() < kFirstYear || !IsCompany(run.Glstatus))
+        return false;
+    const Value answer =
+        run.company.Scalar("select add1 from {misc_items} where code = ? and [Type] = 'FRMCHK'", run.Glcode);
+    return answer.Text() == "Yes";
+}
+
 frmmdi::frmmdi(Run& itsRun) : Screen(itsRun, "frmmdi", itsRun.title) {}
 
 void frmmdi::Activate()
@@ -12,23 +23,12 @@ void frmmdi::Activate()
     if (wasActive_)
         return;
     wasActive_ = true;
-    CheckIndAS();
+    run.FormCheckDone = ReportsUnderIndAS(run);
     NameClient();
     run.screens.Show(screens::frmbusiness);
 }
 
 void frmmdi::Close() { run.screens.End(); }
-
-/// Companies chose Ind AS on another screen of the suite, which left its answer here.
-void frmmdi::CheckIndAS()
-{
-    constexpr int kFirstYear = 2023;
-    if (run.Year() < kFirstYear || !IsCompany(run.Glstatus))
-        return;
-    const Value answer =
-        run.company.Scalar("select add1 from {misc_items} where code = ? and [Type] = 'FRMCHK'", run.Glcode);
-    run.FormCheckDone = answer.Text() == "Yes";
-}
 
 void frmmdi::NameClient()
 {

@@ -14,10 +14,12 @@ class frmmdi : public Screen {
     void Close() override;
 
   private:
-    void CheckIndAS();
     void NameClient();
 
     bool wasActive_ = false;
 };
+
+/// The statements of the assessee-year are those of Ind AS: companies, from assessment year 2023-24.
+bool ReportsUnderIndAS(const Run& run);
 
 } // namespace pgbp

@@ -140,7 +140,7 @@ class Walk {
         }
     }
 
-    report::SilentBoxes boxes_;
+    SilentBoxes boxes_;
     TestFiles files_;
     TestProcesses processes_;
     std::unique_ptr<Run> run_;
