@@ -4,6 +4,7 @@
 #include "services/text.h"
 
 #include <algorithm>
+#include <cmath>
 
 namespace pgbp {
 namespace {
@@ -118,6 +119,20 @@ std::vector<PartnerRow> MergePartners(const Recordset& remunerations, const Reco
         *same = merged;
     }
     return partners;
+}
+
+double SumOfRatios(const std::vector<PartnerRow>& partners)
+{
+    double total = 0;
+    for (const PartnerRow& partner : partners)
+        total += partner.left ? 0 : partner.ratio;
+    return total;
+}
+
+bool RatiosAddUp(const std::vector<PartnerRow>& partners)
+{
+    constexpr double kNoise = 1e-9;
+    return std::fabs(SumOfRatios(partners) - 100) < kNoise;
 }
 
 } // namespace pgbp

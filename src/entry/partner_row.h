@@ -42,4 +42,9 @@ PartnerRow FromDetail(const Row& row);
 /// name keep their own amounts.
 std::vector<PartnerRow> MergePartners(const Recordset& remunerations, const Recordset& interests);
 
+/// The ratios of those who have not left, percent.
+double SumOfRatios(const std::vector<PartnerRow>& partners);
+/// They are the whole profit. They count as the decimal numbers they are: a double's last digits do not, a paisa does.
+bool RatiosAddUp(const std::vector<PartnerRow>& partners);
+
 } // namespace pgbp

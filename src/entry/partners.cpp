@@ -76,16 +76,6 @@ std::string KindInWords(const std::string& kind)
 
 std::string LeftInWords(const std::string& left) { return left == "True" ? "Left" : ""; }
 
-/// The shares as the decimal numbers they are: a double's last digits do not count, a paisa does.
-bool AddUpToHundred(const std::vector<PartnerRow>& partners)
-{
-    double total = 0;
-    for (const PartnerRow& partner : partners)
-        total += partner.left ? 0 : partner.ratio;
-    constexpr double kNoise = 1e-9;
-    return std::fabs(total - 100) < kNoise;
-}
-
 } // namespace
 
 PartnerFields::PartnerFields(Screen& form) : screen(form)
@@ -320,7 +310,7 @@ void Partners::ImportCapital()
     entry.Replace(std::move(partners));
 }
 
-bool Partners::RatiosAreWrong() const { return IsFirm(run_.Glstatus) && !AddUpToHundred(entry.items()); }
+bool Partners::RatiosAreWrong() const { return IsFirm(run_.Glstatus) && !RatiosAddUp(entry.items()); }
 
 void Partners::Save()
 {
