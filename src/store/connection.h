@@ -157,8 +157,9 @@ class Connection {
 };
 
 /// While it lives each file of the connection's session is seen in the state in which it was first read, and locked
-/// once for all reads. A change ends that, and what is read behind it is read as ever. The session has no transaction
-/// open when it begins, and asks the preparer nothing meanwhile: others can not store. Throws StoreError.
+/// once for all reads. A change ends that, and what is read behind it is read as ever. One within another is part of
+/// it. The session has no transaction open when it begins, and asks the preparer nothing meanwhile: others can not
+/// store. Throws StoreError.
 class Reading {
   public:
     explicit Reading(const Connection& file);

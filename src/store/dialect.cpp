@@ -21,6 +21,7 @@ constexpr Dialect kSqlServer{
     .trueLiteral = "1",
     .insertionOrder = "", // the suite's server tables hold no column that tells it
     .latestRows = "",
+    .firstRowsPattern = "select top {n} {}",
     .sessionStart = "set lock_timeout 5000",
     .lockPattern = "",
     .lockClause = " with (tablockx, holdlock)",
@@ -41,6 +42,7 @@ constexpr Dialect MariaDb()
     dialect.name = "mariadb";
     dialect.sessionStart = "set session innodb_lock_wait_timeout = 5, lock_wait_timeout = 5, max_statement_time = 5";
     dialect.lockClause = " for update";
+    dialect.firstRowsPattern = "select {} limit {n}";
     return dialect;
 }
 
@@ -57,6 +59,7 @@ const Dialect kJetDialect{
     .trueLiteral = "True",
     .insertionOrder = "", // the engine reads a table without a key in the order of its pages
     .latestRows = "",
+    .firstRowsPattern = "select top {n} {}",
     .sessionStart = "", // the connection string says it
     // reading locks nothing here: the row with the smallest number, which stays, stands for the table
     .lockPattern = "update {t} set {} = {} where {} = (select min({}) from {t})",
@@ -88,6 +91,7 @@ const Dialect kEmbeddedDialect{
     .trueLiteral = "1",
     .insertionOrder = " order by rowid",
     .latestRows = " order by rowid desc limit 300",
+    .firstRowsPattern = "select {} limit {n}",
     .sessionStart = "", // the engine's opening says it
     .lockPattern = "",  // a transaction that writes has the file to itself from its beginning
     .lockClause = "",
@@ -113,6 +117,11 @@ std::string Dialect::AsNumber(std::string_view column) const { return Filled(asN
 std::string Dialect::Upper(std::string_view column) const
 {
     return std::string(UpperWord) + '(' + std::string(column) + ')';
+}
+
+std::string Dialect::FirstRows(std::string_view ofSelect, int count) const
+{
+    return Filled(firstRowsPattern, ofSelect, count);
 }
 
 std::string Dialect::Lock(std::string_view table, std::string_view column) const

@@ -18,6 +18,7 @@ struct Dialect {
     std::string_view trueLiteral;           ///< the value of a set flag in a condition
     std::string_view insertionOrder;        ///< " order by ..." that gives rows in the order they were added, or empty
     std::string_view latestRows;            ///< " order by ..." that gives a few rows, those added last; or empty
+    std::string_view firstRowsPattern;      ///< a select, `{}` what stands behind the word, of its first `{n}` rows
     std::string_view sessionStart;          ///< statement that begins a session: how long it waits; or empty
     std::string_view lockPattern;     ///< statement before a table's largest number is read: others wait with theirs
     std::string_view lockClause;      ///< behind the table whose largest number is read, to the same end
@@ -36,6 +37,8 @@ struct Dialect {
     std::string Trim(std::string_view column) const;
     std::string AsNumber(std::string_view column) const;
     std::string Upper(std::string_view column) const;
+    /// The select of at most that many rows; `ofSelect` is what stands behind the word "select".
+    std::string FirstRows(std::string_view ofSelect, int count) const;
     /// The statement that comes before the largest number of the table's column is read; empty where none is needed.
     std::string Lock(std::string_view table, std::string_view column) const;
 };

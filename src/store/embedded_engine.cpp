@@ -194,7 +194,7 @@ class EmbeddedEngine : public Engine {
 
     long Execute(const std::string& sql, std::span<const Value> values) override
     {
-        EndReading();
+        EndAllReadings();
         if (beforeChange && sqlite3_get_autocommit(database_.getHandle()) != 0)
             beforeChange();
         return Run(sql, values, [](Prepared& prepared) -> long { return prepared.statement.exec(); });
@@ -221,12 +221,13 @@ class EmbeddedEngine : public Engine {
 
     void BeginReading() override
     {
-        Query("begin", {});
-        isReading_ = true;
+        if (readings_ == 0)
+            Query("begin", {});
+        ++readings_;
     }
     void EndReading() noexcept override
     {
-        if (std::exchange(isReading_, false))
+        if (readings_ > 0 && --readings_ == 0)
             Rollback();
     }
 
@@ -257,6 +258,12 @@ class EmbeddedEngine : public Engine {
     }
 
   private:
+    void EndAllReadings()
+    {
+        if (std::exchange(readings_, 0) > 0)
+            Rollback();
+    }
+
     /// Statements that wait for nobody and leave nothing behind.
     struct Trial {
         EmbeddedEngine& engine;
@@ -293,7 +300,7 @@ class EmbeddedEngine : public Engine {
     }
 
     SQLite::Database database_;
-    bool isReading_ = false;
+    int readings_ = 0; ///< that live, one within the other
     int patience_;
     std::unordered_map<std::string, Prepared> prepared_;
 };

@@ -156,7 +156,11 @@ TEST(DataFiles, WhatIsReadTogetherIsReadInOneState)
         const Reading reading(reader);
         EXPECT_EQ(lines(), 0);
         writer.Insert("business", {{"code", "A"}});
-        EXPECT_EQ(lines(), 0);
+        {
+            const Reading inner(reader);
+            EXPECT_EQ(lines(), 0);
+        }
+        EXPECT_THROW(Transaction({reader}), StoreError) << "one within another does not end it";
         EXPECT_THROW(reader.Query("select no_such_column from {business}"), StoreError);
         EXPECT_EQ(lines(), 0) << "a failure does not end it";
     }
