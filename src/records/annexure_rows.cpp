@@ -18,6 +18,14 @@ std::string CarriedColumns(const Recordset& rows)
     return columns;
 }
 
+std::optional<double> DepreciationOf(const Recordset& assets)
+{
+    std::optional<double> sum;
+    for (const Row asset : assets)
+        sum = sum.value_or(0) + asset["f_dep"].Number();
+    return sum;
+}
+
 } // namespace
 
 void WorkAnnexure::Open(std::optional<double> sno)
@@ -44,9 +52,7 @@ void WorkAnnexure::Open(std::optional<double> sno)
 void WorkAnnexure::Take(const Recordset& working)
 {
     mine_ = AsText(working);
-    depreciation_.reset();
-    for (const Row row : working)
-        depreciation_ = depreciation_.value_or(0) + row["f_dep"].Number();
+    depreciation_ = DepreciationOf(working);
 }
 
 void WorkAnnexure::Replace(const Recordset& assets)
@@ -90,6 +96,13 @@ Recordset WorkAnnexure::WorkingRows() const
     return run_.balance.Query(std::string("select * ") + kRowsOfLine +
                                   std::string(run_.balance.dialect().insertionOrder),
                               run_.Code(), kUnsavedLine);
+}
+
+std::optional<double> StoredDepreciation(const Run& run, double sno)
+{
+    return DepreciationOf(run.balance.Query(std::string("select f_dep ") + kRowsOfLine +
+                                                std::string(run.balance.dialect().insertionOrder),
+                                            run.Code(), sno));
 }
 
 } // namespace pgbp

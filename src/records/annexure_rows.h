@@ -52,4 +52,7 @@ class WorkAnnexure {
     std::optional<double> depreciation_;
 };
 
+/// Depreciation of the stored annexure of a line, rupees; nothing where it has none.
+std::optional<double> StoredDepreciation(const Run& run, double sno);
+
 } // namespace pgbp

@@ -1,6 +1,7 @@
 #include "records/deletion.h"
 
 #include "records/keys.h"
+#include "records/rows_of_line.h"
 #include "services/text.h"
 
 #include <algorithm>
@@ -56,26 +57,23 @@ void Drop(const Run& run, const Part& part, double sno)
 /// What goes with every line of a kind.
 std::vector<Part> PartsOf(const Run& run, BusinessKind kind)
 {
-    const Connection* company = &run.company;
-    const Connection* balance = &run.balance;
-    const char* details = kind == kPresumptive44AD ? "(sno = ? or [Type] = '44AD')" : "sno = ?";
-    std::vector<Part> parts = {{company, "business", "sno = ?"},
-                               {company, "business1", details},
-                               {balance, "qelgeneral", "[Type] = 'NEWPL' and amt2 = ?"},
-                               {balance, "qelgeneral", "[Type] = 'SNEWPL' and amt2 = ?"},
-                               {balance, "qelgeneral", "[Type] = 'NEWINDPL' and amt2 = ?"},
-                               {balance, "qelgeneral", "[Type] = 'INDNEWPL' and amt2 = ?"}};
+    std::vector<Part> parts = {{&run.company, "business", "sno = ?"}};
+    for (const RowsOfLine& rows : RowsOfLines(run)) {
+        if (Kind(kind).isShort && !rows.alsoOfShort)
+            continue;
+        std::string where = rows.line + " = ?";
+        if (!rows.condition.empty())
+            where = rows.condition + " and " + where;
+        else if (kind == kPresumptive44AD) // its businesses may name no line
+            where = '(' + where + " or [Type] = '44AD')";
+        parts.push_back({rows.file, rows.table, where});
+    }
     if (Kind(kind).isShort)
         return parts;
-    const std::string presumptive = company->dialect().Left("[Type]", 4) + " = 'PGBP' and sno = ?";
-    parts.insert(parts.end(), {{balance, "fassets", "[Type] = 'P' and sno = ?"},
-                               {company, "misc_items", "[Type] = 'PLNew3_23' and sno = ?"},
-                               {company, "misc_items", presumptive},
-                               {company, "misc_items", "[Type] = 'BusOth' and sno = ?"},
-                               {company, "misc_items", "[Type] = 'ITR6PLQ47'"},
-                               {balance, "qelgeneral", "[Type] = 'NEWPLA'"}});
+    parts.insert(parts.end(), {{&run.company, "misc_items", "[Type] = 'ITR6PLQ47'"},
+                               {&run.balance, "qelgeneral", "[Type] = 'NEWPLA'"}});
     if (kind == kTransport44AE)
-        parts.push_back({balance, "misc_items", "[Type] = '44AE'"});
+        parts.push_back({&run.balance, "misc_items", "[Type] = '44AE'"});
     return parts;
 }
 
