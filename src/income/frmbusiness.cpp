@@ -269,25 +269,28 @@ void frmbusiness::Close()
 }
 
 /// The head of income as the suite's computation and return programs read it.
+std::vector<Field> frmbusiness::HeadOfIncome() const
+{
+    return {{"amt1", Val(lbl1)},
+            {"amt2", Val(lbl2)},
+            {"amt3", Val(lbl3)},
+            {"amt4", Val(lbl4)},
+            {"amt5", Val(lbl5)},
+            {"amt6", Val(Txt6)},
+            {"amt7", Val(Txt7)},
+            {"amt8", Val(lbllic)},
+            {"amt9", Val(lbltotal)},
+            {"Amt10", Val(partners.txtlesspart1)},
+            {"amt11", Val(partners.txtlesspart2)},
+            {"amt12", Val(lblinc)},
+            {"amt13", Val(lblloss)},
+            {"amt14", Val(lbllast)}};
+}
+
 void frmbusiness::StoreHeadOfIncome() const
 {
     Transaction transaction({run.balance});
-    ScheduleCells(run, "BUSI")
-        .Replace({{"amt1", Val(lbl1)},
-                  {"amt2", Val(lbl2)},
-                  {"amt3", Val(lbl3)},
-                  {"amt4", Val(lbl4)},
-                  {"amt5", Val(lbl5)},
-                  {"amt6", Val(Txt6)},
-                  {"amt7", Val(Txt7)},
-                  {"amt8", Val(lbllic)},
-                  {"amt9", Val(lbltotal)},
-                  {"Amt10", Val(partners.txtlesspart1)},
-                  {"amt11", Val(partners.txtlesspart2)},
-                  {"amt12", Val(lblinc)},
-                  {"amt13", Val(lblloss)},
-                  {"amt14", Val(lbllast)}},
-                 transaction);
+    ScheduleCells(run, "BUSI").Replace(HeadOfIncome(), transaction);
     transaction.Commit();
 }
 

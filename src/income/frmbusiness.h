@@ -31,6 +31,8 @@ class frmbusiness : public Screen {
     void BringBack();
     /// Writes the "BUSI" row, the head of income in fourteen amounts.
     void StoreHeadOfIncome() const;
+    /// The amounts of that row, as they are shown, rupees.
+    std::vector<Field> HeadOfIncome() const;
 
     Frame framain{*this, "framain", "", FramePlace::Main};
     Label lblThis{*this, "lblThis", "This year", LabelLook::Hint};
