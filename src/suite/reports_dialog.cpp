@@ -3,6 +3,7 @@
 #include "desktop/captions.h"
 #include "desktop/combo_view.h"
 #include "desktop/theme.h"
+#include "suite/push_button.h"
 #include "suite/text_color.h"
 
 #include <QComboBox>
@@ -14,7 +15,6 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QProgressBar>
-#include <QPushButton>
 #include <QStandardPaths>
 
 namespace pgbp {
@@ -22,32 +22,18 @@ namespace {
 
 constexpr const char* kFailed = "failed: ";
 
-QPushButton* Button(const QString& caption)
-{
-    auto* button = new QPushButton(caption);
-    button->setMinimumHeight(RowHeight() + kUnit);
-    return button;
-}
-
 } // namespace
 
 ReportsDialog::ReportsDialog(QWidget* parent, std::filesystem::path programFolder,
                              const std::filesystem::path& reporter, const std::vector<Choice>& choices)
-    : QDialog(parent), programFolder_(std::move(programFolder)), reporter_(Text(reporter.string()))
+    : QDialog(parent), programFolder_(std::move(programFolder)), program_(reporter)
 {
     setWindowTitle("Reports");
     setMinimumWidth(150 * kUnit);
     Build(choices);
     ShowRunning(false);
-    connect(&process_, &QProcess::readyReadStandardOutput, this, [this] { ReadLines(); });
-    connect(&process_, &QProcess::finished, this,
-            [this](int status, QProcess::ExitStatus how) { Ended(status, how == QProcess::CrashExit); });
-    connect(&process_, &QProcess::errorOccurred, this, [this](QProcess::ProcessError error) {
-        if (error == QProcess::FailedToStart) {
-            ShowRunning(false);
-            Tell("The program " + reporter_ + " could not be started.", true);
-        }
-    });
+    program_.told = [this](const QString& line) { TakeLine(line.trimmed()); };
+    program_.ended = [this](const QString& failure) { Ended(failure); };
 }
 
 void ReportsDialog::Build(const std::vector<Choice>& choices)
@@ -65,7 +51,7 @@ void ReportsDialog::Build(const std::vector<Choice>& choices)
     kind_->addItem("Workbook (.xls)", "--xls");
     folder_ =
         new QLineEdit(QDir(QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation)).filePath("Reports"));
-    browse_ = Button("&Browse ...");
+    browse_ = MakeButton("&Browse ...");
     auto* place = new QHBoxLayout;
     place->addWidget(folder_, 1);
     place->addWidget(browse_);
@@ -89,10 +75,10 @@ void ReportsDialog::Build(const std::vector<Choice>& choices)
     fields->addRow(message_);
     fields->addRow(failures_);
 
-    start_ = Button("&Write");
+    start_ = MakeButton("&Write");
     start_->setDefault(true);
     start_->setProperty("main", true);
-    close_ = Button("&Close");
+    close_ = MakeButton("&Close");
     close_->setAutoDefault(false);
     auto* buttons = new QHBoxLayout;
     buttons->addStretch();
@@ -123,19 +109,13 @@ void ReportsDialog::Start()
     cancelled_ = false;
     written_ = 0;
     Tell("");
-    QStringList arguments{"--program-folder", Text(programFolder_.string()), kind_->currentData().toString(),
-                          folder_->text().trimmed(), "-"};
-    process_.start(reporter_, arguments);
-    for (const std::string& code : codes) // a practice has more than a command line holds
-        process_.write((code + '\n').c_str());
-    process_.closeWriteChannel();
+    QByteArray lines; // a practice has more than a command line holds
+    for (const std::string& code : codes)
+        lines.append((code + '\n').c_str());
+    program_.Start({"--program-folder", Text(programFolder_.string()), kind_->currentData().toString(),
+                    folder_->text().trimmed(), "-"},
+                   lines);
     ShowRunning(true);
-}
-
-void ReportsDialog::ReadLines()
-{
-    while (process_.canReadLine())
-        TakeLine(QString::fromUtf8(process_.readLine()).trimmed());
 }
 
 /// "3/12 CODE FILE", or "3/12 CODE failed: ...".
@@ -156,19 +136,17 @@ void ReportsDialog::ListFailure(const QString& words)
     failures_->show();
 }
 
-void ReportsDialog::Ended(int status, bool crashed)
+void ReportsDialog::Ended(const QString& failure)
 {
-    ReadLines();
     ShowRunning(false);
-    const bool failed = (crashed || status != 0) && !cancelled_;
-    if (failed && failures_->count() == 0) // it could not even begin: its own words say why
-        ListFailure(QString::fromUtf8(process_.readAllStandardError()).trimmed());
+    if (!failure.isEmpty() && failures_->count() == 0) // it could not even begin
+        ListFailure(failure);
     const QString count =
         QString("%1 of %2 reports stand in %3.").arg(written_).arg(progress_->maximum()).arg(folder_->text().trimmed());
     if (cancelled_)
         Tell("Cancelled: " + count);
     else
-        Tell(count, failed);
+        Tell(count, failures_->count() > 0);
 }
 
 void ReportsDialog::ShowRunning(bool runs)
@@ -190,10 +168,10 @@ void ReportsDialog::Tell(const QString& text, bool isFailure)
 /// While it writes, Escape and the button stop it: each file is written in one step, so none is left in half.
 void ReportsDialog::reject()
 {
-    if (process_.state() == QProcess::NotRunning)
+    if (!program_.IsRunning())
         return QDialog::reject();
     cancelled_ = true;
-    process_.kill();
+    program_.Stop();
 }
 
 } // namespace pgbp

@@ -1,7 +1,8 @@
 #pragma once
 
+#include "suite/line_program.h"
+
 #include <QDialog>
-#include <QProcess>
 
 #include <filesystem>
 #include <string>
@@ -31,18 +32,16 @@ class ReportsDialog : public QDialog {
     void Build(const std::vector<Choice>& choices);
     void ChooseFolder();
     void Start();
-    void ReadLines();
     void TakeLine(const QString& line);
     void ListFailure(const QString& words);
-    void Ended(int status, bool crashed);
+    void Ended(const QString& failure);
     void Tell(const QString& text, bool isFailure = false);
     void ShowRunning(bool runs);
     void reject() override;
 
     const std::filesystem::path programFolder_;
-    const QString reporter_;
     std::vector<std::vector<std::string>> codes_;
-    QProcess process_;
+    LineProgram program_;
     bool cancelled_ = false;
     int written_ = 0;
 
