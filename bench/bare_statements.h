@@ -39,6 +39,15 @@ class BareStatements {
     /// A statement with at most one "?", which is the code; it runs that many times, one after the other.
     void Prepare(const std::string& sql, int times = 1) { statements_.push_back({Made(sql), times}); }
 
+    /// From here on the statements are those of another assessee-year.
+    void BindCode(const std::string& code)
+    {
+        code_ = code;
+        for (const Prepared& each : statements_)
+            if (sqlite3_bind_parameter_count(each.statement) > 0)
+                sqlite3_bind_text(each.statement, 1, code_.c_str(), -1, SQLITE_STATIC);
+    }
+
     /// A select whose rows an insert takes over, each field bound: the two tables may lie in different stores.
     void PrepareCopy(const std::string& select, const std::string& insert)
     {

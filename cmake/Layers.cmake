@@ -18,6 +18,7 @@ set(PGBP_USES_module services store controls startup income computation annexure
 set(PGBP_USES_report services law workbook store controls startup records entry income computation annexure schedules
     statements module)
 set(PGBP_USES_report_program services startup module report suite desktop)
+set(PGBP_USES_check services store startup records entry income computation suite)
 set(PGBP_USES_desktop services store controls startup module drive)
 set(PGBP_USES_drive services store controls startup module)
 set(PGBP_USES_audit_report services store controls startup desktop)

@@ -10,7 +10,7 @@ LIBRARIES = {  # headers beginning so: the folders that may include them
     r"Q[A-Z]": {"desktop", "suite", "audit_report", "report_program"},
     r"qpdf/": {"report_program"},
     r"pugixml|nlohmann/": {"audit_report"},
-    r"csv\.h": {"trial_balance"},
+    r"csv\.h": {"trial_balance", "suite"},
     r"zlib\.h": {"suite"},
     r"SQLiteCpp/|sqlite3\.h": {"store"},
     r"sql(ext|types|ucode)?\.h": {"store"},

@@ -8,8 +8,11 @@
 namespace pgbp {
 namespace {
 
-constexpr std::string_view kSelect = "select y.code, y.company, y.comp_name, y.pan, y.[year], a.status "
+/// What a select asks for, its first word left out.
+constexpr std::string_view kWanted = "y.code, y.company, y.comp_name, y.pan, y.[year], a.status "
                                      "from {assessee1} y left join {assessee} a on a.company = y.company";
+
+std::string Select(std::string_view which) { return "select " + std::string(kWanted) + std::string(which); }
 
 AssesseeYear Read(const Row& row)
 {
@@ -34,14 +37,23 @@ std::string YearAfter(std::string_view year, int years)
 std::vector<AssesseeYear> AssesseeYears(const Practice& practice)
 {
     std::vector<AssesseeYear> years;
-    for (const Row row : practice.company.Query(std::string(kSelect) + " order by y.company, y.[year]"))
+    for (const Row row : practice.company.Query(Select(" order by y.company, y.[year]")))
+        years.push_back(Read(row));
+    return years;
+}
+
+std::vector<AssesseeYear> AssesseeYearsBehind(const Practice& practice, std::string_view code, int count)
+{
+    std::vector<AssesseeYear> years;
+    const std::string wanted = std::string(kWanted) + " where y.code > ? order by y.code";
+    for (const Row row : practice.company.Query(practice.company.dialect().FirstRows(wanted, count), code))
         years.push_back(Read(row));
     return years;
 }
 
 AssesseeYear FindAssesseeYear(const Practice& practice, std::string_view code)
 {
-    const Recordset rows = practice.company.Query(std::string(kSelect) + " where y.code = ?", code);
+    const Recordset rows = practice.company.Query(Select(" where y.code = ?"), code);
     if (rows.Empty())
         throw std::runtime_error("The practice has no assessee-year " + std::string(code) +
                                  ". \"pgbp-suite list\" shows those it has.");

@@ -28,6 +28,9 @@ std::string YearAfter(std::string_view year, int years);
 /// are read as they are looked at.
 std::vector<AssesseeYear> AssesseeYears(const Practice& practice);
 
+/// The first so many assessee-years behind this code, in the order of their codes, without their heads of income.
+std::vector<AssesseeYear> AssesseeYearsBehind(const Practice& practice, std::string_view code, int count);
+
 /// With its head of income. Throws std::runtime_error when the practice has no such code.
 AssesseeYear FindAssesseeYear(const Practice& practice, std::string_view code);
 

@@ -18,7 +18,7 @@ constexpr QSize kTitleBar(0, 10 * kUnit);
 
 int ShowWindow(const ChooserPrograms& programs, const std::string& picture)
 {
-    ChooserWindow window(programs.folder, programs.module, programs.reporter);
+    ChooserWindow window(programs);
     const QSize usual(1100, 640);
     if (!picture.empty())
         window.resize(usual);

@@ -10,6 +10,7 @@ struct ChooserPrograms {
     std::filesystem::path folder;
     std::filesystem::path module;
     std::filesystem::path reporter;
+    std::filesystem::path checker;
 };
 
 /// Opens the chooser window and waits until it is closed; gives the exit code of the program. With a `picture` the

@@ -8,8 +8,10 @@
 #include "services/error_log.h"
 #include "services/fault.h"
 #include "suite/backup.h"
+#include "suite/check_window.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
+#include "suite/push_button.h"
 #include "suite/reports_dialog.h"
 #include "suite/text_color.h"
 
@@ -29,14 +31,6 @@
 
 namespace pgbp {
 namespace {
-
-QPushButton* Button(const QString& caption)
-{
-    auto* button = new QPushButton(caption);
-    button->setMinimumHeight(RowHeight() + kUnit);
-    button->setAutoDefault(true);
-    return button;
-}
 
 /// A text as wide as what usually stands in the column; it is never narrower than its heading.
 constexpr std::pair<YearList::Column, const char*> kUsualTexts[] = {
@@ -60,12 +54,10 @@ bool IsText(const QKeyEvent& key)
 
 } // namespace
 
-ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
-                             std::filesystem::path reporter)
-    : practice_(programFolder), module_(module),
-      backup_(module.parent_path() / "pgbp-suite", practice_.folders.program),
-      reporter_(std::move(reporter)), look_{practice_.folders.Client() / "chooser.ini"},
-      list_([this](AssesseeYear& year) {
+ChooserWindow::ChooserWindow(const ChooserPrograms& programs)
+    : programs_(programs), practice_(programs.folder), module_(programs.module),
+      backup_(programs.module.parent_path() / "pgbp-suite", practice_.folders.program),
+      look_{practice_.folders.Client() / "chooser.ini"}, list_([this](AssesseeYear& year) {
           try {
               ReadHead(practice_, year);
           } catch (const std::exception& failure) {
@@ -172,23 +164,25 @@ void ChooserWindow::BuildOptions()
 
 void ChooserWindow::BuildBottom()
 {
-    newClient_ = Button("&New Client ...");
-    addYear_ = Button("Add &Year ...");
-    changeSettings_ = Button("Client Se&ttings ...");
-    reports_ = Button("&Reports ...");
+    newClient_ = MakeButton("&New Client ...");
+    addYear_ = MakeButton("Add &Year ...");
+    changeSettings_ = MakeButton("Client Se&ttings ...");
+    reports_ = MakeButton("&Reports ...");
     reports_->setToolTip("Computations on paper; Ctrl+P shows that of the marked client");
-    backUp_ = Button("&Back Up");
+    check_ = MakeButton("Chec&k ...");
+    check_->setToolTip("Finds what does not agree in the practice");
+    backUp_ = MakeButton("&Back Up");
     backUp_->setToolTip("Copies all data of the practice, checked, while you go on working");
-    open_ = Button("&Open");
+    open_ = MakeButton("&Open");
     open_->setProperty("main", true);
-    close_ = Button("&Close");
+    close_ = MakeButton("&Close");
     message_ = new QLabel;
     message_->setObjectName("message");
     message_->setWordWrap(true);
 
     auto* row = new QHBoxLayout;
     row->setSpacing(2 * kUnit);
-    for (QPushButton* button : {newClient_, addYear_, changeSettings_, reports_, backUp_})
+    for (QPushButton* button : {newClient_, addYear_, changeSettings_, reports_, check_, backUp_})
         row->addWidget(button);
     row->addStretch();
     row->addWidget(open_);
@@ -223,6 +217,7 @@ void ChooserWindow::Connect()
     connect(addYear_, &QPushButton::clicked, this, guarded(&ChooserWindow::AddYear));
     connect(changeSettings_, &QPushButton::clicked, this, guarded(&ChooserWindow::ChangeSettings));
     connect(reports_, &QPushButton::clicked, this, guarded(&ChooserWindow::ReportOnMany));
+    connect(check_, &QPushButton::clicked, this, [this] { Check(); });
     connect(backUp_, &QPushButton::clicked, this, [this] { BackUp(); });
     backup_.ended = [this](const QString& told, bool isFailure) {
         backUp_->setEnabled(true);
@@ -420,8 +415,13 @@ void ChooserWindow::ModuleEnded(const QString& failure, const QString& said)
     Guarded([&] { ShowOptions(); });
     search_->setFocus();
     search_->selectAll();
-    raise();
-    activateWindow();
+    QWidget* before = this;
+    if (checkWindow_ && checkWindow_->isVisible()) {
+        checkWindow_->LookAgain(openCode_);
+        before = checkWindow_;
+    }
+    before->raise();
+    before->activateWindow();
 }
 
 QString ChooserWindow::WhatCameBack(const AssesseeYear& year, const QString& failure, const QString& said) const
@@ -481,7 +481,7 @@ void ChooserWindow::ReportOnMany()
     std::vector<ReportsDialog::Choice> choices{{Text(chosen->name + ", " + chosen->year), {chosen->code}}};
     if (all.size() > 1)
         choices.push_back({QString("All %1 assessee-years in the list").arg(all.size()), std::move(all)});
-    ReportsDialog(this, practice_.folders.program, reporter_, choices).exec();
+    ReportsDialog(this, practice_.folders.program, programs_.reporter, choices).exec();
     table_->setFocus();
 }
 
@@ -493,10 +493,37 @@ void ChooserWindow::ReportOnChosen()
         return;
     const QStringList arguments{"--program-folder", Text(practice_.folders.program.string()), "--window",
                                 Text(chosen->code)};
-    if (QProcess::startDetached(Text(reporter_.string()), arguments))
+    if (QProcess::startDetached(Text(programs_.reporter.string()), arguments))
         Tell(Text("The computation of " + chosen->name + ", " + chosen->year + " is shown in a window of its own."));
     else
-        Tell("The program " + Text(reporter_.string()) + " could not be started.", true);
+        Tell("The program " + Text(programs_.reporter.string()) + " could not be started.", true);
+}
+
+/// In a window of its own, which stays while its findings are gone through.
+void ChooserWindow::Check()
+{
+    if (!checkWindow_) {
+        checkWindow_ = new CheckWindow(this, practice_.folders.program, programs_.checker);
+        checkWindow_->open = [this](const std::string& code) { return OpenFound(code); };
+        checkWindow_->resize(size());
+    }
+    checkWindow_->show();
+    checkWindow_->raise();
+    checkWindow_->activateWindow();
+    checkWindow_->Start();
+}
+
+QString ChooserWindow::OpenFound(const std::string& code)
+{
+    if (module_.IsRunning())
+        return "The module is open with a client: close that one first.";
+    if (!list_.RowOf(code))
+        search_->clear();
+    if (!list_.RowOf(code))
+        return "No client has the code \"" + Text(code) + "\".";
+    Choose(code);
+    Open();
+    return "";
 }
 
 void ChooserWindow::BackUp()

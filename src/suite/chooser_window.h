@@ -2,6 +2,7 @@
 
 #include "services/ini_file.h"
 #include "suite/backup_process.h"
+#include "suite/chooser.h"
 #include "suite/chooser_model.h"
 #include "suite/client_settings.h"
 #include "suite/hand_over_row.h"
@@ -20,6 +21,7 @@ class QTableView;
 
 namespace pgbp {
 
+class CheckWindow;
 class ElidedLabel;
 
 /// The list of the practice's assessee-years. Choosing one starts the module and, when it has ended, shows the head of
@@ -28,8 +30,7 @@ class ElidedLabel;
 class ChooserWindow : public QWidget {
   public:
     /// Throws std::runtime_error when no practice stands in the folder.
-    ChooserWindow(const std::filesystem::path& programFolder, const std::filesystem::path& module,
-                  std::filesystem::path reporter);
+    explicit ChooserWindow(const ChooserPrograms& programs);
 
     /// Shows only what holds each of the words, as typing them does.
     void Search(const QString& text);
@@ -59,6 +60,9 @@ class ChooserWindow : public QWidget {
     void ChangeSettings();
     void ReportOnMany();
     void ReportOnChosen();
+    void Check();
+    /// Opens the client of a finding; gives why not, or nothing.
+    QString OpenFound(const std::string& code);
     void BackUp();
     void Added(const std::string& code);
     void ModuleEnded(const QString& failure, const QString& said);
@@ -75,13 +79,13 @@ class ChooserWindow : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
 
+    const ChooserPrograms programs_;
     Practice practice_;
     ModuleProcess module_;
     BackupProcess backup_;
-    const std::filesystem::path reporter_; ///< the program of reports
-    std::string openCode_;                 ///< of the assessee-year that the module has open, or had last
-    ClientSettings settings_;              ///< of the chosen assessee-year
-    clsIniFile look_;                      ///< order of the list, size of the window: of this workstation
+    std::string openCode_;    ///< of the assessee-year that the module has open, or had last
+    ClientSettings settings_; ///< of the chosen assessee-year
+    clsIniFile look_;         ///< order of the list, size of the window: of this workstation
     YearList list_;
     AssesseeYearModel rows_{list_};
 
@@ -95,9 +99,11 @@ class ChooserWindow : public QWidget {
     QPushButton* addYear_ = nullptr;
     QPushButton* changeSettings_ = nullptr;
     QPushButton* reports_ = nullptr;
+    QPushButton* check_ = nullptr;
     QPushButton* backUp_ = nullptr;
     QPushButton* close_ = nullptr;
     QLabel* message_ = nullptr;
+    CheckWindow* checkWindow_ = nullptr; ///< none until it is asked for
 };
 
 } // namespace pgbp

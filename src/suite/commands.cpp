@@ -172,6 +172,17 @@ void Report(Suite& suite, Words words)
         throw std::runtime_error("Not all reports were made.");
 }
 
+/// The program tells what it finds.
+void Check(Suite& suite, Words words)
+{
+    std::vector<std::string> arguments{"--program-folder", suite.programFolder.string()};
+    arguments.insert(arguments.end(), words.begin(), words.end());
+    suite.out.flush();
+    constexpr int kFound = 1;
+    if (const int status = suite.processes.RunAndWait(suite.checker, arguments); status != 0)
+        throw std::runtime_error(status == kFound ? "Not all agrees." : "The check was not made.");
+}
+
 void Fill(Suite& suite, Words words)
 {
     const double count = NumberOf(words[0], "number of assessee-years");
@@ -202,6 +213,8 @@ constexpr Command kCommands[] = {
     {"report", "CODE ... [--pdf FOLDER | --xls FOLDER | --text]",
      "the computation of each client on paper: a file in FOLDER named by PAN and year, or as text", 1, kAnyNumber,
      Report},
+    {"check", "[--csv FILE] [CODE ...]",
+     "finds what does not agree: heads of income, statements, annexures, ratios, rows of nobody", 0, kAnyNumber, Check},
     {"fill", "COUNT", "adds that many assessee-years made up from the demonstration clients", 1, 1, Fill},
     {"backup", "[if-due]",
      "copies all files while others work; with if-due only where today has none and work was stored", 0, 1,

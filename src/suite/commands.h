@@ -16,6 +16,7 @@ struct Suite {
     std::filesystem::path dataFolder;    ///< what a new practice starts with
     std::filesystem::path module;        ///< the program that is started
     StandIns standIns;                   ///< the programs that a practice gets as siblings of the module
+    std::filesystem::path checker;       ///< the program that finds what does not agree
     Processes& processes;
     std::ostream& out;
 };

@@ -31,13 +31,15 @@ try {
                       BesideThisProgram("pgbp"),
                       {BesideThisProgram("pgbp-audit-reader"), BesideThisProgram("pgbp-books-link"),
                        BesideThisProgram("pgbp-report")},
+                      BesideThisProgram("pgbp-check"),
                       processes,
                       std::cout};
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))
         suite.programFolder = *told;
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
     if (words.empty())
-        return pgbp::ShowChooser(argc, argv, {suite.programFolder, suite.module, suite.standIns.reporter}, picture);
+        return pgbp::ShowChooser(argc, argv,
+                                 {suite.programFolder, suite.module, suite.standIns.reporter, suite.checker}, picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {

@@ -1,3 +1,4 @@
+#include "suite/check_window.h"
 #include "suite/chooser_window.h"
 #include "suite/new_practice.h"
 
@@ -44,11 +45,8 @@ class Chooser : public testing::Test {
     }
     std::filesystem::path Module() const { return scripts.path() / "module"; }
     std::filesystem::path Reporter() const { return scripts.path() / "reporter"; }
-    void WriteReporter(const std::string& script)
-    {
-        scripts.Write("reporter", "#!/bin/sh\n" + script + "\n");
-        std::filesystem::permissions(Reporter(), std::filesystem::perms::owner_all);
-    }
+    void WriteReporter(const std::string& script) { Write(script, "reporter"); }
+    std::filesystem::path Checker() const { return scripts.path() / "checker"; }
     QTableView& Table() { return *window.findChild<QTableView*>(); }
     QString Cell(int row, int column) { return Table().model()->index(row, column).data().toString(); }
     /// The message below the list.
@@ -96,7 +94,7 @@ class Chooser : public testing::Test {
 
     NewPractice folder;
     TemporaryFolder scripts;
-    ChooserWindow window{folder.folder(), Module(), Reporter()};
+    ChooserWindow window{{folder.folder(), Module(), Reporter(), Checker()}};
 };
 
 TEST_F(Chooser, FindsByTypingAndWalksWithTheArrows)
@@ -269,7 +267,9 @@ TEST_F(Chooser, ReportsAreCancelledByEscape)
     InDialog("&Reports ...", [&](QDialog& dialog) {
         Reports reports(dialog);
         QTest::mouseClick(&reports.Button("&Write"), Qt::LeftButton);
-        EXPECT_TRUE(reports.Tells("could not be started"));
+        EXPECT_TRUE(reports.Tells("0 of 1 reports"));
+        ASSERT_EQ(reports.Failures().count(), 1);
+        EXPECT_TRUE(reports.Failures().item(0)->text().contains("could not be started"));
         QTest::keyClick(&dialog, Qt::Key_Escape);
     });
 }
@@ -286,6 +286,70 @@ TEST_F(Chooser, ControlPShowsTheComputationOfTheMarkedClient)
     std::string told;
     std::getline(arguments, told);
     EXPECT_EQ(told, "--program-folder " + folder.folder().string() + " --window 1003r2022-23");
+}
+
+class ChooserWithCheck : public Chooser {
+  protected:
+    QWidget& Check() const { return *window.findChild<QWidget*>("check"); }
+    QTableView& Found() const { return *Check().findChild<QTableView*>(); }
+    QString Cell(int row, int column) const { return Found().model()->index(row, column).data().toString(); }
+    bool Tells(const QString& words) const
+    {
+        return QTest::qWaitFor([&] { return Check().findChild<QLabel*>("message")->text().contains(words); }, 5000);
+    }
+    void StartByKey()
+    {
+        QTest::keyClick(&Search(), Qt::Key_K, Qt::AltModifier);
+        ASSERT_TRUE(QTest::qWaitFor([&] { return window.findChild<QWidget*>("check") && Check().isVisible(); }, 5000));
+    }
+};
+
+TEST_F(ChooserWithCheck, AFindingOpensItsClientAndIsGoneWhenItIsPutRight)
+{
+    Write("case $4 in 1003*) exit 0;; esac\n"
+          "printf '1003r2022-23\\tVerma\\t2022-23\\tHead of income\\tTotal\\t900.00\\t1000.00\\n'\n"
+          "printf '9\\t\\t\\tRows of nobody\\tbusiness: 1\\t\\t\\n'\n"
+          "printf '1001r2022-23\\tAsha\\t2022-23\\tHead of income\\tTotal\\t1100.00\\t0.00\\n'\n"
+          "echo progress 37 37; exit 1",
+          "checker");
+    StartByKey();
+    ASSERT_TRUE(Tells("3 found"));
+    QTest::keyClick(&Found(), Qt::Key_5, Qt::ControlModifier);
+    QTest::keyClick(&Found(), Qt::Key_5, Qt::ControlModifier);
+    EXPECT_EQ(Cell(0, FindingsModel::Stored), "1,100.00");
+    EXPECT_EQ(Cell(1, FindingsModel::Stored), "900.00");
+    EXPECT_EQ(Cell(2, FindingsModel::Stored), "");
+
+    Found().setCurrentIndex(Found().model()->index(2, 0));
+    QTest::keyClick(&Found(), Qt::Key_Return);
+    EXPECT_TRUE(Tells("No client has the code \"9\"."));
+    Search().setText("iyer"); // the found client is not in the list now
+    Found().setCurrentIndex(Found().model()->index(1, 0));
+    QTest::keyClick(&Found(), Qt::Key_Return);
+    EXPECT_TRUE(Tells("2 found"));
+    EXPECT_EQ(Cell(1, FindingsModel::Code), "9");
+    EXPECT_EQ(Table().currentIndex().siblingAtColumn(YearList::Code).data().toString(), "1003r2022-23");
+    EXPECT_TRUE(Check().isActiveWindow());
+}
+
+TEST_F(ChooserWithCheck, EscapeEndsTheCheckAndThenTheWindow)
+{
+    Write("printf 'A\\tB\\tC\\tD\\tE\\t\\t\\n'; echo progress 200 1000; exec sleep 60", "checker");
+    StartByKey();
+    ASSERT_TRUE(QTest::qWaitFor([&] { return Found().model()->rowCount() == 1; }, 5000));
+    EXPECT_EQ(Check().findChild<QProgressBar*>()->value(), 200);
+    EXPECT_EQ(Check().findChild<QProgressBar*>()->maximum(), 1000);
+    QTest::keyClick(&Found(), Qt::Key_Escape);
+    EXPECT_TRUE(Tells("Cancelled: 1 found so far."));
+    QTest::keyClick(&Found(), Qt::Key_Escape);
+    EXPECT_FALSE(Check().isVisible());
+
+    Write("echo The practice is locked. >&2; exit 2", "checker");
+    QTest::mouseClick(&Button("Chec&k ..."), Qt::LeftButton);
+    EXPECT_TRUE(Tells("The practice is locked."));
+    Write("exit 0", "checker");
+    QTest::keyClick(&Found(), Qt::Key_F5);
+    EXPECT_TRUE(Tells("All agrees."));
 }
 
 TEST_F(Chooser, BacksUpByAKeyAndTellsHowItEnded)

@@ -37,7 +37,7 @@ class Commands : public testing::Test {
     {
         std::ostringstream out;
         Suite suite{made.folder(), PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link", "pgbp-report"},
-                    module,        out};
+                    "pgbp-check",  module,    out};
         RunCommand(suite, words);
         return out.str();
     }
@@ -231,7 +231,8 @@ TEST(FirstStarts, ManyAtOnceMakeOnePracticeAndOneHandOverFile)
     FakeModule module;
     const auto ensure = [&] {
         std::ostringstream out;
-        Suite suite{folder, PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link", "pgbp-report"}, module, out};
+        Suite suite{folder,       PGBP_DATA, "pgbp", {"pgbp-audit-reader", "pgbp-books-link", "pgbp-report"},
+                    "pgbp-check", module,    out};
         RunCommand(suite, std::vector<std::string>{"ensure"});
     };
     EXPECT_EQ(FailuresAtOnce(4, ensure), std::vector<std::string>());
