@@ -113,6 +113,7 @@ void HandOverCommand(Suite& suite, Words words)
     ApplySettings(record, ReadSettings(practice, found.code));
     for (const std::string& word : words.subspan(1))
         SetColumn(record, word);
+    LinkStandIns(suite.programFolder, suite.standIns);
     NoteRun(practice, record.Glcode, record.GLminor);
     WriteHandOverFile(practice, record);
 }
