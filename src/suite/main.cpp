@@ -37,7 +37,10 @@ try {
         suite.programFolder = *told;
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
     if (words.empty())
-        return pgbp::ShowChooser(argc, argv, {suite.programFolder, suite.module, suite.standIns.reporter}, picture);
+        return pgbp::ShowChooser(argc, argv,
+                                 {suite.programFolder, suite.module, suite.standIns.reporter,
+                                  [&suite] { pgbp::RunCommand(suite, std::vector<std::string>{"ensure"}); }},
+                                 picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {
