@@ -86,7 +86,9 @@ class Case:
             os.link(programs / "pgbp-suite", beside / "pgbp-suite")
         except OSError:  # another file system
             shutil.copy(programs / "pgbp-suite", beside / "pgbp-suite")
-        (beside / "data").symlink_to((programs / "data").resolve())
+        data = self.folder / "share" / "pgbp"
+        data.parent.mkdir()
+        data.symlink_to((programs / "../share/pgbp").resolve())
         for program in ("pgbp-audit-reader", "pgbp-books-link", "pgbp-report"):
             (beside / program).symlink_to(programs / program)
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
