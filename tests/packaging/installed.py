@@ -15,7 +15,7 @@ import subprocess
 import sys
 
 HOME = "/home/preparer"
-NOT_NEEDED = re.compile(r"/usr/share/(doc|man|info|locale|lintian|gtk-doc|bug)/|/usr/lib/x86_64-linux-gnu/dri/")
+NOT_NEEDED = re.compile(r"/usr/share/(doc|man|info|locale|lintian|gtk-doc|bug)/|/usr/lib/[^/]+/dri/")
 SCENARIOS = pathlib.Path(__file__).resolve().parent.parent / "scenarios"
 STORIES = ["firm-head-of-income", "statement-bad-debts", "presumptive-shop"]
 FIRM = "1003r2023-24"  # what the first of them computes
