@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
 
-.PHONY: run test bench format check lint lint-all asan faults mutants fuzz screenshots reports setup build
+.PHONY: run test bench format check lint lint-all asan faults mutants fuzz screenshots reports package setup build
 
 run: build
 	@tools/run.sh build/dev/bin practice
@@ -57,3 +57,9 @@ screenshots: build
 
 reports: build
 	@tools/report-pictures.sh build/dev/bin docs/reports
+
+package:
+	@tools/setup.sh lintian appstream
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	cmake --build --preset release --target installed -j $(JOBS)
+	@tools/package.sh build/release

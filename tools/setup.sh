@@ -11,6 +11,7 @@ packages="
     unixodbc-dev odbc-mariadb mariadb-server
     libgtest-dev libgmock-dev libbenchmark-dev
     gnumeric
+    librsvg2-bin mandoc desktop-file-utils dpkg-dev file bubblewrap
     xvfb openbox python3-xlib
     clang-format clang-tidy clang-14 libclang-rt-14-dev
 "

@@ -202,6 +202,7 @@ void ApplyTheme(QApplication& application)
     QApplication::setStyle(new PlainTextStyle(QStyleFactory::create("Fusion")));
     QApplication::setPalette(PaletteOf(*theme));
     QApplication::setWindowIcon(ProgramIcon());
+    QApplication::setDesktopFileName("pgbp"); // a desktop takes icon and name of a window from there
     application.setStyleSheet(Sheet(*theme));
 }
 

@@ -5,6 +5,7 @@
 #include "desktop/theme.h"
 #include "services/fault.h"
 #include "suite/chooser_window.h"
+#include "suite/practice.h"
 
 #include <QApplication>
 #include <QScreen>
@@ -16,8 +17,26 @@ namespace {
 
 constexpr QSize kTitleBar(0, 10 * kUnit);
 
+bool IsFree(const std::filesystem::path& folder)
+{
+    return !std::filesystem::exists(folder) || std::filesystem::is_empty(folder);
+}
+
+/// Who starts the program for the first time, from an icon, has no practice and perhaps no command line.
+bool WantsPractice(const std::filesystem::path& folder)
+{
+    return WindowMessageBoxes("Vorn").Show({"There is no practice in " + std::filesystem::absolute(folder).string() +
+                                                " yet.\nMake one there, with demonstration clients?",
+                                            "", Icon::Question, Buttons::YesNo, Answer::Yes}) == Answer::Yes;
+}
+
 int ShowWindow(const ChooserPrograms& programs, const std::string& picture)
 {
+    const bool isFirst = picture.empty() && IsFree(programs.folder);
+    if (isFirst && !WantsPractice(programs.folder))
+        return 0;
+    if (isFirst || IsPractice(programs.folder))
+        programs.ensure();
     ChooserWindow window(programs);
     const QSize usual(1100, 640);
     if (!picture.empty())

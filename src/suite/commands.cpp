@@ -113,6 +113,7 @@ void HandOverCommand(Suite& suite, Words words)
     ApplySettings(record, ReadSettings(practice, found.code));
     for (const std::string& word : words.subspan(1))
         SetColumn(record, word);
+    LinkStandIns(suite.programFolder, suite.standIns);
     NoteRun(practice, record.Glcode, record.GLminor);
     WriteHandOverFile(practice, record);
 }
@@ -234,7 +235,8 @@ std::string Usage(const Command& command)
 void Help(Suite& suite, Words)
 {
     suite.out << "pgbp-suite [--program-folder FOLDER] [COMMAND ...]\n\n"
-                 "Without a command the chooser window opens; --picture FILE.png draws it without a display.\n"
+                 "Without a command the chooser window opens, and offers to make a practice where there is none;\n"
+                 "--picture FILE.png draws it without a display.\n"
                  "The practice is the folder told, else that of the environment variable PGBP_PROGRAM_FOLDER,\n"
                  "else ./practice.\n\n";
     for (const Command& command : kCommands)

@@ -11,7 +11,7 @@ namespace {
 
 std::filesystem::path BesideThisProgram(const char* name)
 {
-    return std::filesystem::read_symlink("/proc/self/exe").parent_path() / name;
+    return (std::filesystem::read_symlink("/proc/self/exe").parent_path() / name).lexically_normal();
 }
 
 std::filesystem::path ChosenProgramFolder()
@@ -27,7 +27,7 @@ try {
     std::vector<std::string> words(argv + 1, argv + argc);
     pgbp::SystemProcesses processes;
     pgbp::Suite suite{ChosenProgramFolder(),
-                      BesideThisProgram("data"),
+                      BesideThisProgram(PGBP_DATA_FROM_PROGRAMS),
                       BesideThisProgram("pgbp"),
                       {BesideThisProgram("pgbp-audit-reader"), BesideThisProgram("pgbp-books-link"),
                        BesideThisProgram("pgbp-report")},
@@ -39,7 +39,9 @@ try {
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
     if (words.empty())
         return pgbp::ShowChooser(argc, argv,
-                                 {suite.programFolder, suite.module, suite.standIns.reporter, suite.checker}, picture);
+                                 {suite.programFolder, suite.module, suite.standIns.reporter, suite.checker,
+                                  [&suite] { pgbp::RunCommand(suite, std::vector<std::string>{"ensure"}); }},
+                                 picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {

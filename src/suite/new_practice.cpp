@@ -129,6 +129,17 @@ void FillDataFiles(const fs::path& programFolder, const fs::path& place, const f
     transaction.Commit();
 }
 
+/// Nothing stands there, or a link of ours that leads to another place: that of another version, or nowhere.
+bool WantsLink(const fs::path& place, const fs::path& program)
+{
+    std::error_code ignored;
+    const fs::file_status status = fs::symlink_status(place, ignored);
+    if (!fs::is_symlink(status))
+        return !fs::exists(status);
+    const fs::path target = fs::read_symlink(place, ignored);
+    return target != program && (target.filename() == program.filename() || !fs::exists(place, ignored));
+}
+
 } // namespace
 
 void RefuseUnlessFree(const std::filesystem::path& folder)
@@ -160,11 +171,16 @@ void LinkStandIns(const std::filesystem::path& programFolder, const StandIns& st
                                                                 {"VornRep.exe", standIns.reporter}};
     for (const auto& [name, program] : siblings) {
         const fs::path place = programFolder / name;
-        std::error_code ignored;
-        if (fs::exists(place, ignored))
+        const fs::path target = fs::absolute(program);
+        if (!WantsLink(place, target))
             continue;
-        fs::remove(place, ignored); // a link whose program has moved
-        fs::create_symlink(fs::absolute(program), place, ignored);
+        const fs::path link = NameInTheMaking(place);
+        std::error_code failed;
+        fs::create_symlink(target, link, failed);
+        if (!failed)
+            fs::rename(link, place, failed); // in one step: another program may be starting it
+        if (failed)
+            fs::remove(link, failed);
     }
 }
 

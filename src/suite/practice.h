@@ -58,8 +58,9 @@ struct StandIns {
     std::filesystem::path reporter;    ///< prints the computation
 };
 
-/// Puts links to them into the practice, under the names by which the module starts its siblings, where none stands
-/// that leads to a program. A folder that can only be read does without: the module tells it then.
+/// Puts links to them into the practice, under the names by which the module starts its siblings. A link to such a
+/// program in another place, that of another version, and one that leads nowhere is replaced; another program that
+/// stands there is left alone. A folder that can only be read does without: the module tells it then.
 void LinkStandIns(const std::filesystem::path& programFolder, const StandIns& standIns);
 
 } // namespace pgbp

@@ -5,6 +5,7 @@ A story is a text file of commands, one a line, played once for each of its case
 
   case NAME word=text ...     a case; $word stands for the text in all commands, $samples for the sample trial balances
   chooser                     starts the chooser in a new practice and waits until it is in front
+  first_start                 starts the chooser where there is no practice
   front TITLE                 waits until this window is in front and has the keyboard
   keys TEXT{ENTER}{ALT+B}     presses keys, whatever is in front
   cross                       closes the window in front by its cross
@@ -85,7 +86,9 @@ class Case:
             os.link(programs / "pgbp-suite", beside / "pgbp-suite")
         except OSError:  # another file system
             shutil.copy(programs / "pgbp-suite", beside / "pgbp-suite")
-        (beside / "data").symlink_to((programs / "data").resolve())
+        data = self.folder / "share" / "pgbp"
+        data.parent.mkdir()
+        data.symlink_to((programs / "../share/pgbp").resolve())
         for program in ("pgbp-audit-reader", "pgbp-books-link", "pgbp-report"):
             (beside / program).symlink_to(programs / program)
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
@@ -101,9 +104,12 @@ class Case:
 
     def chooser(self, _):
         subprocess.run([self.suite, "new", self.practice], check=True, stdout=self.log, stderr=self.log)
+        self.first_start("")
+        self.front(CHOOSER)
+
+    def first_start(self, _):
         self.chooser_process = subprocess.Popen([self.suite, "--program-folder", self.practice], stdout=self.log,
                                                 stderr=self.log, env=self.screen.environment, start_new_session=True)
-        self.front(CHOOSER)
 
     def front(self, title):
         self.screen.wait_for_front(title)

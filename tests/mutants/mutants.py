@@ -19,7 +19,7 @@ import shutil
 import subprocess
 import sys
 
-COPIED = ["CMakeLists.txt", "cmake", "data", "src", "tests", "tools"]
+COPIED = ["CMakeLists.txt", "cmake", "data", "packaging", "src", "tests", "tools"]
 WORKERS = 2
 LONGEST_RUN = 120  # seconds; a test program that hangs has noticed something
 MAY_SURVIVE = 0.1

@@ -218,6 +218,16 @@ TEST_F(Commands, PracticeHasTheSiblingsOfTheModule)
     std::filesystem::create_symlink("moved-away", reader);
     Run({"ensure"});
     EXPECT_EQ(leadsTo(), "pgbp-audit-reader") << "a link that leads nowhere is put right";
+    const TemporaryFolder otherVersion;
+    for (const char* name : {"pgbp-audit-reader", "another-reader"}) {
+        otherVersion.Write(name, "a program");
+        std::filesystem::remove(reader);
+        std::filesystem::create_symlink(otherVersion.path() / name, reader);
+        Run({"handover", "1001r2023-24"});
+        const bool isOurs = std::filesystem::read_symlink(reader) != otherVersion.path() / name;
+        EXPECT_EQ(isOurs, std::string_view(name) == "pgbp-audit-reader")
+            << "one of another version is replaced, another program is not: " << name;
+    }
     std::filesystem::remove(reader);
     std::ofstream(reader) << "the suite's own";
     Run({"ensure"});
