@@ -65,9 +65,9 @@ ChooserWindow::ChooserWindow(const std::filesystem::path& programFolder, const s
     : practice_(programFolder), module_(module),
       backup_(module.parent_path() / "pgbp-suite", practice_.folders.program),
       reporter_(std::move(reporter)), look_{practice_.folders.Client() / "chooser.ini"},
-      list_([this](AssesseeYear& year) {
+      list_([this](std::span<AssesseeYear* const> years) {
           try {
-              ReadHead(practice_, year);
+              ReadHeads(practice_, years);
           } catch (const std::exception& failure) {
               const QString why = Logged(failure);
               QMetaObject::invokeMethod(
