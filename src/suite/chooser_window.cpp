@@ -12,6 +12,7 @@
 #include "suite/head_of_income.h"
 #include "suite/reports_dialog.h"
 #include "suite/text_color.h"
+#include "suite/years_panel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -148,6 +149,8 @@ void ChooserWindow::BuildTable()
     auto* over = new QVBoxLayout(table_->viewport());
     over->addWidget(empty_);
     static_cast<QVBoxLayout*>(layout())->addWidget(table_, 1);
+    years_ = new YearsPanel(this, list_);
+    layout()->addWidget(years_);
 }
 
 void ChooserWindow::BuildOptions()
@@ -261,6 +264,12 @@ void ChooserWindow::closeEvent(QCloseEvent* event)
     QWidget::closeEvent(event);
 }
 
+void ChooserWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    years_->GiveWay(height());
+}
+
 bool ChooserWindow::eventFilter(QObject* watched, QEvent* event)
 {
     return event->type() == QEvent::KeyPress && TakesKey(watched, *static_cast<QKeyEvent*>(event));
@@ -356,6 +365,7 @@ void ChooserWindow::ShowEmpty()
 void ChooserWindow::ShowOptions()
 {
     const AssesseeYear* chosen = Chosen();
+    years_->Mark(chosen ? std::optional(static_cast<std::size_t>(table_->currentIndex().row())) : std::nullopt);
     open_->setEnabled(chosen && !module_.IsRunning());
     addYear_->setEnabled(chosen);
     changeSettings_->setEnabled(chosen);

@@ -21,6 +21,7 @@ class QTableView;
 namespace pgbp {
 
 class ElidedLabel;
+class YearsPanel;
 
 /// The list of the practice's assessee-years. Choosing one starts the module and, when it has ended, shows the head of
 /// income that came back. One run at a time, as there is one hand-over file; the window stays alive meanwhile. Letters
@@ -74,6 +75,7 @@ class ChooserWindow : public QWidget {
     void SearchAnew(const QString& letters);
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
     Practice practice_;
     ModuleProcess module_;
@@ -88,6 +90,7 @@ class ChooserWindow : public QWidget {
     QLineEdit* search_ = nullptr;
     QTableView* table_ = nullptr;
     QLabel* empty_ = nullptr;
+    YearsPanel* years_ = nullptr;
     QComboBox* whose_ = nullptr;
     ElidedLabel* about_ = nullptr;
     QPushButton* open_ = nullptr;

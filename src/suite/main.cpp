@@ -36,8 +36,10 @@ try {
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))
         suite.programFolder = *told;
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
+    const std::string search = pgbp::TakeOption(words, "--search").value_or("");
     if (words.empty())
-        return pgbp::ShowChooser(argc, argv, {suite.programFolder, suite.module, suite.standIns.reporter}, picture);
+        return pgbp::ShowChooser(argc, argv, {suite.programFolder, suite.module, suite.standIns.reporter}, search,
+                                 picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {
