@@ -288,3 +288,8 @@ END
 $suite handover 1007r2023-24 GLminor=1 >/dev/null
 printf 'click frmbusiness.CmdBack\n' | "$programs/pgbp-drive" --program-folder "$practice" >/dev/null
 $suite --picture "$pictures/chooser.png"
+# the newest of a client's years is written too
+$suite handover 1027r2024-25 >/dev/null
+printf 'click frmbusiness.CmdBack\n' | "$programs/pgbp-drive" --program-folder "$practice" >/dev/null
+$suite --search devika --picture "$pictures/client-years.png"
+PGBP_THEME=dark $suite --search 1027r2021-22 --picture "$pictures/client-years-dark.png"

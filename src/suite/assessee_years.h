@@ -24,8 +24,8 @@ struct AssesseeYear {
 /// The assessment year so many years after this one, before it where `years` is below 0: "2023-24".
 std::string YearAfter(std::string_view year, int years);
 
-/// All assessee-years by client, oldest year first, without their heads of income (ReadHead): those of a large practice
-/// are read as they are looked at.
+/// All assessee-years by client, oldest year first, without their heads of income (ReadHeads): those of a large
+/// practice are read as they are looked at.
 std::vector<AssesseeYear> AssesseeYears(const Practice& practice);
 
 /// The first so many assessee-years behind this code, in the order of their codes, without their heads of income.

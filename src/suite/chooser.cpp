@@ -6,9 +6,12 @@
 #include "services/fault.h"
 #include "suite/chooser_window.h"
 #include "suite/practice.h"
+#include "suite/years_panel.h"
 
 #include <QApplication>
+#include <QEventLoop>
 #include <QScreen>
+#include <QTimer>
 
 #include <stdexcept>
 
@@ -30,7 +33,7 @@ bool WantsPractice(const std::filesystem::path& folder)
                                             "", Icon::Question, Buttons::YesNo, Answer::Yes}) == Answer::Yes;
 }
 
-int ShowWindow(const ChooserPrograms& programs, const std::string& picture)
+int ShowWindow(const ChooserPrograms& programs, const std::string& search, const std::string& picture)
 {
     const bool isFirst = picture.empty() && IsFree(programs.folder);
     if (isFirst && !WantsPractice(programs.folder))
@@ -38,15 +41,18 @@ int ShowWindow(const ChooserPrograms& programs, const std::string& picture)
     if (isFirst || IsPractice(programs.folder))
         programs.ensure();
     ChooserWindow window(programs);
-    const QSize usual(1100, 640);
+    const QSize usual(1100, 720);
     if (!picture.empty())
         window.resize(usual);
     else if (!window.testAttribute(Qt::WA_Resized)) // the last time left no size
         window.resize(usual.boundedTo(window.screen()->availableSize() - kTitleBar));
+    window.Search(Text(search));
     window.show();
     if (picture.empty())
         return QApplication::exec();
-    QApplication::processEvents();
+    QEventLoop untilAtRest;
+    QTimer::singleShot(2 * YearsPanel::kStays, &untilAtRest, &QEventLoop::quit);
+    untilAtRest.exec();
     if (!window.grab().save(Text(picture)))
         throw std::runtime_error("The picture " + picture + " cannot be written.");
     return 0;
@@ -54,7 +60,8 @@ int ShowWindow(const ChooserPrograms& programs, const std::string& picture)
 
 } // namespace
 
-int ShowChooser(int argc, char** argv, const ChooserPrograms& programs, const std::string& picture)
+int ShowChooser(int argc, char** argv, const ChooserPrograms& programs, const std::string& search,
+                const std::string& picture)
 {
     const auto isSet = [](const char* name) { return !qEnvironmentVariableIsEmpty(name); };
     if (!picture.empty())
@@ -66,7 +73,7 @@ int ShowChooser(int argc, char** argv, const ChooserPrograms& programs, const st
     QApplication::setApplicationName("pgbp-suite");
     ApplyTheme(application);
     try {
-        return ShowWindow(programs, picture);
+        return ShowWindow(programs, search, picture);
     } catch (const std::exception& error) { // who starts it from an icon sees no standard error
         if (picture.empty())
             WindowMessageBoxes("Vorn").Show({PreparersWords(error), "", Icon::Critical});

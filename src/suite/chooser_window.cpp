@@ -14,6 +14,7 @@
 #include "suite/push_button.h"
 #include "suite/reports_dialog.h"
 #include "suite/text_color.h"
+#include "suite/years_panel.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -57,9 +58,9 @@ bool IsText(const QKeyEvent& key)
 ChooserWindow::ChooserWindow(const ChooserPrograms& programs)
     : programs_(programs), practice_(programs.folder), module_(programs.module),
       backup_(programs.module.parent_path() / "pgbp-suite", practice_.folders.program),
-      look_{practice_.folders.Client() / "chooser.ini"}, list_([this](AssesseeYear& year) {
+      look_{practice_.folders.Client() / "chooser.ini"}, list_([this](std::span<AssesseeYear* const> years) {
           try {
-              ReadHead(practice_, year);
+              ReadHeads(practice_, years);
           } catch (const std::exception& failure) {
               const QString why = Logged(failure);
               QMetaObject::invokeMethod(
@@ -140,6 +141,8 @@ void ChooserWindow::BuildTable()
     auto* over = new QVBoxLayout(table_->viewport());
     over->addWidget(empty_);
     static_cast<QVBoxLayout*>(layout())->addWidget(table_, 1);
+    years_ = new YearsPanel(this, list_);
+    layout()->addWidget(years_);
 }
 
 void ChooserWindow::BuildOptions()
@@ -256,6 +259,12 @@ void ChooserWindow::closeEvent(QCloseEvent* event)
     QWidget::closeEvent(event);
 }
 
+void ChooserWindow::resizeEvent(QResizeEvent* event)
+{
+    QWidget::resizeEvent(event);
+    years_->GiveWay(height());
+}
+
 bool ChooserWindow::eventFilter(QObject* watched, QEvent* event)
 {
     return event->type() == QEvent::KeyPress && TakesKey(watched, *static_cast<QKeyEvent*>(event));
@@ -351,6 +360,7 @@ void ChooserWindow::ShowEmpty()
 void ChooserWindow::ShowOptions()
 {
     const AssesseeYear* chosen = Chosen();
+    years_->Mark(chosen ? std::optional(static_cast<std::size_t>(table_->currentIndex().row())) : std::nullopt);
     open_->setEnabled(chosen && !module_.IsRunning());
     addYear_->setEnabled(chosen);
     changeSettings_->setEnabled(chosen);

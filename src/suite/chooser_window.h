@@ -23,6 +23,7 @@ namespace pgbp {
 
 class CheckWindow;
 class ElidedLabel;
+class YearsPanel;
 
 /// The list of the practice's assessee-years. Choosing one starts the module and, when it has ended, shows the head of
 /// income that came back. One run at a time, as there is one hand-over file; the window stays alive meanwhile. Letters
@@ -78,6 +79,7 @@ class ChooserWindow : public QWidget {
     void SearchAnew(const QString& letters);
     bool eventFilter(QObject* watched, QEvent* event) override;
     void closeEvent(QCloseEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
     const ChooserPrograms programs_;
     Practice practice_;
@@ -92,6 +94,7 @@ class ChooserWindow : public QWidget {
     QLineEdit* search_ = nullptr;
     QTableView* table_ = nullptr;
     QLabel* empty_ = nullptr;
+    YearsPanel* years_ = nullptr;
     QComboBox* whose_ = nullptr;
     ElidedLabel* about_ = nullptr;
     QPushButton* open_ = nullptr;

@@ -1,6 +1,7 @@
 #include "suite/head_of_income.h"
 
 #include "services/format.h"
+#include "services/text.h"
 
 #include <algorithm>
 #include <array>
@@ -44,19 +45,37 @@ std::optional<std::vector<HeadLine>> HeadOfIncome(const Practice& practice, std:
 // Before the next run is noted, what is known of the row is written into it. Neither the amounts nor the place of the
 // row in the file would tell: a second run may well write the same amounts, and a row deleted at the end of the table
 // gives its place to the next one.
+void ReadHeads(const Practice& practice, std::span<AssesseeYear* const> assesseeYears)
+{
+    std::string places;
+    std::vector<Value> codes;
+    for (AssesseeYear* assesseeYear : assesseeYears) {
+        assesseeYear->headOfIncome.reset();
+        assesseeYear->writtenFor = 0;
+        places += codes.empty() ? "?" : ", ?";
+        codes.emplace_back(assesseeYear->code);
+    }
+    const Recordset rows = practice.balance.QueryBound(
+        "select head.code, head.amt14, head.name7, run.amt1 as minor from {qelgeneral} head "
+        "left join {qelgeneral} run on run.code = head.code and run.[Type] = 'BUSIRUN' "
+        "where head.[Type] = 'BUSI' and head.code in (" +
+            places + ")",
+        codes);
+    for (const Row row : rows) {
+        const std::string code = Upper(Trim(row["code"].Text())); // a server finds it in any letters
+        const auto found = std::ranges::find_if(
+            assesseeYears, [&](const AssesseeYear* each) { return Upper(Trim(each->code)) == code; });
+        if (found == assesseeYears.end() || (*found)->headOfIncome)
+            continue;
+        (*found)->headOfIncome = row["amt14"].Number();
+        (*found)->writtenFor = row["name7"].IsNull() ? row["minor"].Number() : Val(row["name7"].Text());
+    }
+}
+
 void ReadHead(const Practice& practice, AssesseeYear& assesseeYear)
 {
-    const Recordset rows = practice.balance.Query(
-        "select head.amt14, head.name7, run.amt1 as minor from {qelgeneral} head left join {qelgeneral} run "
-        "on run.code = head.code and run.[Type] = 'BUSIRUN' where head.code = ? and head.[Type] = 'BUSI'",
-        assesseeYear.code);
-    assesseeYear.headOfIncome.reset();
-    assesseeYear.writtenFor = 0;
-    if (rows.Empty())
-        return;
-    const Row row = rows.First();
-    assesseeYear.headOfIncome = row["amt14"].Number();
-    assesseeYear.writtenFor = row["name7"].IsNull() ? row["minor"].Number() : Val(row["name7"].Text());
+    AssesseeYear* const one[] = {&assesseeYear};
+    ReadHeads(practice, one);
 }
 
 void NoteRun(const Practice& practice, std::string_view code, double minor)

@@ -3,6 +3,7 @@
 #include "suite/assessee_years.h"
 
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -18,7 +19,11 @@ struct HeadLine {
 /// The lines of the head of income of an assessee-year, the final figure last; nothing until the module has written it.
 std::optional<std::vector<HeadLine>> HeadOfIncome(const Practice& practice, std::string_view code);
 
-/// Completes an assessee-year with the amount of its head of income and whose run wrote it.
+/// Completes assessee-years, at least one, with the amounts of their heads of income and whose run wrote them; in one
+/// read, which asks for these alone.
+void ReadHeads(const Practice& practice, std::span<AssesseeYear* const> assesseeYears);
+
+/// The same of one.
 void ReadHead(const Practice& practice, AssesseeYear& assesseeYear);
 
 /// Notes before a run whose run it is: a minor's, or with 0 the assessee's own. A minor's run writes the child's

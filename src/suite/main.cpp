@@ -37,10 +37,12 @@ try {
     if (const auto told = pgbp::TakeOption(words, "--program-folder"))
         suite.programFolder = *told;
     const std::string picture = pgbp::TakeOption(words, "--picture").value_or("");
+    const std::string search = pgbp::TakeOption(words, "--search").value_or("");
     if (words.empty())
         return pgbp::ShowChooser(argc, argv,
                                  {suite.programFolder, suite.module, suite.standIns.reporter, suite.checker,
                                   [&suite] { pgbp::RunCommand(suite, std::vector<std::string>{"ensure"}); }},
+                                 search, picture);
                                  picture);
     pgbp::RunCommand(suite, words);
     return 0;

@@ -7,7 +7,6 @@
 #include "suite/search_words.h"
 
 #include <algorithm>
-#include <map>
 #include <numeric>
 #include <tuple>
 
@@ -32,19 +31,21 @@ bool NeedsHeads(YearList::Column column) { return column == YearList::Head || co
 
 void YearList::Show(std::vector<AssesseeYear> years)
 {
-    std::map<double, std::string> newest; // by client
-    for (const AssesseeYear& year : years) {
-        std::string& latest = newest[year.client];
-        latest = std::max(latest, year.year);
-    }
     entries_.clear();
     entries_.reserve(years.size());
     for (AssesseeYear& year : years) {
         Entry entry{.words = SearchedWords(year), .sortName = Upper(year.name), .kind = KindInWords(year.status)};
-        entry.isNewest = year.year == newest[year.client];
         entry.year = std::move(year);
         entries_.push_back(std::move(entry));
     }
+    byClient_.resize(entries_.size());
+    std::iota(byClient_.begin(), byClient_.end(), 0);
+    std::ranges::stable_sort(byClient_, {}, [this](Index index) {
+        const AssesseeYear& year = entries_[index].year;
+        return std::tie(year.client, year.year);
+    });
+    for (Entry& entry : entries_)
+        entry.isNewest = entry.year.year == entries_[OfClient(entry.year.client).back()].year.year;
     Arrange();
 }
 
@@ -88,21 +89,62 @@ std::optional<std::size_t> YearList::RowOf(std::string_view code) const
 
 const AssesseeYear& YearList::WithHead(std::size_t row)
 {
-    Entry& entry = entries_[found_[row]];
-    Complete(entry);
-    return entry.year;
+    Entry* const one[] = {&entries_[found_[row]]};
+    Complete(one);
+    return one[0]->year;
 }
 
-void YearList::Complete(Entry& entry)
+void YearList::Complete(std::span<Entry* const> entries)
 {
-    if (entry.head != Entry::Unread)
+    std::vector<Entry*> unread;
+    std::ranges::copy_if(entries, std::back_inserter(unread),
+                         [](const Entry* entry) { return entry->head == Entry::Unread; });
+    if (unread.empty())
         return;
+    std::vector<AssesseeYear*> years;
+    years.reserve(unread.size());
+    for (Entry* entry : unread)
+        years.push_back(&entry->year);
+    const auto become = [&](auto head) {
+        for (Entry* entry : unread)
+            entry->head = head;
+    };
     try {
-        readHead_(entry.year);
-        entry.head = Entry::Read;
+        readHeads_(years);
+        become(Entry::Read);
     } catch (const std::exception&) {
-        entry.head = Entry::Failed;
+        become(Entry::Failed);
     }
+}
+
+std::span<const YearList::Index> YearList::OfClient(double client) const
+{
+    const auto clientOf = [this](Index index) { return entries_[index].year.client; };
+    return {std::ranges::lower_bound(byClient_, client, {}, clientOf),
+            std::ranges::upper_bound(byClient_, client, {}, clientOf)};
+}
+
+bool YearList::KnowsYearsOfClient(std::size_t row) const
+{
+    return std::ranges::none_of(OfClient(At(row).client),
+                                [this](Index index) { return entries_[index].head == Entry::Unread; });
+}
+
+std::vector<ClientYear> YearList::YearsOfClient(std::size_t row)
+{
+    std::vector<Entry*> entries;
+    std::ranges::transform(OfClient(At(row).client), std::back_inserter(entries),
+                           [this](Index index) { return &entries_[index]; });
+    Complete(entries);
+    std::vector<ClientYear> years;
+    years.reserve(entries.size());
+    for (const Entry* entry : entries)
+        years.push_back({.code = entry->year.code,
+                         .year = entry->year.year,
+                         .head = entry->head == Entry::Failed ? std::nullopt : entry->year.headOfIncome,
+                         .writtenFor = entry->year.writtenFor,
+                         .isUnreadable = entry->head == Entry::Failed});
+    return years;
 }
 
 std::string YearList::CellText(std::size_t row, Column column)
@@ -159,8 +201,10 @@ int YearList::Compare(const Entry& a, const Entry& b) const
 void YearList::Arrange()
 {
     if (NeedsHeads(order_.column))
-        for (Entry& entry : entries_)
-            Complete(entry);
+        for (Entry& entry : entries_) {
+            Entry* const one[] = {&entry};
+            Complete(one);
+        }
     sorted_.resize(entries_.size());
     std::iota(sorted_.begin(), sorted_.end(), 0);
     std::ranges::sort(sorted_, [this](Index left, Index right) {

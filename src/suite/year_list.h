@@ -1,9 +1,11 @@
 #pragma once
 
 #include "suite/assessee_years.h"
+#include "suite/client_years.h"
 
 #include <cstdint>
 #include <functional>
+#include <span>
 
 namespace pgbp {
 
@@ -17,10 +19,10 @@ class YearList {
         bool descending = false;
         bool operator==(const Order&) const = default;
     };
-    /// Completes an assessee-year with its head of income. Where it throws, the cell says so.
-    using ReadHead = std::function<void(AssesseeYear&)>;
+    /// Completes assessee-years with their heads of income. Where it throws, their cells say so.
+    using ReadHeads = std::function<void(std::span<AssesseeYear* const>)>;
 
-    explicit YearList(ReadHead readHead) : readHead_(std::move(readHead)) {}
+    explicit YearList(ReadHeads readHeads) : readHeads_(std::move(readHeads)) {}
 
     void Show(std::vector<AssesseeYear> years);
     void Search(std::string_view text);
@@ -41,6 +43,12 @@ class YearList {
     bool IsNewest(std::size_t row) const { return entries_[found_[row]].isNewest; } ///< of the client's years
     std::string CellText(std::size_t row, Column column);
 
+    /// All years of the row's client, oldest first, also those that are not searched for. Those heads of income that
+    /// were not read yet are read together.
+    std::vector<ClientYear> YearsOfClient(std::size_t row);
+    /// YearsOfClient has nothing to read.
+    bool KnowsYearsOfClient(std::size_t row) const;
+
     /// What to say where no row stands.
     std::string WhyEmpty() const;
     Order order() const { return order_; }
@@ -56,15 +64,17 @@ class YearList {
     };
     using Index = std::uint32_t;
 
-    void Complete(Entry& entry);
+    void Complete(std::span<Entry* const> entries);
+    std::span<const Index> OfClient(double client) const;
     void Arrange();
     void Filter(const std::vector<Index>& among);
     int Compare(const Entry& a, const Entry& b) const;
 
-    ReadHead readHead_;
+    ReadHeads readHeads_;
     std::vector<Entry> entries_;
-    std::vector<Index> sorted_; ///< all entries
-    std::vector<Index> found_;  ///< those of them that hold the words
+    std::vector<Index> byClient_; ///< all entries, a client's oldest first
+    std::vector<Index> sorted_;   ///< all entries
+    std::vector<Index> found_;    ///< those of them that hold the words
     std::string search_;
     Order order_;
 };

@@ -366,6 +366,36 @@ TEST_F(Chooser, BacksUpByAKeyAndTellsHowItEnded)
     EXPECT_TRUE(Message().startsWith("The disk"));
 }
 
+/// The chart of the marked client is reached with Tab alone and follows what the module wrote.
+TEST_F(Chooser, YearsOfTheMarkedClientStandBelowTheList)
+{
+    auto& chart = *window.findChild<QWidget*>("years");
+    window.resize(1100, 640);
+    window.Search("1027r2024-25");
+    EXPECT_TRUE(QTest::qWaitFor([&] { return !chart.accessibleDescription().isEmpty(); }, 5000));
+    EXPECT_EQ(chart.accessibleDescription(), "2019-20: 3,12,500; 2020-21: 4,05,200; 2021-22: loss of 2,86,400; "
+                                             "2022-23: 0; 2023-24: 4,73,900; 2024-25: not written yet");
+    QTest::mouseClick(&chart, Qt::LeftButton);
+    EXPECT_TRUE(Search().hasFocus());
+    QTest::keyClick(&Search(), Qt::Key_Tab);
+    EXPECT_TRUE(Table().hasFocus());
+    QTest::keyClick(&Table(), Qt::Key_Tab);
+    EXPECT_TRUE(chart.hasFocus());
+
+    Write("while [ ! -e \"$0.go\" ]; do sleep 0.01; done");
+    window.Open();
+    folder.Open().balance.Insert("qelgeneral", {{"code", "1027r2024-25"}, {"Type", "BUSI"}, {"amt14", 704000.0}});
+    scripts.Write("module.go", "");
+    WaitFor("7,04,000.00");
+    EXPECT_TRUE(chart.accessibleDescription().endsWith("2024-25: 7,04,000"));
+
+    chart.setFocus(Qt::TabFocusReason);
+    QTest::keyClicks(&chart, "n"); // searches, as everywhere in the window
+    EXPECT_EQ(Search().text(), "n");
+    window.resize(window.width(), 400);
+    EXPECT_FALSE(chart.isVisible());
+}
+
 /// Nobody waits for it: it goes on when the window has gone.
 TEST_F(Chooser, LeavesADueBackupBehind)
 {

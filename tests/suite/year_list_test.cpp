@@ -43,11 +43,16 @@ class ListOfYears : public testing::Test {
 
     std::map<std::string, double> amounts;
     int reads = 0;
-    YearList list{[this](AssesseeYear& year) {
+    bool isLocked = false;
+    YearList list{[this](std::span<AssesseeYear* const> years) {
         ++reads;
-        year.headOfIncome.reset();
-        if (const auto amount = amounts.find(year.code); amount != amounts.end())
-            year.headOfIncome = amount->second;
+        if (isLocked)
+            throw std::runtime_error("locked");
+        for (AssesseeYear* year : years) {
+            year->headOfIncome.reset();
+            if (const auto amount = amounts.find(year->code); amount != amounts.end())
+                year->headOfIncome = amount->second;
+        }
     }};
 };
 
@@ -101,6 +106,38 @@ TEST_F(ListOfYears, SortsByAnyColumnWithTheNewestYearOfAClientFirst)
         EXPECT_EQ(list.IsNewest(*list.RowOf("12r2023-24")), false);
     }
     EXPECT_EQ(reads, 6);
+}
+
+TEST_F(ListOfYears, AClientsYearsAreReadTogetherAndKept)
+{
+    amounts = {{"7r2022-23", -5}, {"12r2023-24", 20}};
+    list.Search("7r2023-24"); // his other year is not in the list
+    EXPECT_FALSE(list.KnowsYearsOfClient(0));
+    EXPECT_EQ(InWords(list.YearsOfClient(0)), "2022-23: loss of 5; 2023-24: not written yet");
+    EXPECT_EQ(InWords(list.YearsOfClient(0)), "2022-23: loss of 5; 2023-24: not written yet");
+    EXPECT_TRUE(list.KnowsYearsOfClient(0));
+    EXPECT_EQ(list.WithHead(0).code, "7r2023-24");
+    EXPECT_EQ(reads, 1);
+
+    amounts["7r2023-24"] = 900;
+    list.Forget("7r2023-24");
+    EXPECT_FALSE(list.KnowsYearsOfClient(0));
+    EXPECT_EQ(InWords(list.YearsOfClient(0)), "2022-23: loss of 5; 2023-24: 900");
+    EXPECT_EQ(reads, 2);
+    list.Search("");
+    EXPECT_FALSE(list.KnowsYearsOfClient(*list.RowOf("12r2023-24")));
+}
+
+TEST_F(ListOfYears, YearsThatCannotBeReadSaySoUntilTheyAreForgotten)
+{
+    isLocked = true;
+    list.Search("7r2023-24");
+    EXPECT_EQ(InWords(list.YearsOfClient(0)), "2022-23: cannot be read; 2023-24: cannot be read");
+    EXPECT_TRUE(list.KnowsYearsOfClient(0)); // a locked file is waited for once
+    EXPECT_EQ(list.CellText(0, YearList::Head), "cannot be read");
+    isLocked = false;
+    list.Forget("7r2023-24");
+    EXPECT_EQ(InWords(list.YearsOfClient(0)), "2022-23: cannot be read; 2023-24: not written yet");
 }
 
 } // namespace
