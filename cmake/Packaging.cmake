@@ -1,5 +1,5 @@
 # What is installed, and the Debian package of it. The drawing tool of the tests' pictures, pgbp-shot, stays here.
-set(programs pgbp pgbp-suite pgbp-report pgbp-drive pgbp-audit-reader pgbp-books-link)
+set(programs pgbp pgbp-suite pgbp-report pgbp-check pgbp-drive pgbp-audit-reader pgbp-books-link)
 set(packaging ${PROJECT_SOURCE_DIR}/packaging)
 
 # Debian wants pages and changelog compressed, and the same bytes from the same sources: no name and no time in them.

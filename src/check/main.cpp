@@ -24,6 +24,8 @@ others can work on it meanwhile.
 What is found is printed, one a line, and with --csv also written into FILE for a spreadsheet. With --lines the output is
 for another program: fields between tabs, and lines "progress DONE ALL".
 
+The practice is the folder told, else that of PGBP_PROGRAM_FOLDER, else ./practice.
+
 The exit status is 0 where all agrees, 1 where something was found, 2 where the check failed.
 )";
 

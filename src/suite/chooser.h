@@ -16,9 +16,9 @@ struct ChooserPrograms {
 };
 
 /// Opens the chooser window, on what holds the words of `search`, and waits until it is closed; gives the exit code of
-/// the program. With a `picture` the window is drawn into that file instead, without a display. Where the folder is free
-/// it offers to make a practice there. Throws std::runtime_error when there is no practice, no display, or the picture
-/// cannot be written.
+/// the program. With a `picture` the window is drawn into that file instead, without a display. Where the folder is
+/// free it offers to make a practice there. Throws std::runtime_error when there is no practice, no display, or the
+/// picture cannot be written.
 int ShowChooser(int argc, char** argv, const ChooserPrograms& programs, const std::string& search,
                 const std::string& picture);
 

@@ -234,12 +234,13 @@ std::string Usage(const Command& command)
 
 void Help(Suite& suite, Words)
 {
-    suite.out << "pgbp-suite [--program-folder FOLDER] [COMMAND ...]\n\n"
-                 "Without a command the chooser window opens, with --search WORDS on what holds them; it offers to make\n"
-                 "a practice where there is none;\n"
-                 "--picture FILE.png draws it without a display.\n"
-                 "The practice is the folder told, else that of the environment variable PGBP_PROGRAM_FOLDER,\n"
-                 "else ./practice.\n\n";
+    suite.out
+        << "pgbp-suite [--program-folder FOLDER] [COMMAND ...]\n\n"
+           "Without a command the chooser window opens, with --search WORDS on what holds them; it offers to make\n"
+           "a practice where there is none;\n"
+           "--picture FILE.png draws it without a display.\n"
+           "The practice is the folder told, else that of the environment variable PGBP_PROGRAM_FOLDER,\n"
+           "else ./practice.\n\n";
     for (const Command& command : kCommands)
         suite.out << Usage(command) << "\n    " << command.purpose << '\n';
     suite.out << "\nSTATUS:";

@@ -43,7 +43,6 @@ try {
                                  {suite.programFolder, suite.module, suite.standIns.reporter, suite.checker,
                                   [&suite] { pgbp::RunCommand(suite, std::vector<std::string>{"ensure"}); }},
                                  search, picture);
-                                 picture);
     pgbp::RunCommand(suite, words);
     return 0;
 } catch (const std::exception& error) {

@@ -148,6 +148,7 @@ def first_day(clean):
     shown = clean.run("pgbp-suite", "show", FIRM)
     assert "13,08,131.00" in shown.splitlines()[-1], shown
     report_of_firm(clean)
+    assert "All agrees." in clean.run("pgbp-suite", "check", FIRM)
     clean.run("pgbp-suite", "report", FIRM, "--pdf", "reports")
     pdf, = clean.home("reports").glob("*.pdf")
     text = subprocess.run(["pdftotext", "-layout", pdf, "-"], check=True, text=True, capture_output=True).stdout
