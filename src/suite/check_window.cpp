@@ -9,6 +9,7 @@
 #include "suite/text_color.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QFileDialog>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -195,6 +196,13 @@ void CheckWindow::Open()
         Tell(why, true);
 }
 
+/// The marked finding, between tabs, as a spreadsheet takes it.
+void CheckWindow::Copy()
+{
+    if (table_->currentIndex().isValid())
+        QApplication::clipboard()->setText(Text(AsLine(At(table_->currentIndex().row()))));
+}
+
 void CheckWindow::Export()
 {
     const QString name = QFileDialog::getSaveFileName(this, "Export", "Check of the practice.csv", "CSV (*.csv)");
@@ -259,6 +267,8 @@ bool CheckWindow::eventFilter(QObject* watched, QEvent* event)
         Leave();
     else if (key.key() == Qt::Key_F5)
         Start();
+    else if (key.matches(QKeySequence::Copy))
+        Copy();
     else if (isEnter && watched == table_)
         Open();
     else

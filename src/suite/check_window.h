@@ -34,6 +34,7 @@ class CheckWindow : public QWidget {
     void ShowFound();
     void Ended(const QString& failure);
     void Open();
+    void Copy();
     void Export();
     void SortBy(int column);
     void ShowRunning(bool runs);

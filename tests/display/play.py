@@ -89,7 +89,7 @@ class Case:
         data = self.folder / "share" / "pgbp"
         data.parent.mkdir()
         data.symlink_to((programs / "../share/pgbp").resolve())
-        for program in ("pgbp-audit-reader", "pgbp-books-link", "pgbp-report"):
+        for program in ("pgbp-audit-reader", "pgbp-books-link", "pgbp-report", "pgbp-check"):
             (beside / program).symlink_to(programs / program)
         (beside / "pgbp").write_text(NOTES_THE_STATUS.format(module=programs / "pgbp"))
         (beside / "pgbp").chmod(0o755)
