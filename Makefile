@@ -2,7 +2,7 @@
 JOBS ?= $(shell nproc)
 SOURCES = $(shell git ls-files 'src/*.h' 'src/*.cpp' 'tests/*.h' 'tests/*.cpp' 'bench/*.h' 'bench/*.cpp')
 
-.PHONY: run test bench format check lint lint-all asan faults mutants fuzz screenshots reports package setup build
+.PHONY: run test bench format check lint lint-all asan faults load mutants fuzz screenshots reports package setup build
 
 run: build
 	@tools/run.sh build/dev/bin practice
@@ -32,6 +32,16 @@ asan: setup
 
 faults: build
 	@python3 tests/reliability/faults.py build/dev/bin build/dev/tests/reliability/libfailing_calls.so
+
+# place, drivers, own clients or all the same, seconds between two steps; 0 is as fast as they can
+LOAD_SECONDS ?= 60
+LOAD_ROWS ?= server:1:own:0 server:50:own:2 server:50:same:2 server:200:own:2 server:200:same:2 \
+	server:50:own:0 server:200:own:0 folder:1:own:0 folder:8:own:2 folder:8:same:2 folder:8:own:0
+
+load: setup
+	@cmake --preset release > build/configure.log 2>&1 || { cat build/configure.log; exit 1; }
+	cmake --build --preset release --target pgbp-load -j $(JOBS)
+	@python3 tests/load/load.py --seconds $(LOAD_SECONDS) build/release/bin/pgbp-load $(LOAD_ROWS)
 
 mutants: setup
 	@python3 tests/mutants/mutants.py . build/mutants $(ONLY)

@@ -1,6 +1,7 @@
 #!/bin/sh
 # The database server of the store's tests: private, on a loopback address of its own, run without rights.
 #   tools/test-server.sh start FOLDER   leaves "address" and "odbcinst.ini" in FOLDER; neither when no server is installed
+#                                       SERVER_OPTIONS: further options of the server
 #   tools/test-server.sh stop FOLDER    ends the server and removes its data
 set -eu
 
@@ -39,7 +40,7 @@ run_server() {
     setsid timeout "${minutes}m" mariadbd --no-defaults --user="$account" --datadir="$data/db" --socket="$data/socket" \
         --pid-file="$data/pid" --bind-address="$address" --port=3306 --skip-name-resolve --skip-log-bin \
         --innodb-buffer-pool-size=32M --innodb-flush-log-at-trx-commit=0 --character-set-server=utf8mb4 \
-        --sql-mode=MSSQL,NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES </dev/null >>"$folder/log" 2>&1 &
+        --sql-mode=MSSQL,NO_BACKSLASH_ESCAPES,STRICT_ALL_TABLES ${SERVER_OPTIONS:-} </dev/null >>"$folder/log" 2>&1 &
     echo $! >"$folder/pid"
     for _ in $(seq 100); do
         if mariadb-admin --no-defaults --socket="$data/socket" --user=root ping >/dev/null 2>&1; then

@@ -416,8 +416,6 @@ void frmbusinesscal::StoreAndLeave(const TextControl& income)
 bool frmbusinesscal::Store()
 {
     Transaction transaction({run.company, run.balance});
-    if (!annexure_.IsMine())
-        return false;
     const double sno = header.WriteRow(TypeOf(Line()), BusinessColumns(), transaction);
     if (framain.visible)
         StoreOther(sno, transaction);
@@ -427,6 +425,8 @@ bool frmbusinesscal::Store()
         LineDetails(run, "PARTCHANGE", sno).Add({{"amt1", 1}}, transaction);
     CopyWorkToLine(
         run, sno, [this](std::string_view type) { return GoesAlong(type); }, Apostrophes::Blank);
+    if (!annexure_.Claim(transaction)) // behind `company`, which a deletion locks first too
+        return false;
     annexure_.Store(sno, transaction);
     transaction.Commit();
     return true;

@@ -42,8 +42,8 @@ void WorkAnnexure::Open(std::optional<double> sno)
                                      std::to_string(kUnsavedLine) + ' ' + kRowsOfLine +
                                      std::string(run_.balance.dialect().insertionOrder),
                                  run_.Code(), *sno);
+        working = WorkingRows(); // before another run puts its own there
         transaction.Commit();
-        working = WorkingRows();
     }
     Take(working);
     opened_ = mine_;
@@ -72,17 +72,35 @@ void WorkAnnexure::Replace(const Recordset& assets)
 
 void WorkAnnexure::TakeOver() { Take(WorkingRows()); }
 
+/// A server's transaction locks what it writes, not what it reads: between the look at the rows and their move another
+/// run could put its own in their place.
+bool WorkAnnexure::Claim(const Transaction&) const
+{
+    if (!mine_.empty())
+        MoveTo(kUnsavedLine);
+    return IsMine();
+}
+
 bool WorkAnnexure::IsMine() const { return AsText(WorkingRows()) == mine_; }
 
-void WorkAnnexure::Store(double sno, const Transaction&) const
+void WorkAnnexure::MoveTo(double sno) const
 {
-    if (!Altered() && sno == sno_) {
-        run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
-        return;
-    }
-    run_.balance.Delete(kRowsOfLine, run_.Code(), sno);
     run_.balance.Execute("update {fassets} set sno = ? where code = ? and [Type] = 'P' and sno = ?", sno, run_.Code(),
                          kUnsavedLine);
+}
+
+/// Rows that came where this run had none are another one's, and stay.
+void WorkAnnexure::Store(double sno, const Transaction&) const
+{
+    const bool replaces = Altered() || sno != sno_;
+    if (replaces)
+        run_.balance.Delete(kRowsOfLine, run_.Code(), sno);
+    if (mine_.empty())
+        return;
+    if (replaces)
+        MoveTo(sno);
+    else
+        run_.balance.Delete(kRowsOfLine, run_.Code(), kUnsavedLine);
 }
 
 void WorkAnnexure::Drop() const

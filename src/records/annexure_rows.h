@@ -28,8 +28,8 @@ class WorkAnnexure {
     /// The annexure's screen was open: the working rows are what it left.
     void TakeOver();
     bool Altered() const { return mine_ != opened_; }
-    /// The working rows are still those of this run.
-    bool IsMine() const;
+    /// The working rows are still those of this run, and stay so to the end of the caller's transaction.
+    bool Claim(const Transaction& proof) const;
 
     /// Ends the working rows: where the annexure was altered, or the line has another number than the one it was opened
     /// with, they replace the stored rows of the line; else the stored ones stay as they are. Inside a transaction of
@@ -42,6 +42,8 @@ class WorkAnnexure {
     std::optional<double> Depreciation() const { return depreciation_; }
 
   private:
+    bool IsMine() const;
+    void MoveTo(double sno) const;
     Recordset WorkingRows() const;
     void Take(const Recordset& working);
 

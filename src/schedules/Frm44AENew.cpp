@@ -273,18 +273,23 @@ void Frm44AENew::Save()
 bool Frm44AENew::Store()
 {
     Transaction transaction({run.company, run.balance});
-    if (!annexure_.IsMine())
-        return false;
     StoreCarriages(transaction);
-    if (const auto sno = StoreLine(transaction))
+    const std::optional<double> sno = StoreLine(transaction);
+    if (sno)
         StoreDetails(*sno, transaction);
+    if (!annexure_.Claim(transaction)) // behind `company`, which a deletion locks first too
+        return false;
+    ItemsOfBalance(run, "44AE").Delete(transaction);
+    if (sno) {
+        ScheduleCells(run, "NEWPL", sno).Delete(transaction);
+        annexure_.Store(*sno, transaction);
+    }
     transaction.Commit();
     return true;
 }
 
 void Frm44AENew::StoreCarriages(const Transaction& proof) const
 {
-    ItemsOfBalance(run, "44AE").Delete(proof);
     run.company.Delete("from {business1} where code = ? and [Type] = ?", run.Code(), kVehicles);
     const RowsOfType stored = MiscItems(run, kCarriages);
     stored.Delete(proof);
@@ -338,8 +343,6 @@ void Frm44AENew::StoreDetails(double sno, const Transaction& proof) const
         CopyWorkToLine(
             run, sno, [](std::string_view type) { return type != kVehicles; }, Apostrophes::Keep);
     }
-    ScheduleCells(run, "NEWPL", sno).Delete(proof);
-    annexure_.Store(sno, proof);
 }
 
 } // namespace pgbp

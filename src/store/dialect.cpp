@@ -40,7 +40,12 @@ constexpr Dialect MariaDb()
 {
     Dialect dialect = kSqlServer;
     dialect.name = "mariadb";
-    dialect.sessionStart = "set session innodb_lock_wait_timeout = 5, lock_wait_timeout = 5, max_statement_time = 5";
+    // its own way of reading locks the room between two assessees too: their saves would stop each other
+    dialect.sessionStart = "set session innodb_lock_wait_timeout = 5, lock_wait_timeout = 5, max_statement_time = 5, "
+                           "tx_isolation = 'READ-COMMITTED'";
+    // the row with the smallest number, which stays, stands for the table: what is added behind the largest one while
+    // that is waited for would not be seen
+    dialect.lockPattern = "select {} from {t} order by {} limit 1 for update";
     dialect.lockClause = " for update";
     dialect.firstRowsPattern = "select {} limit {n}";
     return dialect;

@@ -3,6 +3,7 @@
 #include "services/text.h"
 
 #include <algorithm>
+#include <cctype>
 #include <charconv>
 #include <stdexcept>
 
@@ -161,6 +162,14 @@ std::vector<Table> MakeTables()
     };
 }
 
+std::string IndexName(const Table& table, std::string_view columns)
+{
+    std::string name = std::string(table.name) + "_" + std::string(columns);
+    std::replace_if(
+        name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
+    return name;
+}
+
 template <typename Rows, typename Matches>
 const auto& Find(const Rows& rows, std::string_view name, Matches matches)
 {
@@ -203,6 +212,18 @@ std::string CreateTableText(const Table& table, const Dialect& dialect)
     for (const Column& column : table.columns)
         columns += (columns.empty() ? "" : ", ") + ColumnText(column, dialect);
     return "create table [" + std::string(table.name) + "] (" + columns + ")";
+}
+
+std::vector<std::string> IndexTexts(const Table& table, const Dialect& dialect)
+{
+    std::vector<std::string> texts;
+    for (const std::string_view columns : table.indexes) {
+        const bool isOfExpression = columns.find('(') != std::string_view::npos;
+        if (!isOfExpression || &dialect == &kEmbeddedDialect)
+            texts.push_back("create index if not exists " + IndexName(table, columns) + " on [" +
+                            std::string(table.name) + "] (" + std::string(columns) + ")");
+    }
+    return texts;
 }
 
 } // namespace pgbp

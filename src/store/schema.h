@@ -22,7 +22,7 @@ struct Table {
     std::string_view file; ///< data file without its extension: "company", "balance", "tax", "qeltemp", "VornTemp" ...
     std::string_view name;
     std::vector<Column> columns;
-    std::vector<std::string_view> indexes; ///< columns of each index, "code, Type"; made by the embedded engine only
+    std::vector<std::string_view> indexes; ///< columns of each index, "code, Type"
 };
 
 /// The whole inventory, in one place.
@@ -36,5 +36,8 @@ std::string ColumnText(const Column& column, const Dialect& dialect);
 
 /// The statement that makes the table in the dialect's engine (table name as it stands, without braces).
 std::string CreateTableText(const Table& table, const Dialect& dialect);
+
+/// The statements that make its indexes where they are missing. An index that the engine has no words for is left out.
+std::vector<std::string> IndexTexts(const Table& table, const Dialect& dialect);
 
 } // namespace pgbp

@@ -12,7 +12,6 @@
 #include <SQLiteCpp/SQLiteCpp.h>
 
 #include <algorithm>
-#include <cctype>
 #include <cerrno>
 
 namespace pgbp {
@@ -46,14 +45,6 @@ void AddMissingColumns(SQLite::Database& database, const Table& table)
                           ColumnText(column, kEmbeddedDialect));
 }
 
-std::string IndexName(const Table& table, std::string_view columns)
-{
-    std::string name = std::string(table.name) + "_" + std::string(columns);
-    std::replace_if(
-        name.begin(), name.end(), [](char c) { return !std::isalnum(static_cast<unsigned char>(c)); }, '_');
-    return name;
-}
-
 void AddMissingTablesAndIndexes(SQLite::Database& database, std::string_view file)
 {
     for (const Table& table : Tables()) {
@@ -63,9 +54,8 @@ void AddMissingTablesAndIndexes(SQLite::Database& database, std::string_view fil
             AddMissingColumns(database, table);
         else
             database.exec(CreateTableText(table, kEmbeddedDialect));
-        for (const std::string_view columns : table.indexes)
-            database.exec("create index if not exists " + IndexName(table, columns) + " on [" +
-                          std::string(table.name) + "] (" + std::string(columns) + ")");
+        for (const std::string& index : IndexTexts(table, kEmbeddedDialect))
+            database.exec(index);
     }
 }
 

@@ -279,6 +279,19 @@ TEST_P(ServerContract, ALostSessionIsAnErrorAndItsTransactionLeavesNothing)
     EXPECT_TRUE(balance.Query("select * from {compu}").Empty());
 }
 
+TEST_P(ServerContract, ASaveOfOneAssesseeDoesNotStopTheNextOne)
+{
+    AddLine(company, "1001", "1", 1);
+    AddLine(company, "1009", "1", 2);
+    const Connection other = OtherCompany();
+    other.Execute("set session innodb_lock_wait_timeout = 1");
+    Transaction mine({company});
+    company.Delete("from {business} where code = ?", "1003"); // none yet, as on a first save
+    company.Insert("business", {{"code", "1003"}, {"SNO", 3}});
+    EXPECT_NO_THROW(AddLine(other, "1004", "1", 4));
+    EXPECT_NO_THROW(other.Execute("update {business} set PNL = 1 where code = ?", "1001"));
+}
+
 TEST_P(ServerContract, AWrongLoginTellsWhatToCorrect)
 {
     const auto refusal = [](const ServerLogin& login, std::string_view database) -> std::optional<Cause> {

@@ -23,7 +23,7 @@ inline std::optional<ServerLogin> TestServer()
     return ServerLogin{address, " preparer ", R"("Pa;ss{wo}rd=1}")", false};
 }
 
-/// The database with the tables of the file, all of them empty.
+/// The database with the tables of the file, all of them empty, and their indexes.
 inline Connection OpenFreshDatabase(const ServerLogin& login, std::string_view database, std::string_view file)
 {
     const Connection connection = OpenServerConnection(login, database);
@@ -32,6 +32,8 @@ inline Connection OpenFreshDatabase(const ServerLogin& login, std::string_view d
             continue;
         connection.Execute("drop table if exists {" + std::string(table.name) + "}");
         connection.Execute(CreateTableText(table, connection.dialect()));
+        for (const std::string& index : IndexTexts(table, connection.dialect()))
+            connection.Execute(index);
     }
     return connection;
 }
