@@ -26,9 +26,9 @@ constexpr int kSomethingFound = 1; ///< exit status of the program
 
 /// A text as wide as what usually stands in the column.
 constexpr std::pair<FindingsModel::Column, const char*> kUsualTexts[] = {
-    {FindingsModel::Client, "Sahyadri Precision Tools Private"},
+    {FindingsModel::Client, "Sahyadri Precision Tools"},
     {FindingsModel::Year, "2023-24"},
-    {FindingsModel::What, "Depreciation of the annexure"},
+    {FindingsModel::What, "Depreciation of the statement"},
     {FindingsModel::Stored, "00,00,00,000.00"},
     {FindingsModel::Follows, "00,00,00,000.00"},
     {FindingsModel::Code, "00000r2023-24"},
