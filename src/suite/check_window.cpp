@@ -1,10 +1,10 @@
 #include "suite/check_window.h"
 
 #include "desktop/captions.h"
-#include "desktop/cell_delegate.h"
 #include "desktop/theme.h"
 #include "services/fault.h"
 #include "services/fresh_file.h"
+#include "suite/list_table.h"
 #include "suite/push_button.h"
 #include "suite/text_color.h"
 
@@ -24,8 +24,7 @@ namespace {
 constexpr const char* kProgress = "progress ";
 constexpr int kSomethingFound = 1; ///< exit status of the program
 
-/// A text as wide as what usually stands in the column.
-constexpr std::pair<FindingsModel::Column, const char*> kUsualTexts[] = {
+constexpr UsualText kUsualTexts[] = {
     {FindingsModel::Client, "Sahyadri Precision Tools"},
     {FindingsModel::Year, "2023-24"},
     {FindingsModel::What, "Depreciation of the statement"},
@@ -93,27 +92,10 @@ void CheckWindow::Build()
 
 void CheckWindow::BuildTable()
 {
-    table_ = new QTableView;
-    table_->setModel(&sorted_);
+    table_ = MakeListTable(sorted_, FindingsModel::Where, kUsualTexts);
     table_->setAccessibleName("What does not agree");
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setShowGrid(false);
-    table_->setItemDelegate(new CellDelegate(*table_, FindingsModel::Client));
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(GridRowHeight());
     auto* heading = table_->horizontalHeader();
-    heading->setSectionResizeMode(FindingsModel::Where, QHeaderView::Stretch);
-    heading->setHighlightSections(false);
-    heading->setSectionsClickable(true);
     heading->setSortIndicator(-1, Qt::AscendingOrder); // as they were found
-    heading->setSortIndicatorShown(true);
-    const QFontMetrics metrics(QApplication::font());
-    for (const auto& [column, text] : kUsualTexts)
-        table_->setColumnWidth(column, metrics.horizontalAdvance(text) + 2 * CellDelegate::kMargin + kUnit);
     connect(heading, &QHeaderView::sectionClicked, this, [this](int column) { SortBy(column); });
     connect(table_, &QTableView::doubleClicked, this, [this] { Open(); });
 }

@@ -2,16 +2,12 @@
 
 #include "desktop/captions.h"
 #include "desktop/theme.h"
+#include "suite/list_table.h"
 
 namespace pgbp {
 namespace {
 
 constexpr const char* kHeadings[] = {"Client", "Year", "Kind", "PAN", "Head of income", "Written by", "Code"};
-
-int AlignmentOf(int column)
-{
-    return static_cast<int>(Qt::AlignVCenter | (column == YearList::Head ? Qt::AlignRight : Qt::AlignLeft));
-}
 
 /// The client's earlier years stand back behind his newest one.
 QVariant ColorOf(YearList& list, std::size_t row, int column)
@@ -66,7 +62,7 @@ QVariant AssesseeYearModel::data(const QModelIndex& index, int role) const
     case Qt::ToolTipRole:
         return Text(list_.CellText(row, static_cast<YearList::Column>(index.column())));
     case Qt::TextAlignmentRole:
-        return AlignmentOf(index.column());
+        return AlignmentOf(index.column() == YearList::Head);
     case Qt::ForegroundRole:
         return ColorOf(list_, row, index.column());
     case Qt::BackgroundRole:
@@ -78,18 +74,8 @@ QVariant AssesseeYearModel::data(const QModelIndex& index, int role) const
 
 QVariant AssesseeYearModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-        return QString::fromLatin1(kHeadings[section]);
-    case Qt::ToolTipRole:
-        return QString("Sorts by this column: Ctrl+%1").arg(section + 1);
-    case Qt::TextAlignmentRole:
-        return AlignmentOf(section);
-    default:
-        return {};
-    }
+    return orientation == Qt::Horizontal ? HeadingOf(section, kHeadings[section], section == YearList::Head, role)
+                                         : QVariant();
 }
 
 } // namespace pgbp

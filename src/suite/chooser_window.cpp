@@ -1,7 +1,6 @@
 #include "suite/chooser_window.h"
 
 #include "desktop/captions.h"
-#include "desktop/cell_delegate.h"
 #include "desktop/combo_view.h"
 #include "desktop/elided_label.h"
 #include "desktop/theme.h"
@@ -11,6 +10,7 @@
 #include "suite/check_window.h"
 #include "suite/chooser_dialogs.h"
 #include "suite/head_of_income.h"
+#include "suite/list_table.h"
 #include "suite/push_button.h"
 #include "suite/reports_dialog.h"
 #include "suite/text_color.h"
@@ -33,16 +33,10 @@
 namespace pgbp {
 namespace {
 
-/// A text as wide as what usually stands in the column; it is never narrower than its heading.
-constexpr std::pair<YearList::Column, const char*> kUsualTexts[] = {
+constexpr UsualText kUsualTexts[] = {
     {YearList::Year, "2023-24"},         {YearList::Kind, "Company (private)"}, {YearList::Pan, "WWWWW0000W"},
     {YearList::Head, "00,00,00,000.00"}, {YearList::WrittenBy, "minor 1"},      {YearList::Code, "00000r2023-24"},
 };
-
-int WidthOf(const QString& text)
-{
-    return QFontMetrics(QApplication::font()).horizontalAdvance(text) + 2 * CellDelegate::kMargin + kUnit;
-}
 
 /// Alt and a letter that no button has.
 bool IsStrayMnemonic(const QKeyEvent& key) { return key.modifiers() == Qt::AltModifier && !key.text().isEmpty(); }
@@ -114,27 +108,8 @@ void ChooserWindow::BuildTop()
 
 void ChooserWindow::BuildTable()
 {
-    table_ = new QTableView;
-    table_->setModel(&rows_);
+    table_ = MakeListTable(rows_, YearList::Client, kUsualTexts);
     table_->setAccessibleName("Assessee-years");
-    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
-    table_->setSelectionMode(QAbstractItemView::SingleSelection);
-    table_->setShowGrid(false);
-    table_->setItemDelegate(new CellDelegate(*table_, YearList::Client));
-    table_->setTabKeyNavigation(false);
-    table_->setWordWrap(false);
-    table_->verticalHeader()->hide();
-    table_->verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
-    table_->verticalHeader()->setDefaultSectionSize(GridRowHeight());
-    auto* heading = table_->horizontalHeader();
-    heading->setSectionResizeMode(YearList::Client, QHeaderView::Stretch);
-    heading->setHighlightSections(false);
-    heading->setSectionsClickable(true);
-    heading->setSortIndicatorShown(true);
-    for (const auto& [column, text] : kUsualTexts)
-        table_->setColumnWidth(
-            column,
-            std::max(WidthOf(text), WidthOf(rows_.headerData(column, Qt::Horizontal, Qt::DisplayRole).toString())));
     empty_ = new QLabel;
     empty_->setAlignment(Qt::AlignCenter);
     SetTextColor(*empty_, Theme().muted);

@@ -2,6 +2,7 @@
 
 #include "desktop/captions.h"
 #include "desktop/theme.h"
+#include "suite/list_table.h"
 
 #include <limits>
 
@@ -50,11 +51,6 @@ QVariant ColorOf(const Finding& finding, int column)
     return IsAmount(column) && AmountOf(finding, column).value_or(0) < 0 ? QVariant(Theme().negative) : QVariant();
 }
 
-int AlignmentOf(int column)
-{
-    return static_cast<int>(Qt::AlignVCenter | (IsAmount(column) ? Qt::AlignRight : Qt::AlignLeft));
-}
-
 } // namespace
 
 void FindingsModel::Clear()
@@ -100,7 +96,7 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const
     case kSortRole:
         return SortedBy(finding, index.column());
     case Qt::TextAlignmentRole:
-        return AlignmentOf(index.column());
+        return AlignmentOf(IsAmount(index.column()));
     case Qt::ForegroundRole:
         return ColorOf(finding, index.column());
     default:
@@ -110,18 +106,7 @@ QVariant FindingsModel::data(const QModelIndex& index, int role) const
 
 QVariant FindingsModel::headerData(int section, Qt::Orientation orientation, int role) const
 {
-    if (orientation != Qt::Horizontal)
-        return {};
-    switch (role) {
-    case Qt::DisplayRole:
-        return QString::fromLatin1(kHeadings[section]);
-    case Qt::ToolTipRole:
-        return QString("Sorts by this column: Ctrl+%1").arg(section + 1);
-    case Qt::TextAlignmentRole:
-        return AlignmentOf(section);
-    default:
-        return {};
-    }
+    return orientation == Qt::Horizontal ? HeadingOf(section, kHeadings[section], IsAmount(section), role) : QVariant();
 }
 
 } // namespace pgbp
