@@ -40,37 +40,27 @@ std::filesystem::path PracticeOf(const benchmark::State& state)
 /// Of one assessee-year. Those of a firm's partners are left out: few clients are firms.
 void PrepareClient(BareStatements& bare)
 {
-    for (
-        const char* sql : {
-            "select comp_name from assessee1 where code = ?",
-            "select sum(net), sum(net44), sum(loss), Type from business where code = ? group by Type",
-            "select sum(net) from business where code = ? and Type = '9'",
-            "select Type, amt1, amt2, amt3, amt4 from business1 where code = ? and (Type = 'LIC' or Type = 'UTI' or "
-            "Type = 'SEC' or Type = 'MF' or Type = 'ZADHOC') order by rowid",
-            "select sum(loss) from business where code = ? and Type = '0'",
-            "select amount from tax.system where Type = 'LIC' and date <= '2023-03-31 00:00:00' order by date desc",
-            "select * from balance.qelgeneral where code = ? and Type = 'BUSI'",
-            "select Type, SNO, name1, name2, PNL, dep1, dep2 from business where code = ? order by rowid",
-            "select Type, amt1, name8 from balance.qelgeneral where code = ? and (Type = 'NEWPL' or Type = "
-            "'NEWINDPL') and (amt1 = 254 or amt1 = 255 or amt1 = 272 or amt1 = 1166 or amt1 = 7149 or amt1 = 8015) "
-            "order by rowid",
-            "select f_dep from balance.fassets where code = ? and Type = 'P' order by rowid",
-            "select sno, count(*) from business1 where code = ? and sno <> 0 group by sno",
-            "select amt2, count(*) from balance.qelgeneral where code = ? and Type = 'NEWPL' and amt2 <> 0 group by "
-            "amt2",
-            "select amt2, count(*) from balance.qelgeneral where code = ? and Type = 'SNEWPL' and amt2 <> 0 group by "
-            "amt2",
-            "select amt2, count(*) from balance.qelgeneral where code = ? and Type = 'NEWINDPL' and amt2 <> 0 group by "
-            "amt2",
-            "select amt2, count(*) from balance.qelgeneral where code = ? and Type = 'INDNEWPL' and amt2 <> 0 group by "
-            "amt2",
-            "select sno, count(*) from balance.fassets where code = ? and Type = 'P' and sno <> 0 group by sno",
-            "select sno, count(*) from main.misc_items where code = ? and Type = 'PLNew3_23' and sno <> 0 group by sno",
-            "select sno, count(*) from main.misc_items where code = ? and substr(Type, 1, 4) collate nocase = 'PGBP' "
-            "and "
-            "sno <> 0 group by sno",
-            "select sno, count(*) from main.misc_items where code = ? and Type = 'BusOth' and sno <> 0 group by sno",
-        })
+    for (const char* sql : {
+             "select sum(net), sum(net44), sum(loss), Type from business where code = ? group by Type",
+             "select sum(net) from business where code = ? and Type = '9'",
+             "select Type, amt1, amt2, amt3, amt4 from business1 where code = ? and (Type = 'LIC' or Type = 'UTI' or "
+             "Type = 'SEC' or Type = 'MF' or Type = 'ZADHOC') order by rowid",
+             "select sum(loss) from business where code = ? and Type = '0'",
+             "select amount from tax.system where Type = 'LIC' and date <= '2023-03-31 00:00:00' order by date desc",
+             "select amt1, amt2, amt3, amt4, amt5, amt6, amt7, amt8, amt9, Amt10, amt11, amt12, amt13, amt14 from "
+             "balance.qelgeneral where code = ? and Type = 'BUSI'",
+             "select Type, SNO, name1, name2, PNL, dep1, dep2 from business where code = ? order by rowid",
+             "select Type, amt1, name8 from balance.qelgeneral where code = ? and (Type = 'NEWPL' or Type = "
+             "'NEWINDPL') and (amt1 = 254 or amt1 = 255 or amt1 = 272 or amt1 = 1166 or amt1 = 7149 or amt1 = 8015) "
+             "order by rowid",
+             "select f_dep from balance.fassets where code = ? and Type = 'P' order by rowid",
+             "select sno, count(*) from business1 where code = ? and sno <> 0 group by sno",
+             "select amt2, count(*) from balance.qelgeneral where code = ? and (Type = 'NEWPL' or Type = 'SNEWPL' or "
+             "Type = 'NEWINDPL' or Type = 'INDNEWPL') and amt2 <> 0 group by amt2",
+             "select sno, count(*) from balance.fassets where code = ? and (Type = 'P') and sno <> 0 group by sno",
+             "select sno, count(*) from main.misc_items where code = ? and (Type = 'PLNew3_23' or substr(Type, 1, 4) "
+             "collate nocase = 'PGBP' or Type = 'BusOth') and sno <> 0 group by sno",
+         })
         bare.Prepare(sql);
 }
 

@@ -21,7 +21,7 @@ namespace pgbp::check {
 namespace {
 
 /// Amounts are compared as they are shown: to the paisa.
-bool Differ(double a, double b) { return Amount(a) != Amount(b); }
+bool Differ(double a, double b) { return a != b && Amount(a) != Amount(b); }
 
 /// What is found in one assessee-year, whose run has its summary open.
 class Client {

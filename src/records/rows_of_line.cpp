@@ -27,17 +27,21 @@ std::vector<RowsOfLine> RowsOfLines(const Run& run)
 
 std::vector<StrayRows> RowsOfNoLine(const Run& run, std::span<const double> lines)
 {
+    const std::vector<RowsOfLine> all = RowsOfLines(run);
     std::vector<StrayRows> stray;
-    for (const RowsOfLine& rows : RowsOfLines(run)) {
-        const std::string which = rows.condition.empty() ? "" : " and " + rows.condition;
-        for (const Row row :
-             rows.file->Query("select " + rows.line + ", count(*) from {" + rows.table + "} where code = ?" + which +
-                                  " and " + rows.line + " <> 0 group by " + rows.line,
-                              run.Code())) {
+    for (std::size_t i = 0; i < all.size();) {
+        const RowsOfLine& table = all[i];
+        std::string which; // one question a table
+        for (; i < all.size() && all[i].table == table.table; ++i)
+            if (!all[i].condition.empty())
+                which += (which.empty() ? " and (" : " or ") + all[i].condition;
+        const std::string select = "select " + table.line + ", count(*) from {" + table.table + "} where code = ?" +
+                                   (which.empty() ? "" : which + ')') + " and " + table.line + " <> 0 group by ";
+        for (const Row row : table.file->Query(select + table.line, run.Code())) {
             const double line = row.At(0).Number();
-            const bool isOfScreen = line == kFirmCells || line == kCommissionCells || line == rows.standsForNoLine;
+            const bool isOfScreen = line == kFirmCells || line == kCommissionCells || line == table.standsForNoLine;
             if (!isOfScreen && std::ranges::find(lines, line) == lines.end())
-                stray.push_back({rows.table, line, row.At(1).Number()});
+                stray.push_back({table.table, line, row.At(1).Number()});
         }
     }
     return stray;

@@ -31,13 +31,15 @@ constexpr std::array<std::string_view, 14> kCaptions = {
 
 std::optional<std::vector<HeadLine>> HeadOfIncome(const Practice& practice, std::string_view code)
 {
-    const Recordset rows =
-        practice.balance.Query("select * from {qelgeneral} where code = ? and [Type] = 'BUSI'", code);
+    const Recordset rows = practice.balance.Query(
+        "select amt1, amt2, amt3, amt4, amt5, amt6, amt7, amt8, amt9, Amt10, amt11, amt12, amt13, amt14 from "
+        "{qelgeneral} where code = ? and [Type] = 'BUSI'",
+        code);
     if (rows.Empty())
         return std::nullopt;
     std::vector<HeadLine> lines;
     for (std::size_t i = 0; i < kCaptions.size(); ++i)
-        lines.push_back({std::string(kCaptions[i]), rows.First()["amt" + std::to_string(i + 1)].Number()});
+        lines.push_back({std::string(kCaptions[i]), rows.First().At(i).Number()});
     return lines;
 }
 
