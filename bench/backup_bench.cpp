@@ -1,46 +1,18 @@
 // A backup of a practice of 1, 1,000 and 10,000 assessee-years, made, checked and on the disk, beside the bare engine's
 // copies of the same files, one after the other, its check of each, and a flush.
 
+#include "practice_of_size.h"
 #include "store/files.h"
 #include "suite/backup.h"
-#include "suite/fill.h"
-#include "suite/practice.h"
-#include "support/temporary_folder.h"
 
 #include <benchmark/benchmark.h>
 #include <fcntl.h>
 #include <sqlite3.h>
 #include <unistd.h>
 
-#include <map>
-#include <memory>
-
 namespace {
 
 using namespace pgbp;
-
-class Filled {
-  public:
-    explicit Filled(int assesseeYears)
-    {
-        CreatePractice(Root(), PGBP_DATA);
-        if (assesseeYears > 1)
-            FillPractice(Practice(Root()), PGBP_DATA, assesseeYears);
-    }
-    std::filesystem::path Root() const { return folder_.path() / "practice"; }
-
-  private:
-    TemporaryFolder folder_;
-};
-
-std::filesystem::path PracticeOf(const benchmark::State& state)
-{
-    static std::map<long, std::unique_ptr<Filled>> made;
-    auto& practice = made[state.range(0)];
-    if (!practice)
-        practice = std::make_unique<Filled>(static_cast<int>(state.range(0)));
-    return practice->Root();
-}
 
 constexpr const char* kFiles[] = {"server/company.mdb", "server/balance.mdb", "server/tax.mdb", "server/misc.mdb",
                                   "server/export1.mdb", "server/export2.mdb", "qel.mmm",        "VornTemp.mdb"};
@@ -64,7 +36,7 @@ void CopyAndCheck(const std::filesystem::path& from, const std::filesystem::path
 
 void BackupFloor(benchmark::State& state)
 {
-    const auto practice = PracticeOf(state);
+    const auto practice = PracticeOfSize(state);
     const TemporaryFolder target;
     for (auto _ : state)
         for (const char* name : kFiles) {
@@ -76,7 +48,7 @@ void BackupFloor(benchmark::State& state)
 
 void Backup(benchmark::State& state)
 {
-    const auto practice = PracticeOf(state);
+    const auto practice = PracticeOfSize(state);
     for (auto _ : state)
         MakeBackup(practice, Now());
 }

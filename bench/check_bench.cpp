@@ -3,39 +3,13 @@
 
 #include "bare_statements.h"
 #include "check/practice_check.h"
-#include "suite/fill.h"
-#include "support/temporary_folder.h"
+#include "practice_of_size.h"
 
 #include <benchmark/benchmark.h>
-
-#include <map>
-#include <memory>
 
 namespace {
 
 using namespace pgbp;
-
-class Filled {
-  public:
-    explicit Filled(int assesseeYears)
-    {
-        CreatePractice(Root(), PGBP_DATA);
-        FillPractice(Practice(Root()), PGBP_DATA, assesseeYears);
-    }
-    std::filesystem::path Root() const { return folder_.path() / "practice"; }
-
-  private:
-    TemporaryFolder folder_;
-};
-
-std::filesystem::path PracticeOf(const benchmark::State& state)
-{
-    static std::map<long, std::unique_ptr<Filled>> made;
-    auto& practice = made[state.range(0)];
-    if (!practice)
-        practice = std::make_unique<Filled>(static_cast<int>(state.range(0)));
-    return practice->Root();
-}
 
 /// Of one assessee-year. Those of a firm's partners are left out: few clients are firms.
 void PrepareClient(BareStatements& bare)
@@ -85,10 +59,10 @@ std::vector<std::string> CodesOf(const std::filesystem::path& practice)
 void CheckFloor(benchmark::State& state)
 {
     constexpr std::size_t kBatch = 200;
-    const std::vector<std::string> codes = CodesOf(PracticeOf(state));
-    BareStatements client(PracticeOf(state), "");
+    const std::vector<std::string> codes = CodesOf(PracticeOfSize(state));
+    BareStatements client(PracticeOfSize(state), "");
     PrepareClient(client);
-    BareStatements all(PracticeOf(state), "");
+    BareStatements all(PracticeOfSize(state), "");
     PrepareCodes(all);
     for (auto _ : state) {
         benchmark::DoNotOptimize(all.ReadAll());
@@ -104,7 +78,7 @@ void CheckFloor(benchmark::State& state)
 
 void Check(benchmark::State& state)
 {
-    const Practice practice(PracticeOf(state));
+    const Practice practice(PracticeOfSize(state));
     long found = 0;
     for (auto _ : state)
         check::CheckPractice(

@@ -96,7 +96,7 @@ def report(programs):
 def main():
     programs = pathlib.Path(sys.argv[1])
     wanted = sys.argv[2:] or ["services", "statements", "annexure", "annexure_screen", "workbook", "summary", "computation", "presumptive", "firms", "side_entries",
-                                "statement_screen", "statement_window", "backup", "start", "report"]
+                                "statement_screen", "statement_window", "backup", "check", "start", "report"]
     for name in wanted:
         print(f"-- {name}", flush=True)
         if name == "start":
