@@ -61,12 +61,11 @@ std::vector<Part> PartsOf(const Run& run, BusinessKind kind)
     for (const RowsOfLine& rows : RowsOfLines(run)) {
         if (Kind(kind).isShort && !rows.alsoOfShort)
             continue;
-        std::string where = rows.line + " = ?";
-        if (!rows.condition.empty())
-            where = rows.condition + " and " + where;
-        else if (kind == kPresumptive44AD) // its businesses may name no line
-            where = '(' + where + " or [Type] = '44AD')";
-        parts.push_back({rows.file, rows.table, where});
+        std::string where = rows.condition.empty() ? "" : rows.condition + " and ";
+        where += '(' + rows.line + " = ?";
+        if (kind == kPresumptive44AD && rows.condition.empty()) // its businesses may name no line
+            where += " or [Type] = '44AD'";
+        parts.push_back({rows.file, rows.table, where + ')'});
     }
     if (Kind(kind).isShort)
         return parts;

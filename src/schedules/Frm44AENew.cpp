@@ -109,7 +109,7 @@ void Frm44AENew::Wire()
     };
     entry.given = [this](const Carriage& carriage) { TxtIncome = pgbp::Amount(carriage.income); };
     for (const auto& [option, word] : {std::pair(&OptOwn, "OWN"), {&OptLease, "LEASE"}, {&OptHired, "HIRED"}})
-        option->onClick = [this, word] { TxtHolding = word; };
+        option->onClick = [this, word = word] { TxtHolding = word; };
     TxtHolding.onChange = [this] { ChooseHolding(); };
     TxtCapacity.onLostFocus = [this] { Compute(); };
     TxtPeriod.onLostFocus = [this] {
