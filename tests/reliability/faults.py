@@ -274,8 +274,8 @@ class Attack:
         rounds += [("killed at random", kill(delay)) for delay in spread(15 if self.is_short else 200, longest)]
         return f"{title}, {len(calls)} calls that change a file", rounds, longest
 
-    def judge_backups(self, practice, first, states, status, said):
-        """What became of the backup that was made behind the first one; whether the next one lives with what is left."""
+    def judge_backups(self, practice, first, old, status, said):
+        """What became of the backup made behind the first one; whether the next one lives with what is left."""
         counting = practice.backups()
         if first not in counting:
             raise Loss(f"the earlier backup is gone: {said}")
@@ -284,8 +284,8 @@ class Attack:
             raise Loss(f"it was told that one was made, and none counts: {said}")
         for backup in sorted(counting):
             whole = practice.restored(backup, practice.folder.with_name(RESTORED)).whole()
-            if not any(whole == state.whole() for state in (states if backup in made else states[:1])):
-                raise Loss(f"{backup} has other rows: " + str(whole - states[0].whole()) + str(states[0].whole() - whole))
+            if whole != old.whole():
+                raise Loss(f"{backup} has other rows: {whole - old.whole()} {old.whole() - whole}")
         status, said = practice.run_suite("backup")
         if status != 0:
             raise Loss(f"the next backup fails: {said}")
@@ -318,6 +318,8 @@ class Attack:
             session.end()
             if backup.returncode != 0:
                 raise Loss(f"a backup fails beside a writer: {said}")
+            if len(practice.backups()) != 2:
+                raise Loss(f"of two backups these count: {practice.backups()}")
             (made,) = practice.backups() - {first}
             outcome = hold_against(practice.restored(made, practice.folder.with_name(RESTORED)), old, new)
             hold_against(practice.state(), new, new)
@@ -329,8 +331,8 @@ class Attack:
         before, old, new = self.prepare(save)
 
         def judge(slot, status, said):
-            (first,) = (name for name in os.listdir(slot.practice.folder / BACKUPS) if name.endswith("-1"))
-            return slot.judge(status, lambda: self.judge_backups(slot.practice, first, [old], status, said))
+            first = min(name for name in os.listdir(slot.practice.folder / BACKUPS) if name.endswith("-1"))
+            return slot.judge(status, lambda: self.judge_backups(slot.practice, first, old, status, said))
 
         make_ready = self.make_backup_ready(save)
         title, rounds, longest = self.attack_suite("a backup", before, make_ready, lambda practice: practice.folder,

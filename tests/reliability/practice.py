@@ -1,4 +1,4 @@
-"""What is attacked: a practice, the saves that change it, the runs of the module on it, and the rows that it may have."""
+"""What is attacked: a practice, the saves that change it, the runs of the module on it, the rows that it may have."""
 
 import collections
 import hashlib

@@ -56,8 +56,9 @@ class WorkFolder:
         if not chosen:
             sys.exit(f"faults: {' and '.join(map(str, places))} have less than {ROOM >> 20} MB free")
         self.path = pathlib.Path(tempfile.mkdtemp(prefix=PREFIX, dir=chosen))
-        self.lock = open(self.path / LOCK, "w")
+        self.lock = open(self.path / "lock.new", "w")  # never there without being held
         fcntl.flock(self.lock, fcntl.LOCK_EX)
+        os.rename(self.lock.name, self.path / LOCK)
         self.losses = self.path / "losses"
 
     def __enter__(self):
@@ -151,7 +152,8 @@ class Slot:
                          for other in others for path in (other, *other.rglob("*")))
 
     def new_names(self, but):
-        return sorted({without_made_up(name) for name in contents(self.practice.folder).keys() - self.kept.keys() - but})
+        new = contents(self.practice.folder).keys() - self.kept.keys() - but
+        return sorted({without_made_up(name) for name in new})
 
     def judge(self, way, judge):
         """A folder that was judged is not judged again: what reads it starts anew and sees only its bytes."""
@@ -198,7 +200,7 @@ class Workers:
         try:
             self.slot.reset()
             return kind, attempt(self.slot), None
-        except (Loss, sqlite3.Error) as loss:
+        except (Loss, sqlite3.Error, OSError) as loss:
             aside = self.work.losses / f"{kind}-{os.getpid()}-{number}".replace(" ", "-")
             if not self.work.losses.exists() or len(list(self.work.losses.iterdir())) < KEPT_LOSSES:
                 shutil.copytree(self.slot.folder, aside, symlinks=True)
