@@ -1,17 +1,18 @@
 // Loaded before the system's library into a program under test: of the calls that change files below one folder it
-// makes one fail. The environment tells which:
+// makes one fail, or it lists them. The environment tells which:
 //
-//   FAULT_FOLDER   the folder
+//   FAULT_FOLDER   the folder; what is written beside it under a name that begins with its own counts too
 //   FAULT_AT       the call that fails, counted from 1
 //   FAULT_KIND     enospc, eio: it fails so. full: from this call on nothing can be written any more. short: half of
-//   the
-//                  bytes are written, and the next write finds the disk full. kill, torn: the process dies there; torn
-//                  writes half of the bytes first
-//   FAULT_STRUCK   a file that is made when the call came
+//                  the bytes are written, and the next write finds the disk full. kill, torn: the process dies there;
+//                  torn writes half of the bytes first. list: none fails
+//   FAULT_STRUCK   a file that is made when the call came; of a list it holds a line for each call: its name, a blank,
+//                  the file
 
 #include <array>
 #include <atomic>
 #include <cerrno>
+#include <climits>
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
@@ -19,6 +20,7 @@
 #include <cstring>
 #include <dlfcn.h>
 #include <fcntl.h>
+#include <string>
 #include <string_view>
 #include <sys/stat.h>
 #include <sys/syscall.h>
@@ -28,7 +30,7 @@
 
 namespace {
 
-enum class Kind { None, NoSpace, Io, Full, Short, Kill, Torn };
+enum class Kind { None, List, NoSpace, Io, Full, Short, Kill, Torn };
 
 struct Plan {
     std::string_view folder;
@@ -46,9 +48,9 @@ struct Plan {
             return;
         folder = itsFolder;
         at = std::atol(place);
-        constexpr std::pair<std::string_view, Kind> kKinds[] = {{"enospc", Kind::NoSpace}, {"eio", Kind::Io},
-                                                                {"full", Kind::Full},      {"short", Kind::Short},
-                                                                {"kill", Kind::Kill},      {"torn", Kind::Torn}};
+        constexpr std::pair<std::string_view, Kind> kKinds[] = {
+            {"list", Kind::List},   {"enospc", Kind::NoSpace}, {"eio", Kind::Io},   {"full", Kind::Full},
+            {"short", Kind::Short}, {"kill", Kind::Kill},      {"torn", Kind::Torn}};
         for (const auto& [each, its] : kKinds)
             if (each == name)
                 kind = its;
@@ -94,12 +96,38 @@ void Die()
     pause();
 }
 
+/// A call that changes something: its name, and its file, by path or open.
+struct Call {
+    const char* name;
+    const char* path = nullptr;
+    int file = -1;
+};
+
+/// One write for each line, so that those of two threads do not mix.
+void List(const Call& call)
+{
+    std::array<char, PATH_MAX> open{};
+    if (!call.path) {
+        const std::string link = "/proc/self/fd/" + std::to_string(call.file);
+        if (readlink(link.c_str(), open.data(), open.size() - 1) < 0)
+            open[0] = '\0';
+    }
+    const std::string line = std::string(call.name) + ' ' + (call.path ? call.path : open.data()) + '\n';
+    const long list = syscall(SYS_openat, AT_FDCWD, ThePlan().struck, O_CREAT | O_WRONLY | O_APPEND, 0600);
+    syscall(SYS_write, list, line.data(), line.size());
+    syscall(SYS_close, list);
+}
+
 enum class What { Pass, Fail, Half };
 
 /// What is to become of a call; `errno` is set where it fails.
-What Strike(bool isWrite)
+What Strike(const Call& its, bool isWrite)
 {
     const Plan& plan = ThePlan();
+    if (plan.kind == Kind::List) {
+        List(its);
+        return What::Pass;
+    }
     const long call = ++calls;
     const bool isAfterShort = plan.kind == Kind::Short && call == plan.at + 1;
     const bool isHit = call == plan.at || isAfterShort || (plan.kind == Kind::Full && call > plan.at);
@@ -117,9 +145,9 @@ What Strike(bool isWrite)
 
 /// A write, done by `real` with as many bytes as it may.
 template <typename Write>
-ssize_t Written(int file, size_t count, Write real)
+ssize_t Written(const char* name, int file, size_t count, Write real)
 {
-    const What what = Ours(file) ? Strike(true) : What::Pass;
+    const What what = Ours(file) ? Strike({name, nullptr, file}, true) : What::Pass;
     if (what == What::Fail)
         return -1;
     if (what == What::Pass)
@@ -131,10 +159,10 @@ ssize_t Written(int file, size_t count, Write real)
 }
 
 /// Any other call that changes something: it fails or is done.
-template <typename Call>
-auto Done(bool ours, Call real) -> decltype(real())
+template <typename Work>
+auto Done(bool ours, const Call& call, Work real) -> decltype(real())
 {
-    return ours && Strike(false) == What::Fail ? -1 : real();
+    return ours && Strike(call, false) == What::Fail ? -1 : real();
 }
 
 bool Changes(int flags) { return (flags & (O_CREAT | O_TRUNC | O_WRONLY | O_RDWR)) != 0; }
@@ -148,19 +176,22 @@ using OpenStream = FILE* (*)(const char*, const char*);
 int OpenFile(const char* name, const char* path, int flags, mode_t mode)
 {
     const bool ours = Below(path);
-    return Opened(Done(ours && Changes(flags), [&] { return Real<Open>(name)(path, flags, mode); }), ours);
+    return Opened(Done(ours && Changes(flags), {name, path}, [&] { return Real<Open>(name)(path, flags, mode); }),
+                  ours);
 }
 
 int OpenFileAt(const char* name, int folder, const char* path, int flags, mode_t mode)
 {
     const bool ours = Below(path);
-    return Opened(Done(ours && Changes(flags), [&] { return Real<OpenAt>(name)(folder, path, flags, mode); }), ours);
+    return Opened(
+        Done(ours && Changes(flags), {name, path}, [&] { return Real<OpenAt>(name)(folder, path, flags, mode); }),
+        ours);
 }
 
 FILE* OpenTheStream(const char* name, const char* path, const char* mode)
 {
     const bool ours = Below(path);
-    if (ours && std::strpbrk(mode, "wa+") && Strike(false) == What::Fail)
+    if (ours && std::strpbrk(mode, "wa+") && Strike({name, path}, false) == What::Fail)
         return nullptr;
     FILE* stream = Real<OpenStream>(name)(path, mode);
     if (stream)
@@ -214,73 +245,77 @@ FILE* fopen64(const char* path, const char* mode) { return OpenTheStream("fopen6
 
 ssize_t write(int file, const void* bytes, size_t count)
 {
-    return Written(file, count, [&](size_t length) {
+    return Written("write", file, count, [&](size_t length) {
         return Real<ssize_t (*)(int, const void*, size_t)>("write")(file, bytes, length);
     });
 }
 
 ssize_t writev(int file, const iovec* pieces, int count)
 {
-    return Done(Ours(file), [&] { return Real<ssize_t (*)(int, const iovec*, int)>("writev")(file, pieces, count); });
+    return Done(Ours(file), {"writev", nullptr, file},
+                [&] { return Real<ssize_t (*)(int, const iovec*, int)>("writev")(file, pieces, count); });
 }
 
 ssize_t pwrite(int file, const void* bytes, size_t count, off_t offset)
 {
-    return Written(file, count, [&](size_t length) {
+    return Written("pwrite", file, count, [&](size_t length) {
         return Real<ssize_t (*)(int, const void*, size_t, off_t)>("pwrite")(file, bytes, length, offset);
     });
 }
 
 ssize_t pwrite64(int file, const void* bytes, size_t count, off64_t offset)
 {
-    return Written(file, count, [&](size_t length) {
+    return Written("pwrite64", file, count, [&](size_t length) {
         return Real<ssize_t (*)(int, const void*, size_t, off64_t)>("pwrite64")(file, bytes, length, offset);
     });
 }
 
 int fsync(int file)
 {
-    return Done(Ours(file), [&] { return Real<int (*)(int)>("fsync")(file); });
+    return Done(Ours(file), {"fsync", nullptr, file}, [&] { return Real<int (*)(int)>("fsync")(file); });
 }
 
 int fdatasync(int file)
 {
-    return Done(Ours(file), [&] { return Real<int (*)(int)>("fdatasync")(file); });
+    return Done(Ours(file), {"fdatasync", nullptr, file}, [&] { return Real<int (*)(int)>("fdatasync")(file); });
 }
 
 int ftruncate(int file, off_t length) noexcept
 {
-    return Done(Ours(file), [&] { return Real<int (*)(int, off_t)>("ftruncate")(file, length); });
+    return Done(Ours(file), {"ftruncate", nullptr, file},
+                [&] { return Real<int (*)(int, off_t)>("ftruncate")(file, length); });
 }
 
 int ftruncate64(int file, off64_t length) noexcept
 {
-    return Done(Ours(file), [&] { return Real<int (*)(int, off64_t)>("ftruncate64")(file, length); });
+    return Done(Ours(file), {"ftruncate64", nullptr, file},
+                [&] { return Real<int (*)(int, off64_t)>("ftruncate64")(file, length); });
 }
 
 int unlink(const char* path) noexcept
 {
-    return Done(Below(path), [&] { return Real<int (*)(const char*)>("unlink")(path); });
+    return Done(Below(path), {"unlink", path}, [&] { return Real<int (*)(const char*)>("unlink")(path); });
 }
 
 int unlinkat(int folder, const char* path, int flags) noexcept
 {
-    return Done(Below(path), [&] { return Real<int (*)(int, const char*, int)>("unlinkat")(folder, path, flags); });
+    return Done(Below(path), {"unlinkat", path},
+                [&] { return Real<int (*)(int, const char*, int)>("unlinkat")(folder, path, flags); });
 }
 
 int remove(const char* path) noexcept
 {
-    return Done(Below(path), [&] { return Real<int (*)(const char*)>("remove")(path); });
+    return Done(Below(path), {"remove", path}, [&] { return Real<int (*)(const char*)>("remove")(path); });
 }
 
 int rename(const char* from, const char* to) noexcept
 {
-    return Done(Below(to), [&] { return Real<int (*)(const char*, const char*)>("rename")(from, to); });
+    return Done(Below(to), {"rename", to}, [&] { return Real<int (*)(const char*, const char*)>("rename")(from, to); });
 }
 
 int mkdir(const char* path, mode_t mode) noexcept
 {
-    return Done(Below(path), [&] { return Real<int (*)(const char*, mode_t)>("mkdir")(path, mode); });
+    return Done(Below(path), {"mkdir", path}, [&] { return Real<int (*)(const char*, mode_t)>("mkdir")(path, mode); });
 }
 
 } // extern "C"
