@@ -9,7 +9,7 @@ practice=$2
 if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
     exec "$programs/pgbp-suite" --program-folder "$practice"
 fi
-code=$("$programs/pgbp-suite" --program-folder "$practice" list | awk '/Firm/ { code = $1 } END { print code }')
+code=$("$programs/pgbp-suite" --program-folder "$practice" list firm 2023-24 | awk 'NR == 1 { print $1 }')
 "$programs/pgbp-suite" --program-folder "$practice" handover "$code" GlLarge=1
 echo "No display: the summary of $code, as the driver reads it."
 printf 'show\ndump frmbusiness\nclick frmbusiness.CmdBack\n' | "$programs/pgbp-drive" --program-folder "$practice"
