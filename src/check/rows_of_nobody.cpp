@@ -9,6 +9,7 @@ namespace pgbp::check {
 namespace {
 
 constexpr const char* kNobodys = "Rows of nobody";
+constexpr std::string_view kWholePractice = "*****"; ///< code of the settings that hold for all clients
 
 struct CodedTable {
     const Connection& file;
@@ -77,8 +78,9 @@ void FindRowsOfNobody(const Practice& practice, std::string_view from, std::span
             bounds.emplace_back(years.back().code);
         }
         for (const Row row : table.file.QueryBound(sql + " group by code", bounds))
-            if (!std::ranges::binary_search(known, Upper(row.At(0).Text())))
-                found({.code = row.At(0).Text(), .what = kNobodys, .where = InWords(table, row.At(1).Number())});
+            if (const std::string code = row.At(0).Text();
+                code != kWholePractice && !std::ranges::binary_search(known, Upper(code)))
+                found({.code = code, .what = kNobodys, .where = InWords(table, row.At(1).Number())});
     }
 }
 

@@ -208,6 +208,7 @@ TEST(PracticeCheck, RowsOfNobodyAreFoundBeforeBetweenAndBehindTheClients)
         practice.balance.Insert("qelgeneral", {{"code", "1300X"}, {"Type", "BUSI"}});
         practice.balance.Insert("qelgeneral", {{"code", "1300X"}, {"Type", "NEWPL"}});
         practice.company.Insert("capital1", {{"Type", "Sec50"}});
+        practice.company.Insert("setup", {{"code", "*****"}, {"newov", true}}); // holds for all clients
         practice.company.Insert("assessee1", {{"code", "ZZZ"}, {"company", 77}, {"year", "2023-24"}});
     }
     Texts nobodys;

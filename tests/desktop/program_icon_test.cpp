@@ -4,7 +4,8 @@
 
 #include <gtest/gtest.h>
 
-// A picture that the program was linked without is an empty one, and nothing tells it.
+// The pictures come with the program as resources. One that the linker left out is drawn as an empty picture, without
+// an error, so the colours are looked at.
 TEST(ProgramIcon, HasAPageOnItsCoverInEachSize)
 {
     const QIcon icon = pgbp::ProgramIcon();
